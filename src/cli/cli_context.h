@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "app/app_paths.h"
+
+namespace tessarin::cli {
+
+// The answer that questions take when the program would ask a user.
+enum class Answer { Yes, No, Cancel };
+
+// What every command is given: the resolved paths, the chosen answer, and the streams.
+struct CliContext {
+    AppPaths paths;
+    std::filesystem::path configurationFile;  // --config, else <app-dir>/Tessarin.xml
+    std::filesystem::path preferencesFile;    // --prefs, else <app-dir>/Tessarin.ini
+    Answer answer = Answer::Yes;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+// Exit statuses of every command.
+constexpr int kExitDone = 0;
+constexpr int kExitRefused = 1;
+constexpr int kExitUsage = 2;
+
+using Arguments = std::vector<std::string>;
+
+// One function per command group; each returns the exit status.
+int RunConfigCommand(CliContext& context, const Arguments& arguments);
+
+}  // namespace tessarin::cli

@@ -1,0 +1,89 @@
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <string>
+
+#include "app/app_paths.h"
+#include "cli/cli_context.h"
+
+namespace {
+
+using tessarin::cli::Arguments;
+using tessarin::cli::CliContext;
+
+constexpr const char* kHelp =
+    "Usage: tessarin-cli [--app-dir DIR] [--config FILE] [--prefs FILE] [--answer yes|no|cancel]\n"
+    "                    COMMAND [ARGS...]\n"
+    "\n"
+    "Commands:\n"
+    "  config check        run the configuration load of start-up and print its status text\n"
+    "\n"
+    "  --version           print the program's version\n"
+    "  --help              print this list\n";
+
+int Usage(const std::string& problem) {
+    std::cerr << "tessarin-cli: " << problem << "\n"
+              << "Try 'tessarin-cli --help'.\n";
+    return tessarin::cli::kExitUsage;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    Arguments args(argv + 1, argv + argc);
+    std::optional<std::filesystem::path> appDir, configFile, prefsFile;
+    auto answer = tessarin::cli::Answer::Yes;
+
+    std::size_t next = 0;
+    for (; next < args.size(); ++next) {
+        const std::string& option = args[next];
+        if (option == "--version") {
+            std::cout << TESSARIN_VERSION << "\n";
+            return tessarin::cli::kExitDone;
+        }
+        if (option == "--help") {
+            std::cout << kHelp;
+            return tessarin::cli::kExitDone;
+        }
+        if (option.rfind("--", 0) != 0) break;
+        if (next + 1 >= args.size()) return Usage("option " + option + " needs a value");
+        const std::string& value = args[++next];
+        if (option == "--app-dir") {
+            appDir = value;
+        } else if (option == "--config") {
+            configFile = value;
+        } else if (option == "--prefs") {
+            prefsFile = value;
+        } else if (option == "--answer") {
+            if (value == "yes") {
+                answer = tessarin::cli::Answer::Yes;
+            } else if (value == "no") {
+                answer = tessarin::cli::Answer::No;
+            } else if (value == "cancel") {
+                answer = tessarin::cli::Answer::Cancel;
+            } else {
+                return Usage("--answer takes yes, no or cancel");
+            }
+        } else {
+            return Usage("unknown option " + option);
+        }
+    }
+    if (next >= args.size()) return Usage("no command given");
+
+    auto paths = tessarin::MakeAppPaths(tessarin::ResolveAppDir(appDir, argv[0]));
+    if (!tessarin::CreateStartDirectories(paths)) {
+        std::cerr << "Cannot create the application directory " << paths.appDir.string() << "\n";
+        return tessarin::cli::kExitRefused;
+    }
+    CliContext context{paths,
+                       configFile.value_or(paths.configurationFile),
+                       prefsFile.value_or(paths.preferencesFile),
+                       answer,
+                       std::cout,
+                       std::cerr};
+
+    const std::string command = args[next];
+    Arguments rest(args.begin() + static_cast<std::ptrdiff_t>(next) + 1, args.end());
+    if (command == "config") return tessarin::cli::RunConfigCommand(context, rest);
+    return Usage("unknown command " + command);
+}

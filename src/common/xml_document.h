@@ -1,0 +1,100 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct _xmlDoc;
+struct _xmlNode;
+
+namespace tessarin {
+
+// What the parser reports about a document that is not well-formed.
+struct XmlParseError {
+    int line = 0;            // 1-based line of the error
+    int linePosition = 0;    // 1-based position in that line
+    std::string sourceText;  // the text of that line, as UTF-8
+    std::string reason;      // the parser's own words, one line
+};
+
+// "Parsing error: " path ", line:" n ", pos:" n " " trimmed source text " " reason: the
+// status text that the program shows for a document that does not parse.
+std::string FormatParseErrorStatus(std::string_view path, const XmlParseError& error);
+
+// A light handle on an element (or the document's root element) of an XmlDocument. It is
+// valid while its document lives. A default-constructed node is "missing": every read on
+// it gives the empty value, as the program's reading idiom wants.
+class XmlNode {
+  public:
+    XmlNode() = default;
+    explicit XmlNode(_xmlNode* node) : node_(node) {}
+
+    explicit operator bool() const { return node_ != nullptr; }
+    bool operator==(const XmlNode& other) const { return node_ == other.node_; }
+
+    // The element's name; empty for a missing node.
+    std::string Name() const;
+
+    // The attribute's value as UTF-8, empty when the attribute (or the node) is missing.
+    std::string Attribute(std::string_view name) const;
+    bool HasAttribute(std::string_view name) const;
+    void RemoveAttribute(std::string_view name);
+    void RemoveAllAttributes();
+
+    // The text of the element and all its descendants, concatenated, white space kept.
+    std::string Text() const;
+
+    // Plain relative paths as the program writes them: "Metadata", "Users/User",
+    // "./Topic", "Body/TextBox0", "//note" (any descendant), "*" (any child element).
+    XmlNode SelectSingleNode(std::string_view path) const;
+    std::vector<XmlNode> SelectNodes(std::string_view path) const;
+
+    // The child elements in document order.
+    std::vector<XmlNode> ChildElements() const;
+    bool HasChildElements() const;
+
+    // The element serialised as a story file holds it: the start tag with its attributes
+    // in double quotes, the content, the end tag ("<p/>" for an empty element). In text,
+    // "&", "<" and ">" are written as entities and a line feed as CR LF, so that the
+    // parser's line-end normalisation does not show through.
+    std::string Xml() const;
+
+    _xmlNode* raw() const { return node_; }
+
+  private:
+    _xmlNode* node_ = nullptr;
+};
+
+// An XML document read from a file or from bytes. No network access, no DTD loading, no
+// external entities. A document that declares ISO-8859-1 is read as Windows-1252; one that
+// declares UTF-8 (or nothing) has its stray bytes read as Windows-1252 characters and its
+// surrogate groups joined, as RepairUtf8 does.
+class XmlDocument {
+  public:
+    XmlDocument();
+    ~XmlDocument();
+    XmlDocument(XmlDocument&&) noexcept;
+    XmlDocument& operator=(XmlDocument&&) noexcept;
+    XmlDocument(const XmlDocument&) = delete;
+    XmlDocument& operator=(const XmlDocument&) = delete;
+
+    // Loads and parses; false on a parse error (see ParseError) or an unreadable file.
+    bool LoadFile(const std::filesystem::path& file);
+    bool LoadBytes(std::string_view bytes);
+
+    // Set after a failed load. A file that cannot be read is reported at line 0 with the
+    // reason "cannot read file".
+    const std::optional<XmlParseError>& ParseError() const { return error_; }
+
+    // The root element; missing when nothing is loaded.
+    XmlNode DocumentElement() const;
+
+  private:
+    _xmlDoc* doc_ = nullptr;
+    std::optional<XmlParseError> error_;
+};
+
+}  // namespace tessarin
