@@ -1,0 +1,69 @@
+#include "common/windows1252.h"
+
+#include <gtest/gtest.h>
+
+namespace tessarin {
+namespace {
+
+// The characters of bytes 0x80 to 0x9F, as UTF-8, in byte order.
+const char* const kHighRangeUtf8[32] = {
+    "\xE2\x82\xAC", "\xC2\x81",     "\xE2\x80\x9A", "\xC6\x92",     "\xE2\x80\x9E", "\xE2\x80\xA6",
+    "\xE2\x80\xA0", "\xE2\x80\xA1", "\xCB\x86",     "\xE2\x80\xB0", "\xC5\xA0",     "\xE2\x80\xB9",
+    "\xC5\x92",     "\xC2\x8D",     "\xC5\xBD",     "\xC2\x8F",     "\xC2\x90",     "\xE2\x80\x98",
+    "\xE2\x80\x99", "\xE2\x80\x9C", "\xE2\x80\x9D", "\xE2\x80\xA2", "\xE2\x80\x93", "\xE2\x80\x94",
+    "\xCB\x9C",     "\xE2\x84\xA2", "\xC5\xA1",     "\xE2\x80\xBA", "\xC5\x93",     "\xC2\x9D",
+    "\xC5\xBE",     "\xC5\xB8",
+};
+
+TEST(Windows1252, EveryByteOfTheHighControlRangeBothWays) {
+    for (int byte = 0x80; byte <= 0x9F; ++byte) {
+        const std::string single(1, static_cast<char>(byte));
+        EXPECT_EQ(Windows1252ToUtf8(single), kHighRangeUtf8[byte - 0x80]) << "byte " << byte;
+        EXPECT_EQ(Utf8ToWindows1252(kHighRangeUtf8[byte - 0x80]), single) << "byte " << byte;
+    }
+}
+
+TEST(Windows1252, CodePointsOfSampleBytes) {
+    EXPECT_EQ(Windows1252ToCodePoint(0x41), U'A');
+    EXPECT_EQ(Windows1252ToCodePoint(0x80), U'\u20AC');
+    EXPECT_EQ(Windows1252ToCodePoint(0x9F), U'\u0178');
+    EXPECT_EQ(Windows1252ToCodePoint(0xE9), U'\u00E9');
+    EXPECT_EQ(CodePointToWindows1252(U'\u20AC'), 0x80);
+    EXPECT_EQ(CodePointToWindows1252(U'\u00FF'), 0xFF);
+    EXPECT_EQ(CodePointToWindows1252(0x81), 0x81);
+    EXPECT_EQ(CodePointToWindows1252(0x80), -1);  // the C1 control that 0x80 does not hold
+    EXPECT_EQ(CodePointToWindows1252(0x9E), -1);
+    EXPECT_EQ(CodePointToWindows1252(U'\u4E2D'), -1);
+}
+
+TEST(Windows1252, AllBytesRoundTrip) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all.push_back(static_cast<char>(byte));
+    const std::string utf8 = Windows1252ToUtf8(all);
+    EXPECT_EQ(utf8.substr(0, 128), all.substr(0, 128));
+    EXPECT_EQ(utf8.substr(utf8.size() - 4), "\xC3\xBE\xC3\xBF");
+    EXPECT_EQ(Utf8ToWindows1252(utf8), all);
+}
+
+TEST(Windows1252, EuroBothWays) {
+    EXPECT_EQ(Windows1252ToUtf8("10 \x80"), "10 \xE2\x82\xAC");
+    EXPECT_EQ(Utf8ToWindows1252("10 \xE2\x82\xAC"), "10 \x80");
+}
+
+TEST(Windows1252, MissingCharactersBecomeQuestionMarks) {
+    EXPECT_EQ(Utf8ToWindows1252("a\xE4\xB8\xAD"
+                                "b"),
+              "a?b");                                               // 中
+    EXPECT_EQ(Utf8ToWindows1252("\xF0\x9F\x98\x80"), "?");          // one emoji, one mark
+    EXPECT_EQ(Utf8ToWindows1252("\xED\xA0\xBD\xED\xB8\x80"), "?");  // as a surrogate pair
+}
+
+TEST(Windows1252, MalformedUtf8BytesPassThroughAsThemselves) {
+    EXPECT_EQ(Utf8ToWindows1252("caf\xE9"), "caf\xE9");
+    EXPECT_EQ(Utf8ToWindows1252("\xE2\x82"), "\xE2\x82");  // truncated sequence
+    EXPECT_EQ(Utf8ToWindows1252("\xC0\xAF"), "\xC0\xAF");  // overlong form
+}
+
+}  // namespace
+}  // namespace tessarin
