@@ -30,7 +30,7 @@ LocalDateTime AddDays(const LocalDateTime& when, int days);
 // 0 for Sunday to 6 for Saturday.
 int DayOfWeek(const LocalDateTime& when);
 
-// True when the year, month and day name a real calendar day.
+// True when the year, month and day name a real calendar day of the years 1 to 9999.
 bool IsValidDate(int year, int month, int day);
 
 // The time zone's base bias in minutes, as "UTC = local time + bias" counts it, without

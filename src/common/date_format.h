@@ -19,20 +19,18 @@ std::string ShortDatePattern();
 std::string LongDatePattern();
 
 // The order of day, month and year in the short date pattern: 0 month-day-year,
-// 1 day-month-year, 2 year-month-day.
+// 1 day-month-year, 2 year-month-day. The first unquoted d, M or y decides: y gives 2,
+// d gives 1, M (or none) gives 0.
 int DateOrder();
 
-// Formats a date by a pattern of d, dd, ddd, dddd, M, MM, MMM, MMMM, yy, yyyy; any other
-// character is copied, and text between single quotes is copied without the quotes.
+// Formats a date by a pattern of d, dd, ddd, dddd, M, MM, MMM, MMMM, yy, yyyy (a single y
+// is the two-digit year without a leading zero); any other character is copied, text
+// between single quotes is copied without the quotes, and two single quotes give one.
 std::string FormatDate(const LocalDateTime& when, std::string_view pattern, DateLanguage language);
 
 // The short and long date in the user's patterns and language.
 std::string FormatShortDate(const LocalDateTime& when);
 std::string FormatLongDate(const LocalDateTime& when);
-
-}  // namespace tessarin
-
-namespace tessarin {
 
 // "hh:mm" and "hh:mm:ss" on the 24-hour clock, with leading zeros: "09:05", "09:05:07".
 std::string FormatTimeHourMinute(const LocalDateTime& when);
