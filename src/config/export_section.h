@@ -21,7 +21,8 @@ struct NewsMLExportSettings {
     std::string Language;    // default "en"
     std::string ImagesDirectory;
     std::string RelativePath;  // attribute of ImagesDirectory
-    // MappingTextBox1 to MappingTextBox7 at index 0 to 6; an empty element leaves its entry.
+    // MappingTextBox1 to MappingTextBox7 at index 0 to 6: the role of each text box. Every
+    // reading starts the seven entries empty, so an empty element leaves its entry empty.
     std::array<std::string, 7> MappingTextBox;
 };
 

@@ -16,7 +16,7 @@ namespace tessarin {
 // defaults, so that a second load of the configuration starts afresh, then reads the
 // section (a missing section leaves the defaults) and shows or hides its tool-bar buttons.
 
-// One FTPServer element. The address is its IPNumber attribute.
+// One FTPServer element. The address is its IPNumber attribute, else the element's text.
 struct FtpServer {
     std::string IPNumber;
     std::string User;
