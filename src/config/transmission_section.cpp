@@ -70,10 +70,8 @@ FtpServers ReadFtpTransmission(const XmlNode& section, FtpTransmissionSettings& 
     settings.MaxSizeImage = NumberOr(section.Attribute("MaxSizeImage"), 0);
 
     ShowControl(window, "SendFTP", settings.Visible);
-    if (!settings.LogsEnabled) {
-        ShowControl(window, "mnuDisplayLogs", false);
-        ShowControl(window, "Logs", false);
-    }
+    ShowControl(window, "mnuDisplayLogs", settings.LogsEnabled);
+    ShowControl(window, "Logs", settings.LogsEnabled);
 
     const std::vector<XmlNode> elements = section.SelectNodes("FTPServer");
     if (elements.empty()) return FtpServers::Missing;

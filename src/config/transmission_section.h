@@ -58,8 +58,8 @@ struct FtpTransmissionSettings {
 enum class FtpServers { Read, Missing };
 
 // Reads FTPTransmission: its attributes, then its FTPServer children. Shows SendFTP unless
-// Visible is "false"; hides the story log controls (mnuDisplayLogs and the Logs button) when
-// LogsEnabled is "false". Returns Missing when the section holds no FTPServer: the caller
+// Visible is "false"; shows the story log controls (mnuDisplayLogs and the Logs button)
+// unless LogsEnabled is "false". Returns Missing when the section holds no FTPServer: the caller
 // reports " - missing tag 'FTPServer'" and skips the rest of the section (ExportFormats).
 FtpServers ReadFtpTransmission(const XmlNode& section, FtpTransmissionSettings& settings,
                                WindowState& window);
