@@ -1,0 +1,57 @@
+#include "story/char_count.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "story/markup_read_tokens.h"
+
+namespace tessarin {
+
+std::int32_t CountBoxCharacters(const StyledText& text, std::int32_t noteCharacters,
+                                std::int32_t paragraphMarks) {
+    const std::u16string plain = text.Text();
+    std::int64_t lineBreaks = 0;
+    for (std::size_t position = 0; position + 1 < plain.size(); ++position) {
+        if (plain[position] == u'\r' && plain[position + 1] == u'\n') ++lineBreaks;
+    }
+    const std::int64_t count =
+        static_cast<std::int64_t>(plain.size()) - 2 * lineBreaks - noteCharacters - paragraphMarks;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(
+        count, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
+}
+
+std::int32_t CountNoteCharactersInTags(std::u16string_view tags) {
+    constexpr std::size_t kOpeningLength = 6;
+    std::vector<std::size_t> openings;
+    std::vector<std::size_t> closings;
+    std::size_t measured = 0;
+    for (std::size_t position = 0; position < tags.size();) {
+        const auto token = MatchReadToken(tags, position);
+        if (!token) {
+            ++measured;
+            ++position;
+            continue;
+        }
+        if (token->token == ReadToken::NoteOn) openings.push_back(measured);
+        if (token->token == ReadToken::NoteOff) closings.push_back(measured);
+        measured += token->measuredLength;
+        position += token->length;
+    }
+    // Each opening tag is measured to the first closing tag after it; a closing tag may serve
+    // several openings.
+    std::int64_t total = 0;
+    std::size_t closing = 0;
+    for (const std::size_t opening : openings) {
+        while (closing < closings.size() && closings[closing] < opening)
+            ++closing;
+        if (closing == closings.size()) break;
+        total += static_cast<std::int64_t>(closings[closing] - opening - kOpeningLength);
+    }
+    return static_cast<std::int32_t>(
+        std::min<std::int64_t>(total, std::numeric_limits<std::int32_t>::max()));
+}
+
+}  // namespace tessarin

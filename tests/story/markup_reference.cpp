@@ -1,0 +1,279 @@
+#include "markup_reference.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "common/utf8.h"
+#include "common/windows1252.h"
+#include "common/xml_escape.h"
+
+namespace tessarin::testing {
+namespace {
+
+using Row = std::pair<std::u16string_view, std::u16string_view>;
+
+constexpr std::array<Row, 47> kRows = {{
+    {u"</b></i>", u"</i></b>"},
+    {u"<p/></i></b>", u"</i></b><p/>"},
+    {u"</b></u>", u"</u></b>"},
+    {u"<p/></u></b>", u"</u></b><p/>"},
+    {u"</sup></i></u>", u"</u></i></sup>"},
+    {u"</i></u>", u"</u></i>"},
+    {u"<p/></u></i>", u"</u></i><p/>"},
+    {u"<inter1></b>", u"</b><inter1>"},
+    {u"<inter1></i>", u"</i><inter1>"},
+    {u"<inter1></u>", u"</u><inter1>"},
+    {u"</inter1></b>", u"</b></inter1>"},
+    {u"</inter1></i>", u"</i></inter1>"},
+    {u"</inter1></u>", u"</u></inter1>"},
+    {u"</inter1></sup>", u"</sup></inter1>"},
+    {u"<inter2></b>", u"</b><inter2>"},
+    {u"<inter2></i>", u"</i><inter2>"},
+    {u"<inter2></u>", u"</u><inter2>"},
+    {u"</inter2></b>", u"</b></inter2>"},
+    {u"</inter2></i>", u"</i></inter2>"},
+    {u"</inter2></u>", u"</u></inter2>"},
+    {u"</inter2></sup>", u"</sup></inter2>"},
+    {u"<inter3></b>", u"</b><inter3>"},
+    {u"<inter3></i>", u"</i><inter3>"},
+    {u"<inter3></u>", u"</u><inter3>"},
+    {u"</inter3></b>", u"</b></inter3>"},
+    {u"</inter3></i>", u"</i></inter3>"},
+    {u"</inter3></u>", u"</u></inter3>"},
+    {u"</inter3></sup>", u"</sup></inter3>"},
+    {u"<inter1></inter2>", u"</inter2><inter1>"},
+    {u"<inter1></inter3>", u"</inter3><inter1>"},
+    {u"<inter1></note>", u"</note><inter1>"},
+    {u"<inter2></inter1>", u"</inter1><inter2>"},
+    {u"<inter2></inter3>", u"</inter3><inter2>"},
+    {u"<inter2></note>", u"</note><inter2>"},
+    {u"<inter3></inter1>", u"</inter1><inter3>"},
+    {u"<inter3></inter2>", u"</inter2><inter3>"},
+    {u"<inter3></note>", u"</note><inter3>"},
+    {u"</sup></i></b>", u"</i></b></sup>"},
+    {u"</sup></b>", u"</b></sup>"},
+    {u"</sup></i>", u"</i></sup>"},
+    {u"</sup></u>", u"</u></sup>"},
+    {u"<p/></i>", u"</i><p/>"},
+    {u"<p/></b>", u"</b><p/>"},
+    {u"<p/></u>", u"</u><p/>"},
+    {u"<p/></inter1>", u"</inter1><p/>"},
+    {u"<p/></inter2>", u"</inter2><p/>"},
+    {u"<p/></inter3>", u"</inter3><p/>"},
+}};
+
+constexpr std::array<Row, 6> kNoteRows = {{
+    {u"<note></i>", u"</i><note>"},
+    {u"<i></note>", u"</note><i>"},
+    {u"<note></b>", u"</b><note>"},
+    {u"<b></note>", u"</note><b>"},
+    {u"<note></u>", u"</u><note>"},
+    {u"<u></note>", u"</note><u>"},
+}};
+
+std::u16string Units(const std::string& ascii) {
+    return std::u16string(ascii.begin(), ascii.end());
+}
+
+std::u16string Trim(const std::u16string& text) {
+    const auto first = text.find_first_not_of(u' ');
+    if (first == std::u16string::npos) return {};
+    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+std::u16string Blanks(std::size_t count) {
+    return std::u16string(count, u' ');
+}
+
+class BodyWriter {
+  public:
+    BodyWriter(std::u16string& body, int box, const MarkupSettings& settings)
+        : body_(body), box_(box), settings_(settings) {}
+
+    void Character(const CharFormat& format, char16_t c) {
+        const auto& colours = settings_.interColours;
+        const bool anyInter = format.colour == colours[0] || format.colour == colours[1] ||
+                              format.colour == colours[2];
+        Toggle(inter1_, box_ == 6 && format.colour == colours[0], u"inter1");
+        Toggle(inter2_, box_ == 6 && format.colour == colours[1], u"inter2");
+        Toggle(inter3_, box_ == 6 && format.colour == colours[2], u"inter3");
+        Toggle(sup_, format.offset > 0, u"sup");
+        if (!anyInter) Toggle(bold_, format.bold, u"b");
+        Toggle(note_, format.isProtected, u"note");
+        Toggle(italic_, format.italic, u"i");
+        if (!format.isProtected) Toggle(underline_, format.underline, u"u");
+        if (c == u'\r' || c == u'\n') {
+            if (!emptySeen_) {
+                emptySeen_ = true;
+                return;
+            }
+            emptySeen_ = false;
+            Toggle(bold_, false, u"b");
+            Toggle(italic_, false, u"i");
+            Toggle(underline_, false, u"u");
+            Toggle(sup_, false, u"sup");
+            body_ += u"<p/>";
+            return;
+        }
+        emptySeen_ = false;
+        switch (c) {
+            case 0xB7:
+                body_ += u"&#160;";
+                break;
+            case u'\t':
+                body_ += u"<tab/>";
+                break;
+            case u'&':
+                body_ += u"&amp;";
+                break;
+            case u'\'':
+                body_ += u"&apos;";
+                break;
+            case u'"':
+                body_ += u"&quot;";
+                break;
+            case u'<':
+                body_ += u"&lt;";
+                break;
+            case u'>':
+                body_ += u"&gt;";
+                break;
+            case 0x152:
+                body_ += u"<OE/>";
+                break;
+            case 0x153:
+                body_ += u"<oe/>";
+                break;
+            case 0x20AC:
+                body_ += u"<euro/>";
+                break;
+            default:
+                body_ += c;
+        }
+    }
+
+    void End() {
+        Toggle(inter1_, false, u"inter1");
+        Toggle(inter2_, false, u"inter2");
+        Toggle(inter3_, false, u"inter3");
+        Toggle(bold_, false, u"b");
+        Toggle(italic_, false, u"i");
+        Toggle(underline_, false, u"u");
+        Toggle(sup_, false, u"sup");
+        Toggle(note_, false, u"note");
+    }
+
+  private:
+    void Toggle(bool& state, bool on, std::u16string_view name) {
+        if (state == on) return;
+        state = on;
+        body_ += on ? u"<" : u"</";
+        body_ += name;
+        body_ += u">";
+    }
+
+    std::u16string& body_;
+    int box_;
+    const MarkupSettings& settings_;
+    bool inter1_ = false, inter2_ = false, inter3_ = false, sup_ = false, bold_ = false,
+         note_ = false, italic_ = false, underline_ = false, emptySeen_ = false;
+};
+
+std::string Encode(const std::u16string& text, bool utf8) {
+    return utf8 ? EncodeUtf8Bytes(text) : Utf8ToWindows1252(Utf16ToUtf8(text));
+}
+
+}  // namespace
+
+std::u16string LiteralReplace(std::u16string text, std::u16string_view from,
+                              std::u16string_view to) {
+    std::u16string result;
+    std::size_t start = 0;
+    for (std::size_t hit = text.find(from); hit != std::u16string::npos;
+         hit = text.find(from, start)) {
+        result += text.substr(start, hit - start);
+        result += to;
+        start = hit + from.size();
+    }
+    return result + text.substr(start);
+}
+
+std::int32_t ReferenceWordCount(const StyledText& text) {
+    StyledText draft = text;
+    for (std::size_t position = draft.Length(); position-- > 0;) {
+        if (draft.FormatAt(position).isProtected) draft.Erase(position, 1);
+    }
+    std::u16string plain = draft.Text();
+    for (const char16_t c : std::u16string_view(u"\r\n,;:.?!'\"")) {
+        for (char16_t& unit : plain) {
+            if (unit == c) unit = u' ';
+        }
+    }
+    for (std::size_t run = 8; run >= 2; --run)
+        plain = LiteralReplace(plain, Blanks(run), u" ");
+    plain = Trim(plain);
+    if (plain.empty()) return 0;
+    return static_cast<std::int32_t>(std::count(plain.begin(), plain.end(), u' ') + 1);
+}
+
+std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
+    std::u16string body;
+    for (int box = 0; box < 7; ++box) {
+        const MarkupBox& source = input.boxes[static_cast<std::size_t>(box)];
+        if (source.text == nullptr || source.text->Empty()) continue;
+        body += u"<TextBox" + Units(std::to_string(box)) + u" CharCount=\"" +
+                Units(std::to_string(source.charCount)) + u"\" WordCount=\"" +
+                Units(std::to_string(ReferenceWordCount(*source.text))) + u"\" Name=\"" +
+                Utf8ToUtf16(source.caption) + u"\">";
+        StyledText draft = *source.text;
+        for (auto hit = draft.Text().find(u"\u00B6\r\n"); hit != std::u16string::npos;
+             hit = draft.Text().find(u"\u00B6\r\n", hit)) {
+            draft.Erase(hit, 1);
+        }
+        BodyWriter writer(body, box, input.settings);
+        for (std::size_t position = 0; position < draft.Length(); ++position)
+            writer.Character(draft.FormatAt(position), draft.CharAt(position));
+        writer.End();
+        while (body.ends_with(u"<p/>"))
+            body.resize(body.size() - 4);
+        body += u"</TextBox" + Units(std::to_string(box)) + u">\r\n";
+    }
+    for (const auto& [from, to] : kRows)
+        body = LiteralReplace(body, from, to);
+    body = LiteralReplace(body, u"<p/>", u"<p/>\r\n");
+    body = LiteralReplace(body, u"\t", u"");
+    for (const auto& [from, to] : kNoteRows)
+        body = LiteralReplace(body, from, to);
+    if (input.settings.removeDuplicateSpaces) {
+        for (std::size_t run = 6; run >= 2; --run)
+            body = Trim(LiteralReplace(body, Blanks(run), u" "));
+    }
+    if (nest) body = NestInlineTags(body);
+    std::string bytes = Encode(body, input.settings.utf8);
+    if (!input.signature.empty()) {
+        bytes += input.initialsSignature ? "<Signature Type=\"I\">" : "<Signature>";
+        bytes += Encode(Utf8ToUtf16(XmlEscape(input.signature)), input.settings.utf8);
+        bytes += "</Signature>";
+    }
+    return bytes;
+}
+
+ReferencePairing ReferencePairTags(std::u16string text, std::u16string_view opening,
+                                   std::u16string_view closing) {
+    std::u16string styled(text.size(), u'0');
+    for (;;) {
+        const auto open = text.find(opening);
+        const auto close = text.find(closing);
+        if (open == std::u16string::npos || close == std::u16string::npos || close < open) break;
+        for (auto position = open + opening.size(); position < close; ++position)
+            styled[position] = u'1';
+        text.erase(close, closing.size());
+        styled.erase(close, closing.size());
+        text.erase(open, opening.size());
+        styled.erase(open, opening.size());
+    }
+    return {text, styled};
+}
+
+}  // namespace tessarin::testing

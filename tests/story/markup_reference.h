@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "story/story_markup.h"
+
+namespace tessarin::testing {
+
+// The plain, character-by-character conversion of a story's boxes into the body of its file,
+// as it reads in the product's rules: one format read for every character, whole-text
+// replacements over the whole body. When nest is set, the crossing repair runs over the
+// whole body before encoding; callers keep tag text out of captions so that this equals
+// repairing each box's inline text.
+std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest);
+
+// The words of a box, by deleting protected characters from the last to the first and running
+// the blank replacements one by one.
+std::int32_t ReferenceWordCount(const StyledText& text);
+
+// What pairing tags does to a text, by the literal loop: find the first opening and first
+// closing tag, style the text between, delete both, search again from the start.
+struct ReferencePairing {
+    std::u16string text;
+    std::u16string styled;  // u'1' where a character took the style, u'0' elsewhere
+};
+ReferencePairing ReferencePairTags(std::u16string text, std::u16string_view opening,
+                                   std::u16string_view closing);
+
+// Replaces every occurrence, left to right, not looking again at what it wrote.
+std::u16string LiteralReplace(std::u16string text, std::u16string_view from,
+                              std::u16string_view to);
+
+}  // namespace tessarin::testing
