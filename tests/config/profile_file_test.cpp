@@ -1,0 +1,238 @@
+#include "config/profile_file.h"
+
+#include <gtest/gtest.h>
+#include <filesystem>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "support/temp_dir.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ReadBytes;
+using testing::TempDir;
+
+TEST(ProfileFileRead, MissingFileSectionOrKeyReadsAsNothing) {
+    TempDir dir;
+    ProfileFile missing(dir / "Tessarin.ini");
+    EXPECT_EQ(missing.Read("Preferences", "UseXSLT"), std::nullopt);
+
+    ProfileFile profile(dir.Write("Tessarin.ini", "[Preferences]\r\nUseXSLT=0\r\n"));
+    EXPECT_EQ(profile.Read("Preferences", "UseXSLT"), "0");
+    EXPECT_EQ(profile.Read("Preferences", "XSLT"), std::nullopt);
+    EXPECT_EQ(profile.Read("MainWindow", "UseXSLT"), std::nullopt);
+}
+
+TEST(ProfileFileRead, EmptyValueCountsAsMissingAndBlanksAreNotPartOfValues) {
+    TempDir dir;
+    ProfileFile profile(dir.Write("p.ini",
+                                  "[S]\r\nEmpty=\r\nBlank=   \r\n  Padded  =  two words  \r\n"
+                                  "Url=a=b\r\n"));
+    EXPECT_EQ(profile.Read("S", "Empty"), std::nullopt);
+    EXPECT_EQ(profile.Read("S", "Blank"), std::nullopt);
+    EXPECT_EQ(profile.Read("S", "Padded"), "two words");
+    EXPECT_EQ(profile.Read("S", "Url"), "a=b");
+}
+
+TEST(ProfileFileRead, NamesCompareWithoutRegardToCase) {
+    TempDir dir;
+    ProfileFile profile(
+        dir.Write("p.ini", "[preferences]\r\nlockmetadata=1\r\n[R\xC9SUM\xC9]\r\nCl\xE9=v\r\n"));
+    EXPECT_EQ(profile.Read("Preferences", "LockMetadata"), "1");
+    EXPECT_EQ(profile.Read("PREFERENCES", "LOCKMETADATA"), "1");
+    EXPECT_EQ(profile.Read("résumé", "CLÉ"), "v");
+}
+
+TEST(ProfileFileRead, ValueIsCutToItsFirst255Characters) {
+    TempDir dir;
+    ProfileFile profile(dir.Write("p.ini", "[S]\r\nLong=" + std::string(300, 'x') +
+                                               "\r\nAccents=" + std::string(300, '\xE9') +
+                                               "\r\nExact=" + std::string(255, 'y') + "\r\n"));
+    EXPECT_EQ(profile.Read("S", "Long"), std::string(255, 'x'));
+    EXPECT_EQ(profile.Read("S", "Exact"), std::string(255, 'y'));
+    // Characters, not bytes of UTF-8: 255 times "é".
+    std::string accents;
+    for (int i = 0; i < 255; ++i)
+        accents += "é";
+    EXPECT_EQ(profile.Read("S", "Accents"), accents);
+}
+
+TEST(ProfileFileRead, LinesEndInCrLfOrLfAndTheFirstOfTwoKeysCounts) {
+    TempDir dir;
+    ProfileFile profile(
+        dir.Write("p.ini", "[A]\nx=1\r\ny=2\n[B]\r\nx=3\nx=4\n[a]\nz=5\nx=6\n; x=7\n"));
+    EXPECT_EQ(profile.Read("A", "x"), "1");
+    EXPECT_EQ(profile.Read("A", "y"), "2");
+    EXPECT_EQ(profile.Read("B", "x"), "3");
+    EXPECT_EQ(profile.Read("A", "z"), "5");  // a section that appears twice is searched in order
+}
+
+TEST(ProfileFileRead, TextIsWindows1252OnDisk) {
+    TempDir dir;
+    ProfileFile profile(dir.Write("p.ini", "[Identification]\r\nAuthor=Ren\xE9 \x80\r\n"));
+    EXPECT_EQ(profile.Read("Identification", "Author"), "René €");
+}
+
+TEST(ProfileFileRead, SurvivesAnyBytes) {
+    TempDir dir;
+    std::string binary;
+    for (int i = 0; i < 4096; ++i)
+        binary += static_cast<char>((i * 7919) % 256);
+    ProfileFile garbage(dir.Write("binary.ini", binary));
+    EXPECT_EQ(garbage.Read("Preferences", "UseXSLT"), std::nullopt);
+
+    ProfileFile huge(dir.Write("huge.ini", "[S]\r\nk=" + std::string(2'000'000, 'v')));
+    EXPECT_EQ(huge.Read("S", "k"), std::string(255, 'v'));
+
+    // A header without "]" opens no section; the lines below it stay in the one before.
+    ProfileFile broken(
+        dir.Write("broken.ini", "[A]\r\nx=1\r\n[Broken\r\ny=2\r\n=3\r\n]\r\n[]\r\n"));
+    EXPECT_EQ(broken.Read("Broken", "y"), std::nullopt);
+    EXPECT_EQ(broken.Read("A", "y"), "2");
+    EXPECT_EQ(broken.Read("", "x"), std::nullopt);
+
+    ProfileFile nul(dir.Write("nul.ini", std::string("[S]\r\nk=a\0b\r\n", 12)));
+    EXPECT_EQ(nul.Read("S", "k"), std::string("a\0b", 3));
+
+    ProfileFile folder(dir.path());
+    EXPECT_EQ(folder.Read("S", "k"), std::nullopt);
+}
+
+TEST(ProfileFileWrite, CreatesFileSectionAndKey) {
+    TempDir dir;
+    ProfileFile profile(dir / "Tessarin.ini");
+    ASSERT_TRUE(profile.Write("Preferences", "LockMetadata", "1"));
+    EXPECT_EQ(ReadBytes(profile.Path()), "[Preferences]\r\nLockMetadata=1\r\n");
+    ASSERT_TRUE(profile.Write("Preferences", "KeepMetadata", "0"));
+    ASSERT_TRUE(profile.Write("FileMRU", "File1", ""));
+    EXPECT_EQ(ReadBytes(profile.Path()),
+              "[Preferences]\r\nLockMetadata=1\r\nKeepMetadata=0\r\n[FileMRU]\r\nFile1=\r\n");
+}
+
+TEST(ProfileFileWrite, KeepsEveryOtherByteOfTheFile) {
+    TempDir dir;
+    const std::string original =
+        "; user settings\n"
+        "[MainWindow]\n"
+        "Left = 10\n"
+        "Top=20\n"
+        "\n"
+        "[Preferences]\r\n"
+        "; colours below\r\n"
+        "UseXSLT=1\r\n"
+        "\r\n"
+        "[FileMRU]\r\n"
+        "File1=C:\\News\\a.xml";
+    ProfileFile profile(dir.Write("p.ini", original));
+
+    ASSERT_TRUE(profile.Write("mainwindow", "LEFT", "-4"));
+    const std::string replaced =
+        "; user settings\n"
+        "[MainWindow]\n"
+        "Left=-4\r\n"
+        "Top=20\n"
+        "\n"
+        "[Preferences]\r\n"
+        "; colours below\r\n"
+        "UseXSLT=1\r\n"
+        "\r\n"
+        "[FileMRU]\r\n"
+        "File1=C:\\News\\a.xml";
+    EXPECT_EQ(ReadBytes(profile.Path()), replaced);
+
+    ASSERT_TRUE(profile.Write("Preferences", "XSLT", "/srv/é.xsl"));
+    ASSERT_TRUE(profile.Write("FileMRU", "File2", "b.xml"));
+    ASSERT_TRUE(profile.Write("TipOfTheDay", "LastTipOfTheDay", "3"));
+    EXPECT_EQ(ReadBytes(profile.Path()),
+              "; user settings\n"
+              "[MainWindow]\n"
+              "Left=-4\r\n"
+              "Top=20\n"
+              "\n"
+              "[Preferences]\r\n"
+              "; colours below\r\n"
+              "UseXSLT=1\r\n"
+              "XSLT=/srv/\xE9.xsl\r\n"
+              "\r\n"
+              "[FileMRU]\r\n"
+              "File1=C:\\News\\a.xml\r\n"
+              "File2=b.xml\r\n"
+              "[TipOfTheDay]\r\n"
+              "LastTipOfTheDay=3\r\n");
+}
+
+TEST(ProfileFileWrite, ReplacesTheFirstOfTwoKeysAndAddsToTheFirstOfTwoSections) {
+    TempDir dir;
+    ProfileFile profile(dir.Write("p.ini", "[A]\r\nx=1\r\n[B]\r\n[A]\r\nx=2\r\n"));
+    ASSERT_TRUE(profile.Write("A", "x", "9"));
+    ASSERT_TRUE(profile.Write("A", "y", "8"));
+    EXPECT_EQ(ReadBytes(profile.Path()), "[A]\r\nx=9\r\ny=8\r\n[B]\r\n[A]\r\nx=2\r\n");
+}
+
+TEST(ProfileFileWrite, SeveralKeysAtOnceGiveWhatOneByOneGives) {
+    TempDir dir;
+    const std::string original = "[A]\nx=1\n\n[B]\ny=2";
+    const std::vector<ProfileEntry> entries = {
+        {"B", "z", "3"}, {"A", "x", "4"}, {"C", "w", "5"}, {"b", "Z", "6"}, {"A", "v", "7"}};
+    ProfileFile batch(dir.Write("batch.ini", original));
+    ProfileFile single(dir.Write("single.ini", original));
+    ASSERT_TRUE(batch.Write(entries));
+    for (const ProfileEntry& entry : entries) {
+        ASSERT_TRUE(single.Write(entry.section, entry.key, entry.value));
+    }
+    const std::string expected = "[A]\nx=4\r\nv=7\r\n\n[B]\ny=2\r\nz=6\r\n[C]\r\nw=5\r\n";
+    EXPECT_EQ(ReadBytes(batch.Path()), expected);
+    EXPECT_EQ(ReadBytes(single.Path()), expected);
+}
+
+TEST(ProfileFileWrite, LineBreaksInAValueBecomeBlanks) {
+    TempDir dir;
+    ProfileFile profile(dir / "p.ini");
+    ASSERT_TRUE(profile.Write("S", "k", "one\r\ntwo\n[X]"));
+    EXPECT_EQ(ReadBytes(profile.Path()), "[S]\r\nk=one  two [X]\r\n");
+    EXPECT_EQ(profile.Read("X", "k"), std::nullopt);
+}
+
+TEST(ProfileFileWrite, KeepsTheBytesOfAFileItCannotParse) {
+    TempDir dir;
+    const std::string binary("\x00\xFF[\x01\r=\xFE", 7);
+    ProfileFile profile(dir.Write("p.ini", binary));
+    ASSERT_TRUE(profile.Write("S", "k", "v"));
+    EXPECT_EQ(ReadBytes(profile.Path()), binary + "\r\n[S]\r\nk=v\r\n");
+    EXPECT_EQ(profile.Read("S", "k"), "v");
+}
+
+// Read-only means without any write permission bit, for every user, the superuser too.
+TEST(ProfileFileWrite, ReadOnlyFileFailsSilentlyAndStaysAsItWas) {
+    TempDir dir;
+    const std::string original = "[Preferences]\r\nLockMetadata=0\r\n";
+    ProfileFile profile(dir.Write("p.ini", original));
+    std::filesystem::permissions(profile.Path(), std::filesystem::perms::owner_read |
+                                                     std::filesystem::perms::group_read |
+                                                     std::filesystem::perms::others_read);
+    EXPECT_FALSE(profile.Write("Preferences", "LockMetadata", "1"));
+    EXPECT_FALSE(profile.Write({{"Preferences", "KeepMetadata", "1"}, {"Other", "k", "v"}}));
+    EXPECT_EQ(ReadBytes(profile.Path()), original);
+    EXPECT_EQ(profile.Read("Preferences", "LockMetadata"), "0");
+    // No temporary file is left beside it.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()),
+                            std::filesystem::directory_iterator()),
+              1);
+}
+
+// A place that no user can write to takes the same way as a read-only file.
+TEST(ProfileFileWrite, UnwritablePlaceFailsSilently) {
+    TempDir dir;
+    ProfileFile inMissingFolder(dir / "missing" / "p.ini");
+    EXPECT_FALSE(inMissingFolder.Write("S", "k", "v"));
+    EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
+
+    std::filesystem::create_directory(dir / "folder.ini");
+    ProfileFile folder(dir / "folder.ini");
+    EXPECT_FALSE(folder.Write("S", "k", "v"));
+}
+
+}  // namespace
+}  // namespace tessarin
