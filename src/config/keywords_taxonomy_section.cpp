@@ -35,7 +35,8 @@ void ReadCategory(const XmlNode& element, TreeNode* root, Configuration& configu
 
 // The topic's own text: the first line of the element's text, blanks around it removed.
 std::string TopicText(const XmlNode& topic) {
-    std::string_view text = TrimWhitespace(topic.Text());
+    const std::string whole = topic.Text();
+    std::string_view text = TrimWhitespace(whole);
     text = text.substr(0, text.find('\n'));
     return std::string(TrimWhitespace(text));
 }

@@ -1,0 +1,186 @@
+#include "config/metadata_section.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "config/configuration_document.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ConfigurationDocument;
+using ::testing::ElementsAre;
+using testing::ItemTexts;
+using testing::LoadBench;
+
+// Loads a document whose Metadata section has the given content.
+void LoadMetadata(LoadBench& bench, const std::string& content) {
+    ConfigurationDocument document;
+    document.metadata = "<Metadata>" + content + "</Metadata>";
+    ASSERT_TRUE(bench.Load(document));
+}
+
+TEST(MetadataItems, NameVisibleMandatoryAndEnabledGovernTheirControls) {
+    LoadBench bench;
+    LoadMetadata(bench, R"(
+        <CreationDate Name="Created on" Visible="false"/>
+        <Author Name="Byline" Mandatory="true"/>
+        <Email Name="Mail" Visible="false" Mandatory="true"/>
+        <PublicationDate Name="Date" ButtonName="Calendar" Visible="false"/>
+        <PublicationNumber Mandatory="True"/>
+        <ColdStory Name="Timeless" Visible="false"/>
+        <Publication Name="Title" Enabled="false" Mandatory="true" Visible="false"/>
+        <CodeLocal2 Enabled="true"/>)");
+
+    EXPECT_EQ(bench.Control("lblCreationDate").caption, "Created on");
+    EXPECT_FALSE(bench.Control("lblCreationDate").visible);
+    EXPECT_FALSE(bench.Control("lblTxtCreationDate").visible);
+    EXPECT_EQ(bench.Control("lblTxtCreationDate").tag, "invisible");
+    EXPECT_FALSE(bench.configuration.metadata.creationDateVisible);
+    EXPECT_TRUE(bench.configuration.metadata.lastSaveDateVisible);
+
+    EXPECT_EQ(bench.Control("lblAuthor").caption, "Byline");
+    EXPECT_EQ(bench.Control("lblAuthor").tag, "mandatory");
+    EXPECT_TRUE(bench.Control("lblTxtAuthor").visible);
+
+    // Visible and Mandatory are independent: one marks the control, the other its label.
+    EXPECT_EQ(bench.Control("lblEmail").tag, "mandatory");
+    EXPECT_EQ(bench.Control("lblTxtEmail").tag, "invisible");
+    EXPECT_FALSE(bench.Control("lblEmail").visible);
+
+    for (const char* name : {"lblPublicationDate", "txtPublicationDate", "udDate", "cmdDate"}) {
+        EXPECT_FALSE(bench.Control(name).visible) << name;
+    }
+    EXPECT_EQ(bench.Control("txtPublicationDate").tag, "invisible");
+    EXPECT_EQ(bench.Control("cmdDate").toolTip, "Calendar");
+
+    EXPECT_EQ(bench.Control("lblPublicationNumber").tag, "");  // "True" is not "true"
+
+    EXPECT_EQ(bench.Control("chkColdStory").caption, "Timeless");
+    EXPECT_FALSE(bench.Control("chkColdStory").visible);
+    EXPECT_EQ(bench.configuration.metadata.coldStoryLabel, "Timeless");
+
+    // Classification items read Enabled and Mandatory, not Visible.
+    EXPECT_FALSE(bench.Control("txtPublication").enabled);
+    EXPECT_TRUE(bench.Control("txtPublication").visible);
+    EXPECT_EQ(bench.Control("lblPublication").tag, "mandatory");
+    EXPECT_TRUE(bench.Control("txtCodeLocal2").enabled);
+}
+
+TEST(MetadataItems, MissingItemsKeepTheControlsAsDesigned) {
+    LoadBench bench;
+    bench.window.Control("lblAuthor").caption = "Author";
+    bench.window.Control("cmdDate").toolTip = "Date";
+    LoadMetadata(bench, R"(<Author Name=""/><PublicationDate ButtonName=""/>)");
+    EXPECT_EQ(bench.Control("lblAuthor").caption, "Author");
+    EXPECT_EQ(bench.Control("cmdDate").toolTip, "Date");
+    EXPECT_TRUE(bench.Control("lblTxtEventDate").visible);
+    EXPECT_EQ(bench.Control("lblEventDate").tag, "");
+}
+
+TEST(Forms, ReadsEveryFieldOfAForm) {
+    LoadBench bench;
+    LoadMetadata(bench, R"(<Forms Name="Type">
+        <Form Name="News" TextBoxes="01237" AllCaps="12" MinImages="1" MaxImages="2"
+              NumberOfChars1="500" NumberOfChars3="10-500" NumberOfChars7="-80"
+              ImageSize1="300" ImageSize2="450x" ImageSize3="900"/>
+        <Form TextBoxes="7"/>
+        <Form Name="Wire" MaxImages="-1" ImageSize1="100"/>
+        </Forms>)");
+    const std::vector<StoryForm>& forms = bench.configuration.forms;
+    ASSERT_EQ(forms.size(), 3u);
+    const StoryForm& news = forms[0];
+    EXPECT_EQ(news.name, "News");
+    EXPECT_EQ(news.textBoxDigits, "01237");
+    EXPECT_EQ(news.allCapsDigits, "12");
+    EXPECT_EQ(news.minImages, 1);
+    EXPECT_EQ(news.maxImages, 2);
+    EXPECT_EQ(news.characterLimits[0], std::nullopt);  // "500" without a dash: no limit
+    EXPECT_EQ(news.characterLimits[1], std::nullopt);
+    EXPECT_EQ(news.characterLimits[2], (CharacterLimit{"10", 500}));
+    EXPECT_EQ(news.characterLimits[6], (CharacterLimit{"", 80}));
+
+    // A form without Name keeps its row; MinImages and MaxImages default to 0 and -1.
+    EXPECT_EQ(forms[1].name, "");
+    EXPECT_EQ(forms[1].minImages, 0);
+    EXPECT_EQ(forms[1].maxImages, -1);
+
+    // Sizes are read for as many images as the form allows, and no further.
+    EXPECT_THAT(bench.configuration.imageSizes,
+                ElementsAre(ImageSizeRow{"News", 300}, ImageSizeRow{"News", 450}));
+
+    const ListModel& list = bench.List("lstStoryTypes");
+    EXPECT_THAT(ItemTexts(list), ElementsAre("News", "", "Wire"));
+    EXPECT_EQ(list.items[0].data, "01237");
+    EXPECT_EQ(list.items[1].data, "7");
+    EXPECT_EQ(list.selected, 0);
+    EXPECT_EQ(bench.Control("lblStoryTypes").caption, "Type");
+}
+
+TEST(Forms, NoFormLeavesTheListWithoutSelection) {
+    LoadBench bench;
+    LoadMetadata(bench, "<Forms/>");
+    EXPECT_TRUE(bench.List("lstStoryTypes").items.empty());
+    EXPECT_EQ(bench.List("lstStoryTypes").selected, -1);
+}
+
+TEST(Forms, VisibleAndMandatoryMarkTheListAndItsLabel) {
+    LoadBench bench;
+    LoadMetadata(bench, R"(<Forms Visible="false" Mandatory="true"/>)");
+    EXPECT_FALSE(bench.Control("lstStoryTypes").visible);
+    EXPECT_FALSE(bench.Control("lblStoryTypes").visible);
+    EXPECT_EQ(bench.Control("lstStoryTypes").tag, "invisible");
+    EXPECT_EQ(bench.Control("lblStoryTypes").tag, "mandatory");
+}
+
+TEST(Forms, OnlyANumericWidthAboveOneHundredIsApplied) {
+    const std::vector<std::pair<std::string, int>> cases = {
+        {"100", -1}, {"101", 101}, {"250", 250}, {"150px", -1}, {"abc", -1}, {"", -1}};
+    for (const auto& [width, expected] : cases) {
+        LoadBench bench;
+        LoadMetadata(bench, "<Forms Width=\"" + width + "\"/><Status Width=\"" + width +
+                                "\"/><Genre Width=\"" + width + "\"/>");
+        EXPECT_EQ(bench.Control("lstStoryTypes").width, expected) << width;
+        EXPECT_EQ(bench.Control("lstStatus").width, expected) << width;
+        EXPECT_EQ(bench.Control("lstGenre").width, expected) << width;
+    }
+}
+
+TEST(StatusAndGenre, DefaultChoiceIsByFormalName) {
+    LoadBench bench;
+    LoadMetadata(bench, R"(
+        <Status Name="State" Visible="false">
+            <StatusItem Name="Draft" FormalName="Draft"/>
+            <StatusItem Name="usable" FormalName="usable"/>
+            <StatusItem Name="Ready" FormalName="Usable"/>
+        </Status>
+        <Genre Name="Kind">
+            <GenreItem Name="Opinion" FormalName="Opinion"/>
+            <GenreItem Name="News" FormalName="Current"/>
+        </Genre>)");
+    const Configuration& configuration = bench.configuration;
+    EXPECT_THAT(ItemTexts(bench.List("lstStatus")), ElementsAre("Draft", "usable", "Ready"));
+    EXPECT_EQ(bench.List("lstStatus").selected, 2);
+    EXPECT_EQ(configuration.status.defaultIndex, 2);
+    EXPECT_EQ(configuration.status.entries[0].formalName, "Draft");
+    EXPECT_EQ(bench.Control("lblStatus").caption, "State");
+    EXPECT_FALSE(bench.Control("lstStatus").visible);
+    EXPECT_EQ(bench.Control("lstStatus").tag, "invisible");
+
+    EXPECT_THAT(ItemTexts(bench.List("lstGenre")), ElementsAre("Opinion", "News"));
+    EXPECT_EQ(bench.List("lstGenre").selected, 1);
+    EXPECT_EQ(configuration.genre.entries[1].formalName, "Current");
+    EXPECT_EQ(bench.Control("lblGenre").caption, "Kind");
+}
+
+TEST(StatusAndGenre, WithoutTheDefaultFormalNameNothingIsSelected) {
+    LoadBench bench;
+    LoadMetadata(bench, R"(<Status><StatusItem Name="Draft" FormalName="Draft"/></Status>
+        <Genre><GenreItem Name="News" FormalName="current"/></Genre>)");
+    EXPECT_EQ(bench.List("lstStatus").selected, -1);
+    EXPECT_EQ(bench.List("lstGenre").selected, -1);
+    EXPECT_EQ(bench.configuration.status.defaultIndex, -1);
+}
+
+}  // namespace
+}  // namespace tessarin

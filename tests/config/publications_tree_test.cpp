@@ -1,0 +1,168 @@
+#include "config/publications_tree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "config/configuration_document.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ConfigurationDocument;
+using ::testing::ElementsAre;
+using testing::LoadBench;
+using testing::NodeLines;
+
+constexpr OleColour kGeneral = Rgb(0, 0, 128);
+constexpr OleColour kLocal = Rgb(128, 0, 0);
+
+// Publications whose sections share names, a classification of each kind, one of an unknown
+// type, elements that only the full view shows, and a "False" that is not "false".
+const char* const kPublications = R"(<Publications>
+    <Publication Name="Herald">
+        <Classification Name="Nation" Type="General">
+            <Section Name="Politics">
+                <SubSection Name="Parliament" Code1="11" Code2="A"/>
+                <SubSection Name="Old" Code1="19" Preferred="false"/>
+            </Section>
+        </Classification>
+        <Classification Name="Riverside" Type="Local" Preferred="false">
+            <Section Name="Politics">
+                <SubSection Name="Council" Code1="21" Preferred="true"/>
+            </Section>
+        </Classification>
+        <Classification Name="Hilltop" Type="Local">
+            <Section Name="Politics" Preferred="False">
+                <SubSection Name="Mayor" Code2="7"/>
+            </Section>
+        </Classification>
+    </Publication>
+    <Publication Name="Archive" Preferred="false">
+        <Classification Name="Past" Type="General"/>
+    </Publication>
+    <Publication Name="Weekly">
+        <Classification Name="Magazine" Type="general"/>
+    </Publication>
+    <Publication Name="Empty"/>
+</Publications>)";
+
+struct PublicationsBench : LoadBench {
+    PublicationsBench() {
+        preferences.ClassificationColorGeneral = kGeneral;
+        preferences.ClassificationColorLocal = kLocal;
+        ConfigurationDocument document;
+        document.publications = kPublications;
+        text = document.Text();
+    }
+    std::string text;
+};
+
+TEST(PublicationsTree, TheLoadBuildsThePreferredView) {
+    PublicationsBench bench;
+    ASSERT_TRUE(bench.Load(bench.text));
+    const TreeModel& tree = bench.Tree("treePublications");
+    EXPECT_THAT(NodeLines(tree),
+                ElementsAre("P1|Herald|P", "C1|Nation|CG", "S1|Politics|S", "T1|Parliament|T11/A",
+                            "C2|Hilltop|CL", "S2|Politics|S", "T2|Mayor|T/7", "P2|Weekly|P",
+                            "C3|Magazine|C", "P3|Empty|P"));
+    for (const TreeNode* node : tree.AllNodes())
+        EXPECT_TRUE(node->expanded) << node->key;
+    EXPECT_FALSE(tree.Find("P1")->hasColour);
+    EXPECT_EQ(tree.Find("C1")->colour, kGeneral);
+    EXPECT_EQ(tree.Find("T1")->colour, kGeneral);
+    EXPECT_EQ(tree.Find("C2")->colour, kLocal);
+    EXPECT_EQ(tree.Find("S2")->colour, kLocal);
+    EXPECT_TRUE(tree.Find("S2")->hasColour);
+    EXPECT_EQ(tree.Find("T2")->colour, kLocal);
+    EXPECT_EQ(tree.Find("C3")->colour, kGeneral);  // only the letter "L" is local
+    EXPECT_TRUE(bench.configuration.publications.classifiedGeneral);
+    EXPECT_FALSE(bench.configuration.publications.allPublications);
+}
+
+TEST(PublicationsTree, TheFullViewShowsEverythingAndNumbersItAnew) {
+    PublicationsBench bench;
+    ASSERT_TRUE(bench.Load(bench.text));
+    ASSERT_TRUE(
+        ShowAllPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_TRUE(bench.configuration.publications.allPublications);
+    EXPECT_TRUE(bench.Control("mnuDisplayPublicationsFull").checked);
+    EXPECT_FALSE(bench.Control("mnuDisplayPublicationsPreferred").checked);
+    EXPECT_THAT(NodeLines(bench.Tree("treePublications")),
+                ElementsAre("P1|Herald|P", "C1|Nation|CG", "S1|Politics|S", "T1|Parliament|T11/A",
+                            "T2|Old|T19", "C2|Riverside|CL", "S2|Politics|S", "T3|Council|T21",
+                            "C3|Hilltop|CL", "S3|Politics|S", "T4|Mayor|T/7", "P2|Archive|P",
+                            "C4|Past|CG", "P3|Weekly|P", "C5|Magazine|C", "P4|Empty|P"));
+
+    ASSERT_TRUE(ShowPreferredPublications(bench.document, bench.preferences, bench.configuration,
+                                          bench.window));
+    EXPECT_FALSE(bench.configuration.publications.allPublications);
+    EXPECT_TRUE(bench.Control("mnuDisplayPublicationsPreferred").checked);
+    EXPECT_FALSE(bench.Control("mnuDisplayPublicationsFull").checked);
+    EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
+    EXPECT_EQ(bench.Tree("treePublications").Find("C2")->text, "Hilltop");
+}
+
+TEST(PublicationsTree, TheFirstClassificationDecidesGeneralOrLocal) {
+    LoadBench bench;
+    ConfigurationDocument document;
+    document.publications = R"(<Publications><Publication Name="A" Preferred="false">
+        <Classification Name="G" Type="General"/></Publication>
+        <Publication Name="B"><Classification Name="L" Type="Local"/></Publication>
+        </Publications>)";
+    bench.configuration.publications.classifiedGeneral = true;
+    ASSERT_TRUE(bench.Load(document));
+    EXPECT_FALSE(bench.configuration.publications.classifiedGeneral);
+}
+
+TEST(PublicationsTree, AReloadShowsTheParserMessage) {
+    PublicationsBench bench;
+    ASSERT_TRUE(bench.Load(bench.text));
+    bench.folder.Write("Tessarin.xml",
+                       "<Tessarin>\n  <Publications>\n    <Publication Name=\"A\">\n"
+                       "  </Publications>\n</Tessarin>\n");
+    EXPECT_FALSE(
+        ShowAllPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_TRUE(bench.Tree("treePublications").Empty());
+    EXPECT_TRUE(bench.window.Status().errorPicture);
+    EXPECT_EQ(bench.window.beeps, 1);
+    EXPECT_EQ(bench.window.Status().text,
+              "Parsing error: " + bench.document.string() +
+                  ", line:4, pos:18 </Publications> Opening and ending tag mismatch: "
+                  "Publication line 3 and Publications");
+}
+
+TEST(PublicationsTree, AReloadReportsWhatIsMissing) {
+    PublicationsBench bench;
+    bench.folder.Write("Tessarin.xml", "<Tessarin><Publications/></Tessarin>");
+    EXPECT_FALSE(
+        ReloadPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_EQ(bench.window.Status().text,
+              "Error: " + bench.document.string() + " - missing tag 'Publication'");
+    bench.folder.Write("Tessarin.xml", "<Tessarin/>");
+    EXPECT_FALSE(
+        ReloadPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_EQ(bench.window.Status().text,
+              "Error: " + bench.document.string() + " - missing section 'Publications'");
+    EXPECT_EQ(bench.window.beeps, 2);
+
+    bench.window.ShowStatusError("stale");
+    bench.folder.Write("Tessarin.xml", bench.text);
+    EXPECT_TRUE(
+        ReloadPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_EQ(bench.window.Status().text, "");
+    EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
+}
+
+TEST(PublicationsTree, AConfigurationLoadReturnsToThePreferredView) {
+    PublicationsBench bench;
+    ASSERT_TRUE(bench.Load(bench.text));
+    ASSERT_TRUE(
+        ShowAllPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    ASSERT_TRUE(bench.Load(bench.text));
+    EXPECT_FALSE(bench.configuration.publications.allPublications);
+    EXPECT_TRUE(bench.Control("mnuDisplayPublicationsPreferred").checked);
+    EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
+}
+
+}  // namespace
+}  // namespace tessarin
