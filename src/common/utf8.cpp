@@ -52,6 +52,12 @@ char32_t ReadSurrogateGroup(std::string_view bytes, std::size_t position) {
     return 0xD000 | (second & 0x3F) << 6 | (third & 0x3F);
 }
 
+// The length of the well-formed sequence at position, 0 when there is none; ASCII first.
+std::size_t WellFormedLength(std::string_view bytes, std::size_t position) {
+    if (static_cast<unsigned char>(bytes[position]) < 0x80) return 1;
+    return ReadWellFormed(bytes, position).length;
+}
+
 bool IsHighSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
 }
@@ -141,11 +147,19 @@ std::string EncodeUtf8Bytes(std::u16string_view units) {
     return bytes;
 }
 
+// Well-formed runs are copied as they are; only what the lenient reading changes is rebuilt.
 std::string RepairUtf8(std::string_view bytes) {
     if (IsValidUtf8(bytes)) return std::string(bytes);
     std::string repaired;
     repaired.reserve(bytes.size() + bytes.size() / 8);
+    std::size_t runStart = 0;
     for (std::size_t position = 0; position < bytes.size();) {
+        const std::size_t wellFormed = WellFormedLength(bytes, position);
+        if (wellFormed != 0) {
+            position += wellFormed;
+            continue;
+        }
+        repaired.append(bytes, runStart, position - runStart);
         const LenientCharacter character = ReadLenientCharacter(bytes, position);
         if (character.IsLoneSurrogate()) {
             for (std::size_t offset = 0; offset < character.length; ++offset) {
@@ -156,17 +170,15 @@ std::string RepairUtf8(std::string_view bytes) {
             AppendUtf8(repaired, character.codePoint);
         }
         position += character.length;
+        runStart = position;
     }
+    repaired.append(bytes, runStart);
     return repaired;
 }
 
 bool IsValidUtf8(std::string_view bytes) {
     for (std::size_t position = 0; position < bytes.size();) {
-        if (static_cast<unsigned char>(bytes[position]) < 0x80) {
-            ++position;
-            continue;
-        }
-        const std::size_t length = ReadWellFormed(bytes, position).length;
+        const std::size_t length = WellFormedLength(bytes, position);
         if (length == 0) return false;
         position += length;
     }

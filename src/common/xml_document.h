@@ -15,7 +15,7 @@ namespace tessarin {
 // What the parser reports about a document that is not well-formed.
 struct XmlParseError {
     int line = 0;            // 1-based line of the error
-    int linePosition = 0;    // 1-based position in that line
+    int linePosition = 0;    // 1-based position in that line, in characters
     std::string sourceText;  // the text of that line, as UTF-8
     std::string reason;      // the parser's own words, one line
 };
@@ -44,11 +44,17 @@ class XmlNode {
     void RemoveAttribute(std::string_view name);
     void RemoveAllAttributes();
 
-    // The text of the element and all its descendants, concatenated, white space kept.
+    // The text of the element and all its descendants, concatenated, white space kept:
+    // text, CDATA sections and the replacement text of internal entities (never of external
+    // ones); comments and processing instructions add nothing. Line ends are LF, as the
+    // parser normalised them.
     std::string Text() const;
 
     // Plain relative paths as the program writes them: "Metadata", "Users/User",
-    // "./Topic", "Body/TextBox0", "//note" (any descendant), "*" (any child element).
+    // "./Topic", "Body/TextBox0", "//note" (any descendant of this node, at any depth, not
+    // the whole document), "*" (any child element), "." (this node). Steps combine
+    // ("Topic//note", ".//User"); names compare exactly, with their namespace prefix.
+    // Matches come in document order.
     XmlNode SelectSingleNode(std::string_view path) const;
     std::vector<XmlNode> SelectNodes(std::string_view path) const;
 
@@ -56,10 +62,16 @@ class XmlNode {
     std::vector<XmlNode> ChildElements() const;
     bool HasChildElements() const;
 
-    // The element serialised as a story file holds it: the start tag with its attributes
-    // in double quotes, the content, the end tag ("<p/>" for an empty element). In text,
-    // "&", "<" and ">" are written as entities and a line feed as CR LF, so that the
-    // parser's line-end normalisation does not show through.
+    // The element serialised as a story file holds it: the start tag with its namespace
+    // declarations and attributes in double quotes, the content, the end tag ("<p/>" for an
+    // element without content). In text, "&", "<" and ">" are written as entities and a
+    // line feed as CR LF, so that the parser's line-end normalisation does not show
+    // through; a CR (which only a character reference can have put there) is written
+    // "&#13;". In attribute values "&", "<" and '"' are entities and tab, LF and CR are
+    // written "&#9;", "&#10;", "&#13;". Other characters are written as UTF-8 characters
+    // (a "&#160;" of the file comes out as U+00A0). An internal entity's reference is
+    // written as its replacement; CDATA sections, comments and processing instructions are
+    // kept, with LF written as CR LF.
     std::string Xml() const;
 
     _xmlNode* raw() const { return node_; }
@@ -69,9 +81,10 @@ class XmlNode {
 };
 
 // An XML document read from a file or from bytes. No network access, no DTD loading, no
-// external entities. A document that declares ISO-8859-1 is read as Windows-1252; one that
-// declares UTF-8 (or nothing) has its stray bytes read as Windows-1252 characters and its
-// surrogate groups joined, as RepairUtf8 does.
+// external entities. A document that declares ISO-8859-1 (or latin1, Windows-1252) is read
+// as Windows-1252; one that declares UTF-8 (or nothing) has its stray bytes read as
+// Windows-1252 characters and its surrogate groups joined, as RepairUtf8 does. UTF-16 and
+// other declared encodings are decoded by the parser itself.
 class XmlDocument {
   public:
     XmlDocument();
@@ -85,8 +98,11 @@ class XmlDocument {
     bool LoadFile(const std::filesystem::path& file);
     bool LoadBytes(std::string_view bytes);
 
-    // Set after a failed load. A file that cannot be read is reported at line 0 with the
-    // reason "cannot read file".
+    // Set after a failed load: the parser's first fatal error (nothing is printed). A file
+    // that cannot be read is reported at line 0, position 0, with the reason "cannot read
+    // file". Documents are parsed within the parser's limits: a nesting beyond the parser's
+    // depth limit (some 256 levels) or an entity expansion out of proportion to the
+    // document is an error.
     const std::optional<XmlParseError>& ParseError() const { return error_; }
 
     // The root element; missing when nothing is loaded.

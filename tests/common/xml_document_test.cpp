@@ -67,7 +67,8 @@ TEST(XmlDocumentEncoding, Utf8OrUndeclaredIsRepaired) {
 
 TEST(XmlDocumentEncoding, OtherEncodingsAreLeftToTheParser) {
     XmlDocument document;
-    ASSERT_TRUE(document.LoadBytes(std::string("\xFF\xFE<\0r\0>\0\xE9\0<\0/\0r\0>\0", 20)));
+    constexpr char kUtf16[] = "\xFF\xFE<\0r\0>\0\xE9\0<\0/\0r\0>\0";  // <r>é</r>
+    ASSERT_TRUE(document.LoadBytes(std::string(kUtf16, sizeof kUtf16 - 1)));
     EXPECT_EQ(document.DocumentElement().Text(), "\xC3\xA9");
     ASSERT_TRUE(document.LoadBytes("<?xml version='1.0' encoding='ISO-8859-15'?><r>\xA4</r>"));
     EXPECT_EQ(document.DocumentElement().Text(), "\xE2\x82\xAC");
