@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "common/clock.h"
+#include "common/date_format.h"
+
+namespace tessarin {
+
+// Reads a date typed or stored in a short date pattern (d, dd, M, MM, MMM, MMMM, y, yy,
+// yyyy; ddd and dddd stand for a day name, which is skipped). Blanks around the text are
+// ignored. Day and month numbers take one or two digits, years one to four; a year of one
+// or two digits is placed in 1930 to 2029. Month names are those of the language, or the
+// English ones, in any case. A separator of the pattern matches any one character that is
+// neither a letter nor a digit, so "1-2-2024" reads as "1/2/2024" does; quoted text must
+// stand as it is. Nothing when the text does not follow the pattern or names no calendar
+// day.
+std::optional<LocalDateTime> ParseDate(std::string_view text, std::string_view pattern,
+                                       DateLanguage language);
+
+// The same in the user's short date pattern and language.
+std::optional<LocalDateTime> ParseShortDate(std::string_view text);
+
+// The long date form of a date held as short date text; text that is no date is returned
+// as it stands.
+std::string LongDateOfShortDateText(std::string_view text);
+
+}  // namespace tessarin
