@@ -58,8 +58,7 @@ SpanPosition FindSpan(const TextBlock& block, std::size_t offset) {
 }
 
 const CharFormat& FormatInBlock(const TextBlock& block, std::size_t offset) {
-    const SpanPosition position = FindSpan(block, std::min(offset, block.Size() - 1));
-    return block.spans[position.index].format;
+    return block.spans[FindSpan(block, offset).index].format;
 }
 
 void InsertInBlock(TextBlock& block, std::size_t offset, std::u16string_view text,

@@ -36,6 +36,7 @@ struct SpanPosition {
 };
 SpanPosition FindSpan(const TextBlock& block, std::size_t offset);
 
+// The format at an offset below the block's size.
 const CharFormat& FormatInBlock(const TextBlock& block, std::size_t offset);
 
 // Inserts text at an offset; spans give its formats and cover it exactly, with neighbours

@@ -37,11 +37,4 @@ std::pair<std::size_t, std::size_t> BlockLengthIndex::Locate(std::size_t positio
     return {block, position};
 }
 
-std::size_t BlockLengthIndex::StartOf(std::size_t block) const {
-    std::size_t sum = 0;
-    for (std::size_t i = block; i > 0; i -= i & (~i + 1))
-        sum += tree_[i];
-    return sum;
-}
-
 }  // namespace tessarin

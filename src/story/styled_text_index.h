@@ -17,8 +17,6 @@ class BlockLengthIndex {
 
     // The block holding a position below the total, and the position's offset in it.
     std::pair<std::size_t, std::size_t> Locate(std::size_t position) const;
-    // The position of a block's first unit.
-    std::size_t StartOf(std::size_t block) const;
 
   private:
     std::vector<std::size_t> tree_;  // 1-based: tree_[i] sums a stretch of blocks ending at i
