@@ -18,8 +18,10 @@ bool IsNameCharacter(char character) {
     return std::isalpha(byte) != 0 || byte >= 0x80 || character == '.';
 }
 
+// Anything but a letter or a digit, the point included ("1.3.2025").
 bool IsSeparator(char character) {
-    return !IsDigit(character) && !IsNameCharacter(character);
+    const auto byte = static_cast<unsigned char>(character);
+    return std::isalnum(byte) == 0 && byte < 0x80;
 }
 
 std::string AsciiLower(std::string_view text) {

@@ -13,10 +13,10 @@ namespace tessarin {
 // yyyy; ddd and dddd stand for a day name, which is skipped). Blanks around the text are
 // ignored. Day and month numbers take one or two digits, years one to four; a year of one
 // or two digits is placed in 1930 to 2029. Month names are those of the language, or the
-// English ones, in any case. A separator of the pattern matches any one character that is
-// neither a letter nor a digit, so "1-2-2024" reads as "1/2/2024" does; quoted text must
-// stand as it is. Nothing when the text does not follow the pattern or names no calendar
-// day.
+// English ones, with their ASCII letters in any case. A separator of the pattern matches
+// any one character that is neither a letter nor a digit, so "1-2-2024" and "1.2.2024" read
+// as "1/2/2024" does; quoted text must stand as it is. Nothing when the text does not
+// follow the pattern or names no calendar day.
 std::optional<LocalDateTime> ParseDate(std::string_view text, std::string_view pattern,
                                        DateLanguage language);
 
