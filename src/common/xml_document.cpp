@@ -11,12 +11,14 @@
 #include "common/file_io.h"
 #include "common/utf8.h"
 #include "common/windows1252.h"
+#include "common/xml_serialise.h"
 
 namespace tessarin {
 
 namespace {
 
 constexpr std::string_view kUtf8ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf8Declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
 
 std::string_view TrimBlanks(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r\n";
@@ -84,6 +86,18 @@ ParserInput PrepareInput(std::string_view bytes) {
         return {RepairUtf8(bytes), true};
     }
     return {std::string(bytes), false};
+}
+
+// Whether the bytes hold a three-byte surrogate group, the form in which older story files
+// declared UTF-8 carry a character outside the Basic Multilingual Plane.
+bool HoldsSurrogateGroups(std::string_view bytes) {
+    for (std::size_t position = bytes.find('\xED'); position != std::string_view::npos;
+         position = bytes.find('\xED', position + 1)) {
+        if (position + 1 < bytes.size() &&
+            (static_cast<unsigned char>(bytes[position + 1]) & 0xE0) == 0xA0)
+            return true;
+    }
+    return false;
 }
 
 // The line (1-based, lines end in LF) of the text, without its CR LF, as UTF-8.
@@ -166,13 +180,16 @@ XmlDocument::~XmlDocument() {
 }
 
 XmlDocument::XmlDocument(XmlDocument&& other) noexcept
-    : doc_(std::exchange(other.doc_, nullptr)), error_(std::move(other.error_)) {}
+    : doc_(std::exchange(other.doc_, nullptr)),
+      error_(std::move(other.error_)),
+      saveForm_(std::move(other.saveForm_)) {}
 
 XmlDocument& XmlDocument::operator=(XmlDocument&& other) noexcept {
     if (this != &other) {
         if (doc_ != nullptr) xmlFreeDoc(doc_);
         doc_ = std::exchange(other.doc_, nullptr);
         error_ = std::move(other.error_);
+        saveForm_ = std::move(other.saveForm_);
     }
     return *this;
 }
@@ -204,7 +221,10 @@ bool XmlDocument::LoadBytes(std::string_view bytes) {
                                  kParseOptions | (input.isUtf8 ? XML_PARSE_IGNORE_ENC : 0));
         xmlFreeParserCtxt(context);
     }
-    if (doc_ != nullptr && xmlDocGetRootElement(doc_) != nullptr) return true;
+    if (doc_ != nullptr && xmlDocGetRootElement(doc_) != nullptr) {
+        saveForm_ = SaveFormOf(bytes, input.isUtf8);
+        return true;
+    }
     if (doc_ != nullptr) {
         xmlFreeDoc(doc_);
         doc_ = nullptr;
@@ -218,6 +238,57 @@ bool XmlDocument::LoadBytes(std::string_view bytes) {
 
 XmlNode XmlDocument::DocumentElement() const {
     return XmlNode(doc_ != nullptr ? xmlDocGetRootElement(doc_) : nullptr);
+}
+
+XmlDocument::SaveForm XmlDocument::SaveFormOf(std::string_view bytes, bool readAsUtf8) {
+    SaveForm form;
+    form.byteOrderMark = bytes.starts_with(kUtf8ByteOrderMark);
+    if (form.byteOrderMark) bytes.remove_prefix(kUtf8ByteOrderMark.size());
+    if (!readAsUtf8) {
+        form.byteOrderMark = false;
+        form.declaration = kUtf8Declaration;
+        return form;
+    }
+    const std::size_t declarationEnd = bytes.starts_with("<?xml") ? bytes.find("?>") : bytes.npos;
+    if (declarationEnd != std::string_view::npos)
+        form.declaration = bytes.substr(0, declarationEnd + 2);
+    if (IsWindows1252Family(DeclaredEncoding(bytes))) {
+        form.encoding = SavedEncoding::Windows1252;
+    } else if (HoldsSurrogateGroups(bytes)) {
+        form.encoding = SavedEncoding::Utf8WithSurrogateGroups;
+    }
+    return form;
+}
+
+std::string XmlDocument::SaveBytes() const {
+    if (doc_ == nullptr) return {};
+    const XmlWriteForm form = saveForm_.encoding == SavedEncoding::Windows1252
+                                  ? XmlWriteForm::StoryFileWindows1252
+                                  : XmlWriteForm::StoryFile;
+    std::string text = saveForm_.declaration;
+    if (!text.empty()) text += "\r\n";
+    for (const xmlNode* node = doc_->children; node != nullptr; node = node->next) {
+        if (node->type != XML_ELEMENT_NODE && node->type != XML_COMMENT_NODE &&
+            node->type != XML_PI_NODE) {
+            continue;
+        }
+        AppendNodeXml(node, form, text);
+        text += "\r\n";
+    }
+    switch (saveForm_.encoding) {
+        case SavedEncoding::Windows1252:
+            return Utf8ToWindows1252(text);
+        case SavedEncoding::Utf8WithSurrogateGroups:
+            text = EncodeUtf8Bytes(Utf8ToUtf16(text));
+            break;
+        case SavedEncoding::Utf8:
+            break;
+    }
+    return saveForm_.byteOrderMark ? std::string(kUtf8ByteOrderMark) + text : text;
+}
+
+bool XmlDocument::SaveFile(const std::filesystem::path& file) const {
+    return doc_ != nullptr && WriteFileAtomically(file, SaveBytes());
 }
 
 }  // namespace tessarin

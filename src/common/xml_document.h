@@ -74,6 +74,29 @@ class XmlNode {
     // kept, with LF written as CR LF.
     std::string Xml() const;
 
+    // Editing, as the export writers change a story before saving it back. Names are
+    // element and attribute names as a story file writes them. Text and attribute values are
+    // UTF-8; bytes that are not are read as Windows-1252 characters, and characters that an
+    // XML document cannot hold (control characters other than tab, LF and CR) are left out.
+
+    // Takes the element, with everything below it, out of its document. This handle becomes
+    // missing; other handles on the element or below it must not be used any more. A
+    // missing node or the document's root element is left alone.
+    void Remove();
+
+    // Appends a new, empty child element after everything the element holds (text
+    // included) and returns it; missing when this node is missing.
+    XmlNode AppendElement(std::string_view name);
+
+    // The first child element of that name, else a new one appended as above.
+    XmlNode FindOrAppendElement(std::string_view name);
+
+    // Sets the attribute, adding it after the others when it is new.
+    void SetAttribute(std::string_view name, std::string_view value);
+
+    // Replaces everything the element holds by the text (nothing when it is empty).
+    void SetText(std::string_view text);
+
     _xmlNode* raw() const { return node_; }
 
   private:
@@ -108,9 +131,42 @@ class XmlDocument {
     // The root element; missing when nothing is loaded.
     XmlNode DocumentElement() const;
 
+    // The whole document as a story file holds it, so that a document loaded from a story
+    // file and left unchanged gives the file's bytes back: the XML declaration as it was
+    // written (a byte-order mark before it kept), then the comments, processing
+    // instructions and the root element at the top level, each followed by CR LF. Inside,
+    // elements are written as Xml() does, except that text and attribute values use the
+    // five entities of a story file ("&amp;", "&quot;", "&apos;", "&lt;", "&gt;") and a
+    // non-breaking space is written "&#160;". A document declared ISO-8859-1 (or latin1,
+    // Windows-1252) is written in Windows-1252, with a character reference for a character
+    // of text or attribute that the code page lacks ("?" in a comment or processing
+    // instruction); one declared UTF-8, or nothing, in UTF-8, with each character outside
+    // the Basic Multilingual Plane as two three-byte surrogate groups when the loaded
+    // bytes held that form. A document in another encoding is written in UTF-8 under the
+    // declaration <?xml version="1.0" encoding="UTF-8"?>. A document type declaration is
+    // not written. Empty when nothing is loaded.
+    std::string SaveBytes() const;
+
+    // Writes SaveBytes() over the file, never leaving it half-written; false when that
+    // fails (nothing loaded, no write permission, no such directory).
+    bool SaveFile(const std::filesystem::path& file) const;
+
   private:
+    // How SaveBytes writes the document back: what the loaded bytes declared.
+    enum class SavedEncoding { Utf8, Utf8WithSurrogateGroups, Windows1252 };
+    struct SaveForm {
+        bool byteOrderMark = false;
+        std::string declaration;  // as written, "?>" included; empty when there was none
+        SavedEncoding encoding = SavedEncoding::Utf8;
+    };
+
+    // The form of loaded bytes; readAsUtf8 tells whether they were given to the parser as
+    // UTF-8 (Windows-1252 or UTF-8 declared, or nothing declared).
+    static SaveForm SaveFormOf(std::string_view bytes, bool readAsUtf8);
+
     _xmlDoc* doc_ = nullptr;
     std::optional<XmlParseError> error_;
+    SaveForm saveForm_;
 };
 
 }  // namespace tessarin

@@ -1,6 +1,12 @@
 #include <libxml/tree.h>
 
+#include <cstdint>
+#include <span>
+
+#include "common/utf8.h"
+#include "common/windows1252.h"
 #include "common/xml_document.h"
+#include "common/xml_serialise.h"
 
 namespace tessarin {
 
@@ -187,10 +193,60 @@ constexpr Replacement kTextReplacements[] = {
 constexpr Replacement kAttributeReplacements[] = {{'&', "&amp;"}, {'<', "&lt;"},   {'"', "&quot;"},
                                                   {'\t', "&#9;"}, {'\n', "&#10;"}, {'\r', "&#13;"}};
 
-template <std::size_t count>
-void AppendReplacing(std::string_view text, const Replacement (&replacements)[count],
-                     std::string& out) {
-    for (const char c : text) {
+// A story file escapes every value with the five entities.
+constexpr Replacement kStoryTextReplacements[] = {{'&', "&amp;"}, {'"', "&quot;"}, {'\'', "&apos;"},
+                                                  {'<', "&lt;"},  {'>', "&gt;"},   {'\r', "&#13;"},
+                                                  {'\n', "\r\n"}};
+constexpr Replacement kStoryAttributeReplacements[] = {
+    {'&', "&amp;"}, {'"', "&quot;"}, {'\'', "&apos;"}, {'<', "&lt;"},
+    {'>', "&gt;"},  {'\t', "&#9;"},  {'\n', "&#10;"},  {'\r', "&#13;"}};
+
+// What happens to the characters beyond ASCII of text and attribute values.
+enum class WideCharacters { Kept, StoryFile, StoryFileWindows1252 };
+
+struct WriteRules {
+    std::span<const Replacement> text;
+    std::span<const Replacement> attribute;
+    WideCharacters wide;
+};
+
+WriteRules RulesOf(XmlWriteForm form) {
+    switch (form) {
+        case XmlWriteForm::StoryFile:
+            return {kStoryTextReplacements, kStoryAttributeReplacements, WideCharacters::StoryFile};
+        case XmlWriteForm::StoryFileWindows1252:
+            return {kStoryTextReplacements, kStoryAttributeReplacements,
+                    WideCharacters::StoryFileWindows1252};
+        case XmlWriteForm::Element:
+            break;
+    }
+    return {kTextReplacements, kAttributeReplacements, WideCharacters::Kept};
+}
+
+void AppendCharacterReference(char32_t codePoint, std::string& out) {
+    out += "&#";
+    out += std::to_string(static_cast<std::uint32_t>(codePoint));
+    out += ';';
+}
+
+// The text with its replacements; the parser's text is UTF-8, so characters beyond ASCII
+// are read whole when the rules have something to say about them.
+void AppendReplacing(std::string_view text, std::span<const Replacement> replacements,
+                     WideCharacters wide, std::string& out) {
+    for (std::size_t position = 0; position < text.size();) {
+        const char c = text[position];
+        if (static_cast<unsigned char>(c) >= 0x80 && wide != WideCharacters::Kept) {
+            const LenientCharacter character = ReadLenientCharacter(text, position);
+            const bool lacking = wide == WideCharacters::StoryFileWindows1252 &&
+                                 CodePointToWindows1252(character.codePoint) < 0;
+            if (character.codePoint == 0xA0 || lacking) {
+                AppendCharacterReference(character.codePoint, out);
+            } else {
+                out.append(text.substr(position, character.length));
+            }
+            position += character.length;
+            continue;
+        }
         const Replacement* found = nullptr;
         for (const Replacement& replacement : replacements) {
             if (replacement.character == c) found = &replacement;
@@ -200,12 +256,13 @@ void AppendReplacing(std::string_view text, const Replacement (&replacements)[co
         } else {
             out += c;
         }
+        ++position;
     }
 }
 
-void AppendXml(const xmlNode* first, std::string& out);
+void AppendXml(const xmlNode* first, const WriteRules& rules, std::string& out);
 
-void AppendElementXml(const xmlNode* element, std::string& out) {
+void AppendElementXml(const xmlNode* element, const WriteRules& rules, std::string& out) {
     const std::string name = QualifiedName(element->ns, element->name);
     out += '<';
     out += name;
@@ -213,7 +270,7 @@ void AppendElementXml(const xmlNode* element, std::string& out) {
         out += ns->prefix == nullptr ? " xmlns" : " xmlns:";
         out.append(View(ns->prefix));
         out += "=\"";
-        AppendReplacing(View(ns->href), kAttributeReplacements, out);
+        AppendReplacing(View(ns->href), rules.attribute, rules.wide, out);
         out += '"';
     }
     for (const xmlAttr* attribute = element->properties; attribute != nullptr;
@@ -221,7 +278,7 @@ void AppendElementXml(const xmlNode* element, std::string& out) {
         out += ' ';
         out += QualifiedName(attribute->ns, attribute->name);
         out += "=\"";
-        AppendReplacing(AttributeValue(attribute), kAttributeReplacements, out);
+        AppendReplacing(AttributeValue(attribute), rules.attribute, rules.wide, out);
         out += '"';
     }
     if (element->children == nullptr) {
@@ -229,45 +286,48 @@ void AppendElementXml(const xmlNode* element, std::string& out) {
         return;
     }
     out += '>';
-    AppendXml(element->children, out);
+    AppendXml(element->children, rules, out);
     out += "</";
     out += name;
     out += '>';
 }
 
-void AppendXml(const xmlNode* first, std::string& out) {
-    for (const xmlNode* node = first; node != nullptr; node = node->next) {
-        switch (node->type) {
-            case XML_ELEMENT_NODE:
-                AppendElementXml(node, out);
-                break;
-            case XML_TEXT_NODE:
-                AppendReplacing(View(node->content), kTextReplacements, out);
-                break;
-            case XML_CDATA_SECTION_NODE:
-                out += "<![CDATA[";
-                AppendReplacing(View(node->content), kLineEnds, out);
-                out += "]]>";
-                break;
-            case XML_COMMENT_NODE:
-                out += "<!--";
-                AppendReplacing(View(node->content), kLineEnds, out);
-                out += "-->";
-                break;
-            case XML_PI_NODE:
-                out += "<?";
-                out.append(View(node->name));
-                if (!View(node->content).empty()) out += ' ';
-                AppendReplacing(View(node->content), kLineEnds, out);
-                out += "?>";
-                break;
-            case XML_ENTITY_REF_NODE:
-                AppendXml(InternalEntityContent(node), out);
-                break;
-            default:
-                break;
-        }
+void AppendOneNode(const xmlNode* node, const WriteRules& rules, std::string& out) {
+    switch (node->type) {
+        case XML_ELEMENT_NODE:
+            AppendElementXml(node, rules, out);
+            break;
+        case XML_TEXT_NODE:
+            AppendReplacing(View(node->content), rules.text, rules.wide, out);
+            break;
+        case XML_CDATA_SECTION_NODE:
+            out += "<![CDATA[";
+            AppendReplacing(View(node->content), kLineEnds, WideCharacters::Kept, out);
+            out += "]]>";
+            break;
+        case XML_COMMENT_NODE:
+            out += "<!--";
+            AppendReplacing(View(node->content), kLineEnds, WideCharacters::Kept, out);
+            out += "-->";
+            break;
+        case XML_PI_NODE:
+            out += "<?";
+            out.append(View(node->name));
+            if (!View(node->content).empty()) out += ' ';
+            AppendReplacing(View(node->content), kLineEnds, WideCharacters::Kept, out);
+            out += "?>";
+            break;
+        case XML_ENTITY_REF_NODE:
+            AppendXml(InternalEntityContent(node), rules, out);
+            break;
+        default:
+            break;
     }
+}
+
+void AppendXml(const xmlNode* first, const WriteRules& rules, std::string& out) {
+    for (const xmlNode* node = first; node != nullptr; node = node->next)
+        AppendOneNode(node, rules, out);
 }
 
 }  // namespace
@@ -328,8 +388,12 @@ bool XmlNode::HasChildElements() const {
 
 std::string XmlNode::Xml() const {
     std::string xml;
-    if (node_ != nullptr) AppendElementXml(node_, xml);
+    if (node_ != nullptr) AppendElementXml(node_, RulesOf(XmlWriteForm::Element), xml);
     return xml;
+}
+
+void AppendNodeXml(const _xmlNode* node, XmlWriteForm form, std::string& out) {
+    if (node != nullptr) AppendOneNode(node, RulesOf(form), out);
 }
 
 }  // namespace tessarin
