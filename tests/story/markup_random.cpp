@@ -12,7 +12,8 @@ constexpr std::array<std::u16string_view, 30> kWildPieces = {
     u"\"",         u"\u0153", u"\u0152", u"\u20AC", u"\u00E9", u"\u00A0", u",",    u"l'a",
     u"\U0001F600", u"\r",     u"\n",     u";",      u"<p/>",   u"\u2019"};
 
-constexpr std::array<std::u16string_view, 16> kTidyWords = {u"le",
+// The last two words are outside the 8-bit code page.
+constexpr std::array<std::u16string_view, 17> kTidyWords = {u"le",
                                                             u"mot",
                                                             u"porte-avions",
                                                             u"l'homme",
@@ -25,9 +26,10 @@ constexpr std::array<std::u16string_view, 16> kTidyWords = {u"le",
                                                             u"\"x\"",
                                                             u"a\u00B7b",
                                                             u"\u2019",
-                                                            u"\U0001F600",
                                                             u"1,5",
-                                                            u"x\ty"};
+                                                            u"x\ty",
+                                                            u"\U0001F600",
+                                                            u"\u0101"};
 
 }  // namespace
 
@@ -86,7 +88,7 @@ CharFormat RandomStoryText::TidyFormat() {
     return format;
 }
 
-StyledText RandomStoryText::Tidy(std::size_t pieces) {
+StyledText RandomStoryText::Tidy(std::size_t pieces, bool utf8) {
     StyledText text;
     for (std::size_t piece = 0; piece < pieces; ++piece) {
         if (piece > 0) {
@@ -102,8 +104,9 @@ StyledText RandomStoryText::Tidy(std::size_t pieces) {
             }
             text.Insert(text.Length(), u" ", TidyFormat());
         }
-        text.Insert(text.Length(), kTidyWords[static_cast<std::size_t>(Number(kTidyWords.size()))],
-                    TidyFormat());
+        const std::u16string_view word = kTidyWords[static_cast<std::size_t>(
+            Number(utf8 ? kTidyWords.size() : kTidyWords.size() - 2))];
+        text.Insert(text.Length(), word, TidyFormat());
     }
     return text;
 }

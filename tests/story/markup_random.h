@@ -20,8 +20,9 @@ class RandomStoryText {
 
     // Text as an editor holds it after reading a story: line breaks and their neighbours
     // unformatted, no blank at either end, no raw non-breaking space, no ";" (so that no
-    // entity name can be typed), notes without line breaks.
-    StyledText Tidy(std::size_t pieces);
+    // entity name can be typed), notes without line breaks. Characters outside 8 bits only
+    // for a story saved in UTF-8.
+    StyledText Tidy(std::size_t pieces, bool utf8);
 
     // A caption with blanks and tabs but no markup.
     std::string Caption();

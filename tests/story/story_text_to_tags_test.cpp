@@ -157,6 +157,10 @@ TEST(NestInlineTags, RepairsOnlyCrossings) {
     EXPECT_EQ(nest(u"<inter1><b><i>x</inter1>y</i></b>"),
               u"<inter1><b><i>x</i></b></inter1><b><i>y</i></b>");
     EXPECT_EQ(nest(u"<note><u>a</note><p/>b</u>"), u"<note><u>a</u></note><u><p/>b</u>");
+    // A tag opened right before the crossing moves behind it.
+    EXPECT_EQ(nest(u"<note>JD<b><sup></note> x</sup></b>"), u"<note>JD</note><b><sup> x</sup></b>");
+    EXPECT_EQ(nest(u"<note><b>x<sup></note> y</sup></b>"),
+              u"<note><b>x</b></note><b><sup> y</sup></b>");
     // Stray and unclosed tags; other tags are text.
     EXPECT_EQ(nest(u"x</b>y<i>z"), u"xy<i>z</i>");
     EXPECT_EQ(nest(u"<tab/><p/></sup>&lt;"), u"<tab/><p/>&lt;");
