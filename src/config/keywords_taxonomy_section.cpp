@@ -5,6 +5,7 @@
 
 #include "common/number_parse.h"
 #include "common/reading_idiom.h"
+#include "config/numbered_name.h"
 #include "config/text_trim.h"
 
 namespace tessarin {
@@ -21,14 +22,15 @@ void ReadCategory(const XmlNode& element, TreeNode* root, Configuration& configu
     const std::string index = element.Attribute("CategoryIndex");
     if (!IsNumeric(index) || element.Attribute("Visible") == "false") return;
     configuration.keywordsOn = true;
-    const std::string number = std::to_string(ParseLeadingInteger(index));
-    if (!root || tree.Find("K" + number)) return;
+    const std::int32_t number = ParseLeadingInteger(index);
+    const std::string key = NumberedName("K", number);
+    if (!root || tree.Find(key)) return;
     TreeNode category;
-    category.key = "K" + number;
+    category.key = key;
     category.text = element.Attribute("Name");
     // A missing Mandatory marks the category mandatory too; only "false" does not.
     if (element.Attribute("Mandatory") != "false") category.text += " [*]";
-    category.tag = number;
+    category.tag = std::to_string(number);
     category.expanded = true;
     tree.Add(root, std::move(category));
 }
@@ -45,7 +47,7 @@ void ReadTopics(const XmlNode& parentElement, TreeNode& parentNode, TreeModel& t
     int running = 0;
     for (const XmlNode& element : parentElement.SelectNodes("./Topic")) {
         TreeNode topic;
-        topic.key = parentNode.key + "/" + std::to_string(++running);
+        topic.key = NumberedName(parentNode.key + "/", ++running);
         topic.text = TopicText(element);
         topic.tag = element.Attribute("FormalName");
         const bool hasChildren = element.HasChildElements();

@@ -6,6 +6,7 @@
 
 #include "common/number_parse.h"
 #include "common/reading_idiom.h"
+#include "config/numbered_name.h"
 
 namespace tessarin {
 namespace {
@@ -166,7 +167,7 @@ StoryForm ReadForm(const XmlNode& element) {
     form.minImages = NumberOr(element.Attribute("MinImages"), 0);
     form.maxImages = NumberOr(element.Attribute("MaxImages"), -1);
     for (int box = 0; box < kTextBoxCount; ++box) {
-        const std::string key = "NumberOfChars" + std::to_string(box + 1);
+        const std::string key = NumberedName("NumberOfChars", box + 1);
         form.characterLimits[box] = ReadCharacterLimit(element.Attribute(key));
     }
     return form;
@@ -176,7 +177,7 @@ StoryForm ReadForm(const XmlNode& element) {
 void ReadImageSizes(const XmlNode& element, const StoryForm& form,
                     std::vector<ImageSizeRow>& table) {
     for (std::int32_t image = 1; image <= form.maxImages; ++image) {
-        const std::string key = "ImageSize" + std::to_string(image);
+        const std::string key = NumberedName("ImageSize", image);
         if (!element.HasAttribute(key)) continue;
         table.push_back({form.name, ParseLeadingInteger(element.Attribute(key))});
     }

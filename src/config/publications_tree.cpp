@@ -3,6 +3,7 @@
 #include <string>
 
 #include "config/configuration_error.h"
+#include "config/numbered_name.h"
 
 namespace tessarin {
 namespace {
@@ -18,7 +19,7 @@ class PublicationsBuilder {
 
     void AddPublication(const XmlNode& element) {
         if (LeftOut(element)) return;
-        TreeNode& node = Add(nullptr, element, "P" + std::to_string(++publications_), "P");
+        TreeNode& node = Add(nullptr, element, NumberedName("P", ++publications_), "P");
         for (const XmlNode& child : element.SelectNodes("Classification")) {
             AddClassification(child, node);
         }
@@ -56,7 +57,7 @@ class PublicationsBuilder {
         if (LeftOut(element)) return;
         const std::string letter = TypeLetter(element.Attribute("Type"));
         const OleColour colour = letter == "L" ? localColour_ : generalColour_;
-        TreeNode& node = AddColoured(publication, element, "C" + std::to_string(++classifications_),
+        TreeNode& node = AddColoured(publication, element, NumberedName("C", ++classifications_),
                                      "C" + letter, colour);
         for (const XmlNode& child : element.SelectNodes("Section")) {
             AddSection(child, node, colour);
@@ -66,7 +67,7 @@ class PublicationsBuilder {
     void AddSection(const XmlNode& element, TreeNode& classification, OleColour colour) {
         if (LeftOut(element)) return;
         TreeNode& node =
-            AddColoured(classification, element, "S" + std::to_string(++sections_), "S", colour);
+            AddColoured(classification, element, NumberedName("S", ++sections_), "S", colour);
         for (const XmlNode& child : element.SelectNodes("SubSection")) {
             AddSubSection(child, node, colour);
         }
@@ -77,7 +78,7 @@ class PublicationsBuilder {
         std::string code = element.Attribute("Code1");
         const std::string code2 = element.Attribute("Code2");
         if (!code2.empty()) code += "/" + code2;
-        AddColoured(section, element, "T" + std::to_string(++subSections_), "T" + code, colour);
+        AddColoured(section, element, NumberedName("T", ++subSections_), "T" + code, colour);
     }
 
     bool allPublications_;

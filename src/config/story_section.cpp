@@ -2,6 +2,7 @@
 
 #include "common/number_parse.h"
 #include "common/reading_idiom.h"
+#include "config/numbered_name.h"
 #include "config/text_trim.h"
 
 namespace tessarin {
@@ -63,7 +64,7 @@ void ReadNewsServices(const XmlNode& section, NewsServicesSettings& settings, Wi
         if (settings.services.size() == kMaxNewsServices) break;
         NewsServiceEntry entry = ReadNewsService(element);
         TreeNode item;
-        item.key = "k" + std::to_string(settings.services.size() + 1);
+        item.key = NumberedName("k", static_cast<long long>(settings.services.size()) + 1);
         item.text = entry.name;
         item.tag = entry.repositories;
         menu.Add(nullptr, std::move(item));
@@ -110,11 +111,11 @@ void ReadTextBox(const XmlNode& element, int index, TextBoxSettings& settings,
 }  // namespace
 
 std::string TextBoxControlName(int index) {
-    return "TextBox" + std::to_string(index);
+    return NumberedName("TextBox", index);
 }
 
 std::string TextBoxLabelName(int index) {
-    return "lblTextBox" + std::to_string(index);
+    return NumberedName("lblTextBox", index);
 }
 
 std::string WithTrailingSeparator(std::string_view directory) {
@@ -133,7 +134,7 @@ void ReadStoryAndNewsServices(const XmlNode& story, const XmlNode& newsServices,
     ReadNotes(story.SelectSingleNode("Notes"), settings.notes, window);
     ReadNewsServices(newsServices, configuration.newsServices, window);
     for (int index = 0; index < kTextBoxCount; ++index) {
-        const XmlNode element = story.SelectSingleNode("TextBox" + std::to_string(index + 1));
+        const XmlNode element = story.SelectSingleNode(NumberedName("TextBox", index + 1));
         ReadTextBox(element, index, settings.textBoxes[index], window);
     }
 }
