@@ -1,0 +1,221 @@
+#include "story/save_story.h"
+
+#include <gtest/gtest.h>
+
+#include "common/scoped_environment.h"
+#include "story/story_file_writer.h"
+#include "story_save_fixture.h"
+#include "support/temp_dir.h"
+
+namespace tessarin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadBytes;
+using testing::ScopedEnvironment;
+using testing::StorySaveFixture;
+using testing::TempDir;
+
+constexpr LocalDateTime kNow{2025, 2, 20, 9, 30, 0};
+
+class SaveStoryTest : public ::testing::Test {
+  protected:
+    SaveStoryTest() {
+        for (const auto& [key, text] : std::initializer_list<std::pair<const char*, const char*>>{
+                 {"MandatoryField", "Mandatory field"},
+                 {"EmptyStory", "Empty story:"},
+                 {"ReadOnlyStory", "Read only story"},
+                 {"ReadOnlyStorySave", "Save with a new name ?"},
+                 {"SavedStory", "Saved story"},
+                 {"NotSavedStory", "Not saved story"},
+                 {"StoryBackupLabel", "Backup story"}}) {
+            fixture_.configuration.messages.Set(key, text);
+        }
+    }
+
+    SaveResult Save(bool unattended = false, std::function<bool()> saveAs = {}) {
+        StoryContext context = fixture_.Context();
+        return SaveStory(story_, context,
+                         {directory_.path(), "story.xml", unattended, std::move(saveAs)});
+    }
+
+    // The bytes a save at kNow writes for the story as it stands before the save.
+    std::string ExpectedBytes(const StoryRecord& story, std::string_view name = "story.xml") {
+        return ComposeStoryFile(story, fixture_.Context(), name, kNow);
+    }
+
+    fs::path StoryFile() const { return directory_ / "story.xml"; }
+
+    ScopedEnvironment now_{"TESSARIN_NOW", "2025-02-20T09:30:00"};
+    ScopedEnvironment shortDate_{"TESSARIN_SHORT_DATE", "dd/MM/yyyy"};
+    ScopedEnvironment longDate_{"TESSARIN_LONG_DATE", "dddd d MMMM yyyy"};
+    TempDir directory_;
+    StorySaveFixture fixture_;
+    StoryRecord story_ = StorySaveFixture::OneWordStory();
+};
+
+TEST_F(SaveStoryTest, WritesTheFileTellsTheTimeAndStampsTheStory) {
+    const std::string expected = ExpectedBytes(story_);
+    const SaveResult result = Save();
+    EXPECT_EQ(result.outcome, SaveOutcome::Saved);
+    EXPECT_EQ(ReadBytes(StoryFile()), expected);
+    EXPECT_EQ(fixture_.window.Status().text,
+              "09:30 - Saved story: " + (directory_.path() / "story.xml").string());
+    EXPECT_FALSE(fixture_.window.Status().errorPicture);
+    EXPECT_EQ(story_.creation, (StoryTimestamp{"20/02/2025", "09:30"}));
+    EXPECT_EQ(story_.lastSave, (StoryTimestamp{"20/02/2025", "09:30"}));
+    EXPECT_TRUE(fixture_.user.questions.empty());
+    EXPECT_TRUE(fixture_.user.messages.empty());
+    EXPECT_EQ(result.backup, fs::path());
+    // A creation date that is there stays.
+    story_.creation = {"01/01/2025", "07:00"};
+    Save();
+    EXPECT_EQ(story_.creation, (StoryTimestamp{"01/01/2025", "07:00"}));
+}
+
+TEST_F(SaveStoryTest, MissingMandatoryFieldRefusesAndLeavesTheOldFileWhole) {
+    directory_.Write("story.xml", "old version");
+    AppendTagWord(fixture_.window.Control("lblAuthor"), "mandatory");
+    const SaveResult result = Save();
+    EXPECT_EQ(result.outcome, SaveOutcome::MandatoryFieldMissing);
+    EXPECT_EQ(result.message, "Author: Mandatory field");
+    EXPECT_EQ(result.field, "lblTxtAuthor");
+    EXPECT_EQ(ReadBytes(StoryFile()), "old version");
+    EXPECT_EQ(fixture_.window.Status().text, "Author: Mandatory field");
+    EXPECT_TRUE(fixture_.window.Status().errorPicture);
+    EXPECT_EQ(fixture_.user.messages, std::vector<std::string>{"Author: Mandatory field"});
+    EXPECT_TRUE(story_.lastSave.Empty());
+}
+
+TEST_F(SaveStoryTest, ColdStoryAndAutomaticSaveSkipTheMandatoryChecks) {
+    AppendTagWord(fixture_.window.Control("lblAuthor"), "mandatory");
+    EXPECT_EQ(Save(true).outcome, SaveOutcome::Saved);
+    story_.coldStory = true;
+    EXPECT_EQ(Save().outcome, SaveOutcome::Saved);
+    EXPECT_TRUE(fixture_.user.messages.empty());
+}
+
+TEST_F(SaveStoryTest, EmptyStoryIsNeverWritten) {
+    story_ = StoryRecord{};
+    story_.author = "Jean";
+    const SaveResult result = Save();
+    EXPECT_EQ(result.outcome, SaveOutcome::EmptyStory);
+    EXPECT_EQ(result.message, "Empty story:");
+    EXPECT_FALSE(fs::exists(StoryFile()));
+    EXPECT_EQ(fixture_.window.Status().text, "Empty story:");
+    EXPECT_EQ(fixture_.window.beeps, 1);
+    // Empty even when the old file is there: it stays as it was.
+    directory_.Write("story.xml", "old version");
+    EXPECT_EQ(Save().outcome, SaveOutcome::EmptyStory);
+    EXPECT_EQ(ReadBytes(StoryFile()), "old version");
+}
+
+TEST_F(SaveStoryTest, ReadOnlyFileAsksAndLeadsToSaveAs) {
+    directory_.Write("story.xml", "locked version");
+    fs::permissions(StoryFile(), fs::perms::owner_read | fs::perms::group_read);
+    int saveAsRuns = 0;
+    const auto saveAs = [&saveAsRuns] { return ++saveAsRuns > 0; };
+
+    fixture_.user.QueueAnswer(Answer::No);
+    SaveResult result = Save(false, saveAs);
+    EXPECT_EQ(result.outcome, SaveOutcome::ReadOnly);
+    EXPECT_FALSE(result.savedUnderNewName);
+    EXPECT_EQ(saveAsRuns, 0);
+    ASSERT_EQ(fixture_.user.questions.size(), 1u);
+    EXPECT_EQ(fixture_.user.questions[0],
+              StoryFile().string() + "\nRead only story\n\nSave with a new name ?");
+
+    fixture_.user.QueueAnswer(Answer::Yes);
+    result = Save(false, saveAs);
+    EXPECT_EQ(result.outcome, SaveOutcome::ReadOnly);
+    EXPECT_TRUE(result.savedUnderNewName);
+    EXPECT_EQ(saveAsRuns, 1);
+    EXPECT_EQ(ReadBytes(StoryFile()), "locked version");
+}
+
+TEST_F(SaveStoryTest, BackupKeepsTheNextToLastVersion) {
+    fixture_.preferences.BackupStories = true;
+    const std::string first = ExpectedBytes(story_);
+    Save();
+    EXPECT_FALSE(fs::exists(directory_ / "story.bml"));  // a first save has nothing to keep
+    story_.author = "Jean";
+    const std::string second = ExpectedBytes(story_);
+    const SaveResult result = Save();
+    EXPECT_EQ(result.backup, directory_ / "story.bml");
+    EXPECT_EQ(ReadBytes(directory_ / "story.bml"), first);
+    EXPECT_EQ(ReadBytes(StoryFile()), second);
+    story_.author = "Paul";
+    Save();
+    EXPECT_EQ(ReadBytes(directory_ / "story.bml"), second);
+    // The automatic save never touches the backup.
+    story_.author = "Marie";
+    EXPECT_EQ(Save(true).backup, fs::path());
+    EXPECT_EQ(ReadBytes(directory_ / "story.bml"), second);
+}
+
+TEST(BackupStoryName, XmlExtensionInAnyCaseBecomesBml) {
+    EXPECT_EQ(BackupStoryName("story.xml"), "story.bml");
+    EXPECT_EQ(BackupStoryName("STORY.XmL"), "STORY.bml");
+    EXPECT_EQ(BackupStoryName("story.txt"), "story.txt.bml");
+    EXPECT_EQ(BackupStoryName("story"), "story.bml");
+    EXPECT_EQ(BackupStoryName("story.xml.old"), "story.xml.old.bml");
+    EXPECT_EQ(BackupStoryName("story.xmlx"), "story.xmlx.bml");
+}
+
+TEST_F(SaveStoryTest, TrackingCopiesTheLinkedFilesAndTheStory) {
+    WorkflowSettings& workflow = fixture_.configuration.workflow;
+    workflow.TrackingEnabled = true;
+    workflow.TrackingTextsDirectory = (directory_ / "texts").string();
+    workflow.TrackingImagesDirectory = (directory_ / "images").string();
+    fs::create_directories(directory_ / "texts");
+    fs::create_directories(directory_ / "images");
+    const fs::path photo = directory_.Write("photo.jpg", "JPEG");
+    const fs::path plan = directory_.Write("plan.pdf", "PDF");
+    story_.images = {{1, photo.string(), "", "", {}}};
+    story_.files = {{1, plan.string(), ""}};
+
+    // The automatic save leaves the tracking alone.
+    Save(true);
+    EXPECT_FALSE(fs::exists(directory_ / "texts" / "story.xml"));
+    EXPECT_FALSE(fs::exists(directory_ / "images" / "photo.jpg"));
+
+    StoryContext context = fixture_.Context();
+    ASSERT_EQ(SaveStory(story_, context, {directory_.path(), "story.txt", false, {}}).outcome,
+              SaveOutcome::Saved);
+    EXPECT_EQ(ReadBytes(directory_ / "texts" / "story.xml"), ReadBytes(directory_ / "story.txt"));
+    EXPECT_EQ(ReadBytes(directory_ / "images" / "photo.jpg"), "JPEG");
+    EXPECT_EQ(ReadBytes(directory_ / "images" / "plan.pdf"), "PDF");
+}
+
+TEST_F(SaveStoryTest, UnwritableDirectoryIsReported) {
+    StoryContext context = fixture_.Context();
+    const fs::path missing = directory_ / "missing";
+    const SaveResult result = SaveStory(story_, context, {missing, "story.xml", false, {}});
+    EXPECT_EQ(result.outcome, SaveOutcome::WriteFailed);
+    EXPECT_EQ(result.message, "Not saved story: " + (missing / "story.xml").string());
+    EXPECT_EQ(fixture_.user.messages, std::vector<std::string>{result.message});
+    EXPECT_TRUE(story_.lastSave.Empty());
+}
+
+TEST_F(SaveStoryTest, SessionSaveClearsTheModifiedFlagAndRestartsTheCountdown) {
+    ScriptedInteraction user;
+    EditorSession session(MakeAppPaths(directory_ / "app"), user);
+    session.story = story_;
+    session.storyDirectory = directory_.path();
+    session.storyFileName = "story.xml";
+    session.storyModified = true;
+    session.backupCountdown = 0;
+    session.preferences.BackupAutoTime = 5;
+    EXPECT_EQ(SaveSessionStory(session, true).outcome, SaveOutcome::Saved);
+    EXPECT_FALSE(session.storyModified);
+    EXPECT_EQ(session.backupCountdown, 5);
+    EXPECT_TRUE(fs::exists(StoryFile()));
+
+    session.story = StoryRecord{};
+    session.storyModified = true;
+    EXPECT_EQ(SaveSessionStory(session, true).outcome, SaveOutcome::EmptyStory);
+    EXPECT_TRUE(session.storyModified);
+}
+
+}  // namespace
+}  // namespace tessarin
