@@ -1,0 +1,124 @@
+#include "story/story_file_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <system_error>
+
+#include "common/file_io.h"
+#include "common/xml_document.h"
+#include "config/story_section.h"
+#include "story/char_count.h"
+#include "story/story_reader_parts.h"
+#include "story/story_simple_text.h"
+
+namespace tessarin {
+namespace {
+
+constexpr std::string_view kAppName = "Tessarin";
+
+bool StoryFileIsThere(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error);
+}
+
+std::string ParseErrorQuestion(const std::filesystem::path& path, const XmlParseError& error,
+                               const MessageTexts& messages) {
+    return "Parsing error: \n" + path.string() + "\nline: " + std::to_string(error.line) +
+           ", pos: " + std::to_string(error.linePosition) + "\n" + error.sourceText + "\n" +
+           error.reason + "\n" + messages.Message("ReadAsSimpleText");
+}
+
+std::string ForeignStoryQuestion(const std::filesystem::path& path, const MessageTexts& messages) {
+    return messages.Message("InvalidStory") + ":\n" + path.string() + "\n\n" +
+           messages.Message("ReadAsSimpleText");
+}
+
+StoryReadOutcome OfferSimpleText(const std::string& question, const std::filesystem::path& path,
+                                 const StoryContext& context, StoryRecord& story) {
+    if (context.user.Ask(question, false, MessageIcon::Question) != Answer::Yes) {
+        return StoryReadOutcome::NotRead;
+    }
+    return ReadStoryAsSimpleText(path, context, story);
+}
+
+void ReadStoryParts(const XmlNode& root, const std::filesystem::path& path,
+                    const StoryContext& context, StoryRecord& story) {
+    ReadStoryMetadata(root.SelectSingleNode("Metadata"), context.configuration, story);
+    ReadStoryLogs(root, context.configuration, story);
+    ReadStoryBody(root.SelectSingleNode("Body"), context, story);
+    ReadStoryNotes(root, context.configuration, story);
+    ReadStoryAttachments(root, path, context, story);
+}
+
+std::array<std::int32_t, kTextBoxCount> BoxFontSizes(const Preferences& preferences) {
+    std::array<std::int32_t, kTextBoxCount> sizes{};
+    std::copy_n(preferences.FontSize.begin(), kTextBoxCount, sizes.begin());
+    return sizes;
+}
+
+}  // namespace
+
+void ResetStory(StoryRecord& story, const Configuration& configuration) {
+    StoryRecord reset;
+    reset.author = std::move(story.author);
+    reset.email = std::move(story.email);
+    reset.group = std::move(story.group);
+    reset.initials = std::move(story.initials);
+    reset.formIndex = story.formIndex;
+    reset.statusIndex = configuration.status.defaultIndex;
+    reset.genreIndex = configuration.genre.defaultIndex;
+    reset.usesLocalSections = !configuration.publications.classifiedGeneral;
+    reset.signatureEnabled = false;
+    story = std::move(reset);
+}
+
+StoryReadOutcome ReadStory(const std::filesystem::path& path, const StoryContext& context,
+                           StoryRecord& story) {
+    const MessageTexts& messages = context.configuration.messages;
+    if (!StoryFileIsThere(path)) {
+        context.user.Beep();
+        context.user.Tell(messages.Message("UnknownStory") + ":\n" + path.string(),
+                          MessageIcon::Exclamation);
+        return StoryReadOutcome::NotRead;
+    }
+    ResetStory(story, context.configuration);
+
+    XmlDocument document;
+    if (!document.LoadFile(path)) {
+        const XmlParseError error = document.ParseError().value_or(XmlParseError{});
+        return OfferSimpleText(ParseErrorQuestion(path, error, messages), path, context, story);
+    }
+    const XmlNode root = document.DocumentElement();
+    if (root.Attribute("AppName") != kAppName) {
+        context.user.Beep();
+        return OfferSimpleText(ForeignStoryQuestion(path, messages), path, context, story);
+    }
+    ReadStoryParts(root, path, context, story);
+    return StoryReadOutcome::Read;
+}
+
+StoryReadOutcome ReadStoryAsSimpleText(const std::filesystem::path& path,
+                                       const StoryContext& context, StoryRecord& story) {
+    const std::optional<std::string> bytes = ReadFileBytes(path);
+    std::optional<RescuedBoxes> boxes =
+        RescueStoryBoxes(DecodeStoryFileText(bytes.value_or("")), MarkupSettingsOf(context),
+                         BoxFontSizes(context.preferences));
+    if (!boxes) {
+        context.user.Beep();
+        context.user.Tell(context.configuration.messages.Message("InvalidStory"),
+                          MessageIcon::Critical);
+        story.boxes = {};
+        story.counters = {};
+        return StoryReadOutcome::NotRead;
+    }
+    for (int index = 0; index < kTextBoxCount; ++index) {
+        story.boxes[index] = std::move((*boxes)[index]);
+        story.counters[index] = {};
+        if (TaggedInvisible(context.window, TextBoxControlName(index))) continue;
+        story.counters[index].count = CountBoxCharacters(story.boxes[index], 0, 0);
+    }
+    return StoryReadOutcome::ReadAsSimpleText;
+}
+
+}  // namespace tessarin

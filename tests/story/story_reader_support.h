@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/user_interaction.h"
+#include "app/window_state.h"
+#include "config/configuration.h"
+#include "config/messages_section.h"
+#include "config/preferences.h"
+#include "story/story_context.h"
+#include "story/story_file_reader.h"
+#include "story/story_record.h"
+#include "support/temp_dir.h"
+
+namespace tessarin::testing {
+
+// A story file: the prolog, the root with its attributes, and what stands inside it.
+inline std::string StoryXml(std::string_view inside,
+                            std::string_view rootAttributes = R"(AppName="Tessarin")",
+                            std::string_view encoding = "ISO-8859-1") {
+    return "<?xml version=\"1.0\" encoding=\"" + std::string(encoding) +
+           "\" ?>\r\n<!-- story.xml -->\r\n<Story " + std::string(rootAttributes) + ">\r\n" +
+           std::string(inside) + "</Story>\r\n";
+}
+
+// Everything ReadStory needs, with every message at its default text and the answers
+// scripted (Yes unless queued otherwise).
+struct ReaderBench {
+    ReaderBench() {
+        for (const MessageDefault& message : MessageDefaults()) {
+            configuration.messages.Set(message.key, std::string(message.text));
+        }
+    }
+
+    TempDir folder;
+    Configuration configuration;
+    WindowState window;
+    Preferences preferences;
+    ScriptedInteraction user;
+    StoryContext context{configuration, window, preferences, user};
+    StoryRecord story;
+
+    std::filesystem::path Write(std::string_view bytes, std::string_view name = "story.xml") {
+        return folder.Write(name, bytes);
+    }
+    StoryReadOutcome Read(std::string_view bytes) {
+        return ReadStory(Write(bytes), context, story);
+    }
+};
+
+}  // namespace tessarin::testing
