@@ -145,8 +145,10 @@ class StorySaver {
         result.outcome = SaveOutcome::WriteFailed;
         result.message = messages_.Message("NotSavedStory") + ": " + file_.string();
         if (!result.backup.empty()) {
-            result.message +=
-                "\n" + messages_.Message("StoryBackupLabel") + ": " + result.backup.string();
+            result.message += '\n';
+            result.message += messages_.Message("StoryBackupLabel");
+            result.message += ": ";
+            result.message += result.backup.string();
         }
         context_.window.ShowStatusError(result.message);
         context_.user.Tell(result.message, MessageIcon::Critical);
