@@ -61,5 +61,3 @@ void BM_StyledTextTypeChar(benchmark::State& state) {
 BENCHMARK(BM_StyledTextTypeChar)->Arg(1000)->Arg(1000000);
 
 }  // namespace
-
-BENCHMARK_MAIN();
