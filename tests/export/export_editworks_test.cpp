@@ -1,0 +1,202 @@
+#include "export/export_editworks.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "app/user_interaction.h"
+#include "app/window_state.h"
+#include "common/scoped_environment.h"
+#include "common/windows1252.h"
+#include "config/configuration.h"
+#include "config/preferences.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ScopedEnvironment;
+
+std::string StoryFile(std::string_view lines, bool utf8 = false) {
+    std::string text = utf8 ? "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n"
+                            : "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n";
+    for (const char c : lines) {
+        if (c == '\n') text += '\r';
+        text += c;
+    }
+    return utf8 ? text : Utf8ToWindows1252(text);
+}
+
+// A configuration with an EditWorksQTrans section, the StoryLabel message and a caption
+// for the local sub-section label; the time is frozen on Tuesday 5 March 2024, 09:07.
+class EditWorksTest : public ::testing::Test {
+  protected:
+    void Configure(std::string_view section) {
+        XmlDocument document;
+        ASSERT_TRUE(document.LoadBytes("<ExportFormats><EditWorksQTrans>" + std::string(section) +
+                                       "</EditWorksQTrans></ExportFormats>"));
+        ReadExportFormats(document.DocumentElement(), configuration_.exportFormats);
+    }
+
+    std::string Compose(const std::string& storyBytes) {
+        XmlDocument story;
+        EXPECT_TRUE(story.LoadBytes(storyBytes));
+        ExportContext context{.configuration = configuration_,
+                              .window = window_,
+                              .preferences = preferences_,
+                              .user = user_,
+                              .programVersion = "1.2.3",
+                              .userName = {}};
+        return ComposeEditWorks(story, context);
+    }
+
+    // The first line of the output, without its line end.
+    std::string PathLineOf(std::string_view metadata) {
+        const std::string out = Compose(StoryFile("<Story AppName=\"Tessarin\"><Metadata>" +
+                                                  std::string(metadata) + "</Metadata></Story>"));
+        return out.substr(0, out.find("\r\n"));
+    }
+
+    void SetUp() override {
+        configuration_.messages.Set("StoryLabel", "Story");
+        window_.Control("lblSubSectionLocal").caption = "Sous-rubrique";
+    }
+
+    ScopedEnvironment now_{"TESSARIN_NOW", "2024-03-05T09:07:00"};
+    ScopedEnvironment language_{"LC_ALL", "C"};
+    Configuration configuration_;
+    WindowState window_;
+    Preferences preferences_;
+    ScriptedInteraction user_;
+};
+
+constexpr std::string_view kFullSection = R"(
+<RootDB SuffixClassification="_S" PrefixSection="L-" SubSectionInComment="true" AccentsInPath="false">DB</RootDB>
+<Comment>@Note:</Comment>
+<SubSectionAsTextBox>@SousRub:</SubSectionAsTextBox>
+<xfTaxonomy>12</xfTaxonomy>
+<xfKeywords1>21</xfKeywords1>
+<xfKeywords3>23</xfKeywords3>
+<TextBox1>@Titre:</TextBox1>
+<TextBox7>@Texte:</TextBox7>
+<CaptionElement>Leg/:</CaptionElement>
+<CreditElement>Cred/:</CreditElement>
+<StyleText>@Texte:</StyleText>
+<StyleInter1>@Inter:</StyleInter1>
+<StyleSignature>@Signe:</StyleSignature>)";
+
+constexpr std::string_view kFullStory = R"(<Story AppName="Tessarin" AppVersion="0.1.0">
+<Metadata>
+<Author Name="Auteur">Marie Dupré</Author>
+<Publication Name="Publication">P/Q</Publication>
+<Classification Name="Rubrique">Éco</Classification>
+<SectionGeneral Name="Section">Sec</SectionGeneral>
+<SubSectionGeneral Name="Sous-section">SG</SubSectionGeneral>
+<SectionLocal Name="Locale">Loc</SectionLocal>
+<SubSectionLocal Name="Sous-locale">SL/X</SubSectionLocal>
+<PublicationDate Name="Date">05/03/2024</PublicationDate>
+<Taxonomy>
+<Topic FormalItem="04000000">Économie</Topic>
+<Topic FormalItem="">Vide</Topic>
+<Topic FormalItem="abc">Non</Topic>
+</Taxonomy>
+<Keywords>
+<Keyword CategoryName="Lieux" CategoryIndex="1">Paris</Keyword>
+<Keyword CategoryName="Gens" CategoryIndex="2">Rome</Keyword>
+<Keyword CategoryName="Villes" CategoryIndex="3">Lyon</Keyword>
+<Keyword CategoryName="Autres" CategoryIndex="5">Nice</Keyword>
+<Keyword CategoryName="Faux" CategoryIndex="x">Brest</Keyword>
+</Keywords>
+<Form Name="Type" Index="0">News</Form>
+</Metadata>
+<Body>
+<TextBox0 CharCount="5" WordCount="1" Name="Titre">Titre</TextBox0>
+<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b>x</b> <i>y</i> <u>z</u><sup>e</sup><p/>
+<inter1>Inter</inter1><p/>
+A&amp;B &lt;c&gt;&#160;<euro/><oe/><OE/><tab/>d<b>g<note>n</note>h</b></TextBox6>
+<Signature>Jean</Signature></Body>
+<Images>
+<ImageBag>
+<Image href="file:///Photo%20un.jpg"/>
+<Caption>Légende</Caption>
+<Credit>AFP</Credit>
+</ImageBag>
+<ImageBag>
+<Image href="b.jpg"/>
+</ImageBag>
+</Images>
+</Story>
+)";
+
+TEST_F(EditWorksTest, WritesPathFormFieldsCommentBoxesSignatureAndPictures) {
+    Configure(kFullSection);
+    const std::string expected =
+        "<&FP\"DB:P:Q:Eco_S:Sec:SG:L-Loc:SL:X:\">\r\n"
+        "<&sh\"News\">\r\n"
+        "<&xf(12,\"\xC9"
+        "conomie\")>\r\n"
+        "<&xf(21,\"Paris\")>\r\n"
+        "<&xf(23,\"Lyon\")>\r\n"
+        "@Note:Story Tessarin 1.2.3 - Marie Dupr\xE9 - Tuesday 05/03/2024, 09:07\r\n"
+        "General subsection: SG\r\n"
+        "Sous-rubrique: SL:X\r\n"
+        "@SousRub:SL:X\r\n"
+        "@Titre:Titre\r\n"
+        "@Texte:<B>x<B> <I>y<I> <U>z<U><V>e<V>\r\n@Inter:Inter@Texte:\r\n"
+        "A&amp;B <\\<>c<\\>><\\!p>\x80\x9C\x8C\td<B>gh<B>\r\n"
+        "@Signe:Jean@Texte:\r\n"
+        "Photo 1: Photo un.jpg\r\n"
+        "Leg1:L\xE9gende\r\n"
+        "Cred1:AFP\r\n"
+        "Photo 2: b.jpg\r\n";
+    EXPECT_EQ(Compose(StoryFile(kFullStory)), expected);
+    EXPECT_EQ(Compose(StoryFile(kFullStory, true)), expected);
+}
+
+TEST_F(EditWorksTest, PathLineRules) {
+    Configure("<RootDB>DB</RootDB>");
+    EXPECT_EQ(PathLineOf("<Publication>P/Q</Publication><Classification>C</Classification>"),
+              "<&FP\"DB:P:Q:C:\">");
+    // Accents stay by default; only the local sub-section obeys IncludeSubSection.
+    EXPECT_EQ(PathLineOf("<Publication>Pé</Publication><Classification>C</Classification>"
+                         "<SubSectionGeneral>G</SubSectionGeneral>"
+                         "<SubSectionLocal>L</SubSectionLocal>"),
+              "<&FP\"DB:P\xE9:C:G:L:\">");
+    Configure("<RootDB IncludePublication=\"false\" IncludeSubSection=\"false\">DB</RootDB>");
+    EXPECT_EQ(PathLineOf("<Publication>P</Publication><Classification>C/D</Classification>"
+                         "<SubSectionGeneral>G</SubSectionGeneral>"
+                         "<SubSectionLocal>L</SubSectionLocal>"),
+              "<&FP\"DB:C:D:G:\">");
+    // The classification's suffix goes on the path whether or not a section is there; a
+    // path that already ends in ":" gets no second one.
+    Configure("<RootDB SuffixClassification=\"+\">DB</RootDB>");
+    EXPECT_EQ(PathLineOf("<Classification>C</Classification>"), "<&FP\"DB::C+:\">");
+    EXPECT_EQ(PathLineOf("<SectionGeneral>S/</SectionGeneral>"), "<&FP\"DB::+:S:\">");
+    // The letters that folding leaves alone stay accented.
+    Configure("<RootDB AccentsInPath=\"false\">DB</RootDB>");
+    EXPECT_EQ(PathLineOf("<Classification>àéÀÑç</Classification>"),
+              "<&FP\"DB::ae\xC0\xD1"
+              "c:\">");
+}
+
+TEST_F(EditWorksTest, StoryWithoutMetadataOrBody) {
+    Configure("<RootDB>DB</RootDB><Comment>#</Comment>");
+    EXPECT_EQ(Compose(StoryFile("<Story AppName=\"Tessarin\"/>")),
+              "<&FP\"DB::\">\r\n#Story Tessarin 1.2.3 -  - Tuesday 05/03/2024, 09:07\r\n");
+}
+
+TEST_F(EditWorksTest, EveryNoteIsCutAndPicturesWithoutBothElementPartsHaveNoLines) {
+    // Two notes in a row both go; bold around a note keeps its switches.
+    Configure(
+        "<RootDB>DB</RootDB><CaptionElement>Leg</CaptionElement>"
+        "<CreditElement>Cred:</CreditElement>");
+    const std::string out = Compose(
+        StoryFile("<Story AppName=\"Tessarin\"><Body><TextBox2>a<note>n</note><note>m</note>b"
+                  "<b>c<note>o</note></b></TextBox2></Body><Images><ImageBag>"
+                  "<Image href=\"file:///x%20y.jpg\"/><Caption>C</Caption><Credit>R</Credit>"
+                  "</ImageBag></Images></Story>"));
+    EXPECT_EQ(out.substr(out.find("09:07\r\n") + 7), "ab<B>c<B>\r\nPhoto 1: x y.jpg\r\n");
+}
+
+}  // namespace
+}  // namespace tessarin
