@@ -6,18 +6,16 @@
 #include <vector>
 
 #include "app/app_paths.h"
+#include "app/user_interaction.h"
 
 namespace tessarin::cli {
-
-// The answer that questions take when the program would ask a user.
-enum class Answer { Yes, No, Cancel };
 
 // What every command is given: the resolved paths, the chosen answer, and the streams.
 struct CliContext {
     AppPaths paths;
     std::filesystem::path configurationFile;  // --config, else <app-dir>/Tessarin.xml
     std::filesystem::path preferencesFile;    // --prefs, else <app-dir>/Tessarin.ini
-    Answer answer = Answer::Yes;
+    Answer answer = Answer::Yes;  // what questions take when the program would ask a user
     std::ostream& out;
     std::ostream& err;
 };
@@ -31,5 +29,6 @@ using Arguments = std::vector<std::string>;
 
 // One function per command group; each returns the exit status.
 int RunConfigCommand(CliContext& context, const Arguments& arguments);
+int RunStoryCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -17,6 +17,9 @@ constexpr const char* kHelp =
     "\n"
     "Commands:\n"
     "  config check        run the configuration load of start-up and print its status text\n"
+    "  story resave STORY -o OUT [--unattended]\n"
+    "                      open a story as the editor does and save it to OUT\n"
+    "  story text STORY    print the plain text of the story's text boxes\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -32,7 +35,7 @@ int Usage(const std::string& problem) {
 int main(int argc, char** argv) {
     Arguments args(argv + 1, argv + argc);
     std::optional<std::filesystem::path> appDir, configFile, prefsFile;
-    auto answer = tessarin::cli::Answer::Yes;
+    auto answer = tessarin::Answer::Yes;
 
     std::size_t next = 0;
     for (; next < args.size(); ++next) {
@@ -56,11 +59,11 @@ int main(int argc, char** argv) {
             prefsFile = value;
         } else if (option == "--answer") {
             if (value == "yes") {
-                answer = tessarin::cli::Answer::Yes;
+                answer = tessarin::Answer::Yes;
             } else if (value == "no") {
-                answer = tessarin::cli::Answer::No;
+                answer = tessarin::Answer::No;
             } else if (value == "cancel") {
-                answer = tessarin::cli::Answer::Cancel;
+                answer = tessarin::Answer::Cancel;
             } else {
                 return Usage("--answer takes yes, no or cancel");
             }
@@ -85,5 +88,6 @@ int main(int argc, char** argv) {
     const std::string command = args[next];
     Arguments rest(args.begin() + static_cast<std::ptrdiff_t>(next) + 1, args.end());
     if (command == "config") return tessarin::cli::RunConfigCommand(context, rest);
+    if (command == "story") return tessarin::cli::RunStoryCommand(context, rest);
     return Usage("unknown command " + command);
 }

@@ -1,0 +1,116 @@
+#include <filesystem>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "app/editor_session.h"
+#include "cli/cli_context.h"
+#include "cli/cli_interaction.h"
+#include "common/xml_document.h"
+#include "config/load_configuration.h"
+#include "config/preferences.h"
+#include "story/save_story.h"
+#include "story/story_file_reader.h"
+#include "story/story_plain_text.h"
+
+namespace tessarin::cli {
+namespace {
+
+constexpr const char* kStoryUsage =
+    "tessarin-cli: usage: story resave STORY -o OUT [--unattended] | story text STORY\n";
+
+struct ResaveArguments {
+    std::filesystem::path story;
+    std::filesystem::path out;
+    bool unattended = false;
+};
+
+std::optional<ResaveArguments> ParseResave(const Arguments& arguments) {
+    ResaveArguments parsed;
+    bool haveStory = false, haveOut = false;
+    for (std::size_t index = 1; index < arguments.size(); ++index) {
+        const std::string& argument = arguments[index];
+        if (argument == "--unattended") {
+            parsed.unattended = true;
+        } else if (argument == "-o") {
+            if (haveOut || ++index >= arguments.size()) return std::nullopt;
+            parsed.out = arguments[index];
+            haveOut = true;
+        } else if (!haveStory && !argument.starts_with("-")) {
+            parsed.story = argument;
+            haveStory = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (!haveStory || !haveOut || parsed.out.filename().empty()) return std::nullopt;
+    return parsed;
+}
+
+// The program as it stands after start-up: preferences and configuration read, a new story
+// with the user's identity in the form selected first.
+bool StartSession(EditorSession& session, const CliContext& context, CliInteraction& user) {
+    session.preferences = ReadPreferences(session.profile);
+    const bool loaded =
+        LoadConfiguration(context.configurationFile, session.profile, session.preferences,
+                          session.configuration, session.window);
+    user.ShowStatus(session.window.Status().text);
+    const Identity& identity = session.configuration.identity;
+    session.story.author = identity.author;
+    session.story.email = identity.email;
+    session.story.group = identity.group;
+    session.story.initials = identity.initials;
+    session.story.formIndex = session.window.List("lstStoryTypes").selected;
+    return loaded;
+}
+
+// Opens the story as the editor does, then saves it under OUT with the save command.
+int Resave(CliContext& context, const ResaveArguments& arguments) {
+    CliInteraction user(context.answer, context.err);
+    AppPaths paths = context.paths;
+    paths.preferencesFile = context.preferencesFile;
+    paths.configurationFile = context.configurationFile;
+    EditorSession session(paths, user);
+    if (!StartSession(session, context, user)) return kExitRefused;
+
+    StoryContext storyContext = session.MakeStoryContext();
+    if (ReadStory(arguments.story, storyContext, session.story) == StoryReadOutcome::NotRead) {
+        return kExitRefused;
+    }
+    session.storyDirectory = arguments.out.parent_path();
+    session.storyFileName = arguments.out.filename().string();
+
+    SaveStoryRequest request;
+    request.directory = session.storyDirectory;
+    request.fileName = session.storyFileName;
+    request.unattended = arguments.unattended;
+    const SaveResult result = SaveStory(session.story, storyContext, request);
+    user.ShowStatus(session.window.Status().text);
+    return result.outcome == SaveOutcome::Saved ? kExitDone : kExitRefused;
+}
+
+// The plain text of the story's boxes, as the send list's preview shows it.
+int PrintText(CliContext& context, const std::filesystem::path& story) {
+    XmlDocument document;
+    if (!document.LoadFile(story)) {
+        context.err << FormatParseErrorStatus(story.string(),
+                                              document.ParseError().value_or(XmlParseError{}))
+                    << '\n';
+        return kExitRefused;
+    }
+    context.out << StoryPlainText(document.DocumentElement());
+    return kExitDone;
+}
+
+}  // namespace
+
+int RunStoryCommand(CliContext& context, const Arguments& arguments) {
+    if (arguments.size() == 2 && arguments[0] == "text") return PrintText(context, arguments[1]);
+    if (!arguments.empty() && arguments[0] == "resave") {
+        if (const auto parsed = ParseResave(arguments)) return Resave(context, *parsed);
+    }
+    context.err << kStoryUsage;
+    return kExitUsage;
+}
+
+}  // namespace tessarin::cli

@@ -1,0 +1,240 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "cli/cli_run.h"
+#include "support/temp_dir.h"
+
+namespace tessarin {
+namespace {
+
+using testing::CliRun;
+using testing::Quoted;
+using testing::ReadBytes;
+using testing::RunCli;
+using testing::TempDir;
+
+const std::string kFrozenClock = "TESSARIN_NOW=2026-11-21T08:30:00 TESSARIN_SHORT_DATE=dd/MM/yyyy";
+
+const char* const kConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
+<Tessarin Version="3.2" StoriesEncoding="ISO-8859-1">
+<FTPTransmission><FTPServer IPNumber="ftp.example.org" User="desk"/></FTPTransmission>
+<Metadata>
+<CreationDate Name="Created"/><LastSaveDate Name="Saved"/>
+<Author Name="By">Ann Lee</Author><Email Name="Mail">ann@example.org</Email>
+<Group Name="Desk">City</Group><Initials Name="Initials">AL</Initials>
+<PublicationDate Name="Date"/><PublicationNumber Name="Number"/><EventDate Name="Event"/>
+<Publication Name="Paper" Mandatory="true"/><Classification Name="Class"/>
+<SectionGeneral Name="Section"/><SubSectionGeneral Name="Subsection"/>
+<Forms Name="Form"><Form Name="Brief" TextBoxes="170"/><Form Name="Feature" TextBoxes="12370"/></Forms>
+<Status Name="State"><StatusItem Name="Ready" FormalName="Usable"/><StatusItem Name="Draft" FormalName="Draft"/></Status>
+<Genre Name="Kind"><GenreItem Name="News" FormalName="Current"/><GenreItem Name="Opinion" FormalName="Opinion"/></Genre>
+</Metadata>
+<Keywords Name="Keywords"><KeywordsCategory CategoryIndex="1" Name="Places" Mandatory="false"/>
+<KeywordsCategory CategoryIndex="2" Name="People" Mandatory="false"/></Keywords>
+<Taxonomy Name="Topics"><Topic FormalName="01000000">Arts<Topic FormalName="01001000">Music</Topic></Topic></Taxonomy>
+<Story><TextBox1 Name="Title"/><TextBox2 Name="Lead"/><TextBox7 Name="Text"/></Story>
+<Publications><Publication Name="Herald"/></Publications>
+<Messages/>
+</Tessarin>
+)";
+
+// A story as this configuration writes it, with a picture at photo.
+std::string Story(const std::string& fileName, const std::string& lastSave,
+                  const std::string& lastSaveAuthor, const std::filesystem::path& photo) {
+    return "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<!-- " + fileName +
+           " -->\r\n<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">\r\n<Metadata>\r\n"
+           "<Author Name=\"By\">Jos\xE9 Martin</Author>\r\n"
+           "<Email Name=\"Mail\">jm@example.org</Email>\r\n<Group Name=\"Desk\">Sport</Group>\r\n"
+           "<Initials Name=\"Initials\">JM</Initials>\r\n"
+           "<CreationDate Name=\"Created\">03/02/2025</CreationDate><CreationTime>09:05"
+           "</CreationTime>\r\n" +
+           lastSave + "\r\n<LastSaveAuthor>" + lastSaveAuthor +
+           "</LastSaveAuthor>\r\n<Publication Name=\"Paper\">Herald &amp; Times</Publication>\r\n"
+           "<Classification Name=\"Class\">News</Classification>\r\n"
+           "<SectionGeneral Name=\"Section\">World</SectionGeneral>\r\n"
+           "<PublicationDate Name=\"Date\">0</PublicationDate>\r\n"
+           "<PublicationNumber Name=\"Number\">12</PublicationNumber>\r\n"
+           "<Taxonomy>\r\n<Topic FormalItem=\"01001000\">Music</Topic>\r\n</Taxonomy>\r\n"
+           "<Keywords>\r\n<Keyword CategoryName=\"Places\" CategoryIndex=\"2\">Paris</Keyword>\r\n"
+           "<Keyword CategoryName=\"People\" CategoryIndex=\"3\">Curie</Keyword>\r\n</Keywords>\r\n"
+           "<Form Name=\"Form\" Index=\"1\">Feature</Form>\r\n"
+           "<Status Name=\"State\" FormalItem=\"Draft\">Draft</Status>\r\n"
+           "<Genre Name=\"Kind\" FormalItem=\"Current\">News</Genre>\r\n</Metadata>\r\n"
+           "<Logs>\r\n<Log Type=\"L\">04/02/2025 18:41 - Jos\xE9 Martin -&gt; Desk</Log>\r\n"
+           "</Logs>\r\n<Body>\r\n"
+           "<TextBox0 CharCount=\"8\" WordCount=\"2\" Name=\"Title\">Big <b>news</b></TextBox0>\r\n"
+           "<TextBox6 CharCount=\"28\" WordCount=\"6\" Name=\"Text\"><b><i>Caf\xE9</i></b> &amp; "
+           "<note>JM 04/02</note>more<p/>\r\n<inter1>Second</inter1> line 5<euro/>&#160;x<sup>2"
+           "</sup></TextBox6>\r\n<Signature Type=\"I\">JM</Signature></Body>\r\n<Notes>\r\n"
+           "<Note Name=\"JM 04/02\" Bookmark=\"true\">Check this</Note>\r\n</Notes>\r\n"
+           "<Images>\r\n<ImageBag>\r\n<Image href=\"file://" +
+           photo.string() +
+           "\"/>\r\n<Caption>The caf\xE9</Caption>\r\n<Credit>AL</Credit>\r\n"
+           "<IPTCKeywords>caf\xE9; terrace</IPTCKeywords>\r\n</ImageBag>\r\n</Images>\r\n"
+           "</Story>\r\n";
+}
+
+const std::string kOldSave =
+    "<LastSaveDate Name=\"Saved\">04/02/2025</LastSaveDate><LastSaveTime>18:40</LastSaveTime>";
+const std::string kNewSave =
+    "<LastSaveDate Name=\"Saved\">21/11/2026</LastSaveDate><LastSaveTime>08:30</LastSaveTime>";
+
+// A folder with the configuration, a picture and a stored story.
+struct StoryFolder {
+    TempDir folder;
+    std::filesystem::path config = folder.Write("desk.xml", kConfiguration);
+    std::filesystem::path photo = folder.Write("photo.jpg", "jpeg");
+    std::filesystem::path story =
+        folder.Write("stored.xml", Story("stored.xml", kOldSave, "Jos\xE9 Martin", photo));
+
+    std::string Expected(const std::string& fileName) const {
+        return Story(fileName, kNewSave, "Ann Lee", photo);
+    }
+    CliRun Resave(const std::filesystem::path& out, const std::string& options = "",
+                  const std::string& global = "") const {
+        return RunCli(folder,
+                      "--config " + Quoted(config.string()) + " " + global + " story resave " +
+                          Quoted(story.string()) + " -o " + Quoted(out.string()) + " " + options,
+                      kFrozenClock);
+    }
+};
+
+// ---- story text --------------------------------------------------------------------------
+
+TEST(StoryTextCommand, PrintsThePreviewTextOfTheBoxes) {
+    StoryFolder stored;
+    const CliRun run = RunCli(stored.folder, "story text " + Quoted(stored.story.string()));
+    EXPECT_EQ(run.exitStatus, 0);
+    EXPECT_EQ(run.out, "Big news\r\nCaf\xC3\xA9 & more\r\nSecond line 5\xE2\x82\xAC\xC2\xA0x2\r\n");
+    EXPECT_EQ(run.err, "");
+}
+
+TEST(StoryTextCommand, AFileThatDoesNotParseIsRefusedWithTheParseMessage) {
+    TempDir folder;
+    const auto broken = folder.Write("broken.xml", "<Story><Body>\n<TextBox6>x</Body>");
+    const CliRun run = RunCli(folder, "story text " + Quoted(broken.string()));
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_TRUE(run.err.starts_with("Parsing error: " + broken.string() + ", line:2, pos:"))
+        << run.err;
+
+    const CliRun missing = RunCli(folder, "story text " + Quoted((folder / "none.xml").string()));
+    EXPECT_EQ(missing.exitStatus, 1);
+    EXPECT_EQ(missing.err, "Parsing error: " + (folder / "none.xml").string() +
+                               ", line:0, pos:0  cannot read file\n");
+}
+
+TEST(StoryCommand, AWrongCommandLineIsAUsageError) {
+    TempDir folder;
+    for (const char* arguments :
+         {"story", "story text", "story text a b", "story print a", "story resave a.xml",
+          "story resave -o out.xml", "story resave a.xml -o", "story resave a.xml b.xml -o c.xml",
+          "story resave a.xml -o c.xml --quiet"}) {
+        const CliRun run = RunCli(folder, arguments);
+        EXPECT_EQ(run.exitStatus, 2) << arguments;
+        EXPECT_NE(run.err, "") << arguments;
+    }
+}
+
+// ---- story resave ------------------------------------------------------------------------
+
+TEST(StoryResaveCommand, WritesTheStoryBackWithTheNewSaveStampAndName) {
+    StoryFolder stored;
+    const auto out = stored.folder / "copy.xml";
+    const CliRun run = stored.Resave(out);
+    EXPECT_EQ(run.exitStatus, 0);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "08:30 - Saved story: " + out.string() + "\n");
+    EXPECT_EQ(ReadBytes(out), stored.Expected("copy.xml"));
+}
+
+TEST(StoryResaveCommand, TheStoryCanBeSavedOverItself) {
+    StoryFolder stored;
+    EXPECT_EQ(stored.Resave(stored.story).exitStatus, 0);
+    EXPECT_EQ(ReadBytes(stored.story), stored.Expected("stored.xml"));
+}
+
+TEST(StoryResaveCommand, TheBackupRuleKeepsThePreviousVersionUnlessUnattended) {
+    StoryFolder stored;
+    const auto out = stored.folder / "copy.xml";
+    stored.folder.Write("app/Tessarin.ini", "[Preferences]\r\nBackupStories=1\r\n");
+    stored.folder.Write("copy.xml", "previous version");
+    EXPECT_EQ(stored.Resave(out).exitStatus, 0);
+    EXPECT_EQ(ReadBytes(stored.folder / "copy.bml"), "previous version");
+    EXPECT_EQ(ReadBytes(out), stored.Expected("copy.xml"));
+
+    std::filesystem::remove(stored.folder / "copy.bml");
+    EXPECT_EQ(stored.Resave(out, "--unattended").exitStatus, 0);
+    EXPECT_FALSE(std::filesystem::exists(stored.folder / "copy.bml"));
+}
+
+TEST(StoryResaveCommand, AMissingMandatoryFieldRefusesTheSaveUnlessUnattended) {
+    StoryFolder stored;
+    std::string text = ReadBytes(stored.story);
+    text.replace(text.find("<Publication "),
+                 text.find("<Classification") - text.find("<Publication "), "");
+    text.replace(text.find(">0<"), 3, ">07/07/2027<");
+    stored.folder.Write("stored.xml", text);
+    const auto out = stored.folder / "copy.xml";
+
+    const CliRun refused = stored.Resave(out);
+    EXPECT_EQ(refused.exitStatus, 1);
+    EXPECT_EQ(refused.err, "Paper: Mandatory field\n");  // shown in a box and the status bar
+    EXPECT_FALSE(std::filesystem::exists(out));
+
+    const CliRun unattended = stored.Resave(out, "--unattended");
+    EXPECT_EQ(unattended.exitStatus, 0);
+    EXPECT_TRUE(std::filesystem::exists(out));
+}
+
+TEST(StoryResaveCommand, AReadOnlyTargetIsRefused) {
+    StoryFolder stored;
+    const auto out = stored.folder.Write("copy.xml", "kept");
+    std::filesystem::permissions(
+        out, std::filesystem::perms::owner_read | std::filesystem::perms::group_read);
+    const CliRun run = stored.Resave(out);
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.err, out.string() + "\nRead only story\n\nSave with a new name ?\n");
+    EXPECT_EQ(ReadBytes(out), "kept");
+}
+
+TEST(StoryResaveCommand, AStoryThatCannotBeOpenedIsRefused) {
+    StoryFolder stored;
+    const auto missing = stored.folder / "missing.xml";
+    const CliRun run =
+        RunCli(stored.folder, "--config " + Quoted(stored.config.string()) + " story resave " +
+                                  Quoted(missing.string()) + " -o " +
+                                  Quoted((stored.folder / "o.xml").string()));
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.err, "Unknown story:\n" + missing.string() + "\n");
+
+    const auto broken = stored.folder.Write("stored.xml",
+                                            "<Story AppName=\"Tessarin\"><Body>"
+                                            "<TextBox6>Rescued</TextBox6></Body>");
+    const CliRun declined = stored.Resave(stored.folder / "o.xml", "", "--answer no");
+    EXPECT_EQ(declined.exitStatus, 1);
+    EXPECT_TRUE(declined.err.starts_with("Parsing error: \n" + broken.string() + "\nline: 1"))
+        << declined.err;
+    EXPECT_TRUE(declined.err.ends_with("\nWould you try to read story as text only ?\n"));
+    EXPECT_FALSE(std::filesystem::exists(stored.folder / "o.xml"));
+}
+
+TEST(StoryResaveCommand, ADamagedStoryIsRescuedWhenTheAnswerIsYes) {
+    StoryFolder stored;
+    stored.folder.Write("stored.xml",
+                        "<Story AppName=\"Tessarin\"><Body>\r\n<TextBox6 CharCount=\"7\">Res<b>cued"
+                        "</b></TextBox6>\r\n</Body>");
+    const auto out = stored.folder / "o.xml";
+    const CliRun run = stored.Resave(out, "--unattended");
+    EXPECT_EQ(run.exitStatus, 0);
+    const std::string saved = ReadBytes(out);
+    EXPECT_NE(saved.find("<TextBox6 CharCount=\"7\" WordCount=\"1\" Name=\"Text\">Res<b>cued</b>"
+                         "</TextBox6>\r\n</Body>"),
+              std::string::npos)
+        << saved;
+}
+
+}  // namespace
+}  // namespace tessarin

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "common/utf8.h"
+#include "common/xml_document.h"
+#include "story/rescue_attribute_cut.h"
+#include "story/story_href.h"
+#include "story/story_plain_text.h"
+#include "story/story_simple_text.h"
+
+namespace tessarin {
+namespace {
+
+// ---- Hrefs ------------------------------------------------------------------------------
+
+TEST(StoryHref, EveryFormThatStoriesHoldNamesItsFile) {
+    EXPECT_EQ(PathFromStoryHref("file:///home/ann/photo.jpg"), "/home/ann/photo.jpg");
+    EXPECT_EQ(PathFromStoryHref("file:///C:\\Photos\\a.jpg"), "C:/Photos/a.jpg");
+    EXPECT_EQ(PathFromStoryHref("file:///c:/Photos/a.jpg"), "c:/Photos/a.jpg");
+    EXPECT_EQ(PathFromStoryHref("file://\\\\server\\share\\a.jpg"), "//server/share/a.jpg");
+    EXPECT_EQ(PathFromStoryHref("/srv/Le%20Caf%c3%a9%20bar.jpg"), "/srv/Le Caf\xC3\xA9 bar.jpg");
+    EXPECT_EQ(PathFromStoryHref("/srv/Le%C3%A9%2F.jpg"),
+              "/srv/Le%C3%A9%2F.jpg");  // no other decoding
+    EXPECT_EQ(PathFromStoryHref("photo.jpg"), "photo.jpg");
+    EXPECT_EQ(PathFromStoryHref(""), "");
+}
+
+// ---- The attribute cut of the rescue ----------------------------------------------------
+
+std::u16string TrimBlanks(std::u16string_view text) {
+    const std::size_t first = text.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos) return {};
+    return std::u16string(text.substr(first, text.find_last_not_of(u' ') - first + 1));
+}
+
+// The loop as it reads, searching the whole text again after every cut.
+std::u16string CutByTheLoop(std::u16string text, std::u16string_view marker) {
+    for (std::size_t found = text.find(marker); found != std::u16string::npos;
+         found = text.find(marker)) {
+        const std::size_t end = text.find(u"\">", found);
+        const std::size_t rest = end != std::u16string::npos ? end + 1 : found + 9;
+        text = TrimBlanks(std::u16string_view(text).substr(0, found)) +
+               TrimBlanks(std::u16string_view(text).substr(rest));
+    }
+    return text;
+}
+
+TEST(RescueAttributeCut, BoxTagsLoseTheirCounters) {
+    EXPECT_EQ(CutAttributeMarkers(u"<TextBox3 CharCount=\"12\" WordCount=\"3\" Name=\"T\">x y ",
+                                  u" CharCount=\""),
+              u"<TextBox3>x y");
+    EXPECT_EQ(CutAttributeMarkers(u"  a CharCount=\"12 b ", u" CharCount=\""), u"at=\"12 b");
+    EXPECT_EQ(CutAttributeMarkers(u" no marker  ", u" CharCount=\""), u" no marker  ");
+    // A cut that brings the pieces of a marker together cuts again.
+    EXPECT_EQ(CutAttributeMarkers(u"x CharCoun CharCount=\"", u" CharCount=\""), u"xt=\"");
+}
+
+TEST(RescueAttributeCut, AgreesWithTheLoopOnRandomTexts) {
+    const std::u16string_view pieces[] = {
+        u" CharCount=\"", u"\">", u" ", u"x", u"\"", u">", u"t=\"", u" CharCoun", u"nt=\"", u"  "};
+    std::mt19937 random(7);
+    for (int round = 0; round < 5000; ++round) {
+        std::u16string text;
+        const int count = static_cast<int>(random() % 12);
+        for (int piece = 0; piece < count; ++piece)
+            text += pieces[random() % std::size(pieces)];
+        EXPECT_EQ(CutAttributeMarkers(text, u" CharCount=\""), CutByTheLoop(text, u" CharCount=\""))
+            << Utf16ToUtf8(text);
+    }
+}
+
+TEST(RescueAttributeCut, ManyMarkersWithoutAnEndStayLinear) {
+    std::u16string text;
+    for (int copy = 0; copy < 200'000; ++copy)
+        text += u" CharCount=\"";
+    EXPECT_EQ(CutAttributeMarkers(text, u" CharCount=\"").size(), 200'000u * 3);
+}
+
+// ---- The text a rescue reads ------------------------------------------------------------
+
+TEST(StoryFileText, TheDeclarationDecidesBetweenWindows1252AndUtf8) {
+    EXPECT_EQ(
+        DecodeStoryFileText("<?xml version=\"1.0\" encoding=\"iso-8859-1\" ?><a>\x80\xE9</a>"),
+        u"<?xml version=\"1.0\" encoding=\"iso-8859-1\" ?><a>\u20AC\u00E9</a>");
+    EXPECT_EQ(DecodeStoryFileText("<?xml version='1.0' encoding='UTF-8'?>\xC3\xA9\xE9"),
+              u"<?xml version='1.0' encoding='UTF-8'?>\u00E9\u00E9");
+    EXPECT_EQ(DecodeStoryFileText("no prolog \xE2\x82\xAC"), u"no prolog \u20AC");
+}
+
+TEST(StoryFileText, RescueNeedsABodyOpenedThenClosed) {
+    EXPECT_FALSE(RescueStoryBoxes(u"</Body><Body>", {}, {}));
+    EXPECT_FALSE(RescueStoryBoxes(u"<Body>", {}, {}));
+    const auto boxes = RescueStoryBoxes(
+        u"<Body><TextBox2>b</TextBox2></TextBox1><TextBox1>"
+        u"<TextBox6>six</TextBox6></Body>",
+        {}, {});
+    ASSERT_TRUE(boxes);
+    EXPECT_EQ((*boxes)[2].Text(), u"b");
+    EXPECT_TRUE((*boxes)[1].Empty());  // its closing tag stands before the opening one
+    EXPECT_EQ((*boxes)[6].Text(), u"</TextBox1><TextBox1><TextBox6>six");
+}
+
+// ---- The plain text of the send list's preview -------------------------------------------
+
+std::string PlainTextOf(std::string_view story) {
+    XmlDocument document;
+    EXPECT_TRUE(document.LoadBytes(story));
+    return StoryPlainText(document.DocumentElement());
+}
+
+TEST(StoryPlainText, BoxesBecomePlainLinesWithoutNotes) {
+    EXPECT_EQ(
+        PlainTextOf(
+            "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n<Story AppName=\"Tessarin\"><Body>\r\n"
+            "<TextBox0 CharCount=\"5\" WordCount=\"1\" "
+            "Name=\"Title\">Big\t<b>news</b></TextBox0>\r\n"
+            "<TextBox6 CharCount=\"9\" Name=\"Text\"><inter1>Lead</inter1> 5<euro/> "
+            "<note>AL 01</note>c<oe/>ur <OE/><p/>\r\n<i>x</i><sup>2</sup> &amp;lt; &lt;b&gt; "
+            "&#160;<u></u><tab/><b><note>kept</note></b></TextBox6>\r\n"
+            "<Signature>AL</Signature></Body></Story>"),
+        "Bignews\r\nLead 5\xE2\x82\xAC c\xC5\x93ur \xC5\x92\r\nx2 < <b> \xC2\xA0<tab/>kept\r\n");
+}
+
+TEST(StoryPlainText, AStoryWithoutBoxesHasNoText) {
+    EXPECT_EQ(PlainTextOf("<Story><Body><TextBox7>x</TextBox7><TextBox3/></Body></Story>"), "\r\n");
+    EXPECT_EQ(PlainTextOf("<Story/>"), "");
+}
+
+}  // namespace
+}  // namespace tessarin
