@@ -30,5 +30,7 @@ using Arguments = std::vector<std::string>;
 // One function per command group; each returns the exit status.
 int RunConfigCommand(CliContext& context, const Arguments& arguments);
 int RunStoryCommand(CliContext& context, const Arguments& arguments);
+int RunExportCommand(CliContext& context, const Arguments& arguments);
+int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -5,6 +5,7 @@
 
 #include "app/app_paths.h"
 #include "cli/cli_context.h"
+#include "cli/iptc_command.h"
 
 namespace {
 
@@ -20,6 +21,13 @@ constexpr const char* kHelp =
     "  story resave STORY -o OUT [--unattended]\n"
     "                      open a story as the editor does and save it to OUT\n"
     "  story text STORY    print the plain text of the story's text boxes\n"
+    "  iptc PICTURE [--mac]\n"
+    "                      print a picture's IPTC data; --mac restores Macintosh accents\n"
+    "  export FORMAT STORY -o OUT [--mode user|layout|ftp] [--server N] [--log-type T]\n"
+    "                      [--log-line TEXT] [--target PATH]\n"
+    "                      run the export writer for FORMAT on a story and copy its output\n"
+    "                      to OUT\n"
+    "  uuencode FILE       print the uuencoded form of a file, as a mail attachment\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -89,5 +97,8 @@ int main(int argc, char** argv) {
     Arguments rest(args.begin() + static_cast<std::ptrdiff_t>(next) + 1, args.end());
     if (command == "config") return tessarin::cli::RunConfigCommand(context, rest);
     if (command == "story") return tessarin::cli::RunStoryCommand(context, rest);
+    if (command == "iptc") return tessarin::cli::RunIptcCommand(context, rest);
+    if (command == "export") return tessarin::cli::RunExportCommand(context, rest);
+    if (command == "uuencode") return tessarin::cli::RunUuencodeCommand(context, rest);
     return Usage("unknown command " + command);
 }
