@@ -72,6 +72,7 @@ std::u16string StyledText::Text() const {
 
 std::u16string StyledText::Text(std::size_t start, std::size_t length) const {
     std::u16string text;
+    if (start < Length()) text.reserve(std::min(length, Length() - start));
     Read(storage_).Visit(start, length, [&text](std::u16string_view piece, const CharFormat&) {
         text += piece;
         return true;
