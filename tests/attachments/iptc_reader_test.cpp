@@ -1,0 +1,111 @@
+#include "attachments/iptc_reader.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "attachments/iptc_display.h"
+#include "attachments/jpeg_bytes.h"
+#include "support/temp_dir.h"
+
+namespace tessarin {
+namespace {
+
+using namespace testing;
+
+// A resource followed by a record one byte past its end: only a reader that honours the
+// resource's size leaves that record out.
+std::string ResourceWithTrailingRecord(std::string_view records, std::string_view name) {
+    return IptcResource(records, name) + std::string(1, '\0') + IptcRecord(105, "outside");
+}
+
+TEST(IptcReader, ReadsEveryBlockJoiningRepeatsAndKeepingTheLastOfTheOthers) {
+    const std::string first = App13(
+        IptcResource(IptcRecord(0, std::string("\0\4", 2)) + IptcRecord(25, "a") +
+                     IptcRecord(105, "first") + IptcRecord(120, "  x ") + IptcRecord(3, "three") +
+                     IptcRecord(110, std::string("Caf\xE9\0Press", 10))));
+    const std::string second =
+        App13(IptcResource(IptcRecord(25, " b ") + IptcRecord(25, "") + IptcRecord(105, "last") +
+                           IptcRecord(200, " big ")));
+    const IptcData data = ReadIptcBytes(Jpeg({first, std::string("\xFF\xE0\0\4ab", 6), second}));
+
+    EXPECT_EQ(data.Value(kIptcKeywords), "a; b");
+    EXPECT_EQ(data.Entries(kIptcKeywords), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(data.Value(105), "last");
+    EXPECT_EQ(data.Value(kIptcCaptionAbstract), "x");
+    EXPECT_EQ(data.Value(kIptcCredit), "Caf\u00E9 Press");
+    EXPECT_EQ(data.unnamed, (std::vector<IptcUnnamedDataset>{{3, "three"}, {200, " big "}}));
+    EXPECT_FALSE(data.shortRead);
+}
+
+TEST(IptcReader, TakesTheBlockSizeFromTheFourByteFieldAfterThePaddedName) {
+    const std::string records = IptcRecord(120, "caption") + IptcRecord(110, "credit");
+    for (std::string_view name : {"", "a", "ab"}) {
+        const IptcData data =
+            ReadIptcBytes(Jpeg({App13(ResourceWithTrailingRecord(records, name))}));
+        EXPECT_EQ(data.Value(kIptcCredit), "credit") << "name '" << name << "'";
+        EXPECT_EQ(data.Value(105), "") << "name '" << name << "'";
+    }
+    // A record that starts right at the block's end is still read.
+    const std::string atEnd = IptcResource(IptcRecord(120, "c")) + IptcRecord(105, "edge");
+    EXPECT_EQ(ReadIptcBytes(Jpeg({App13(atEnd)})).Value(105), "edge");
+}
+
+TEST(IptcReader, StopsAtTheEndOfTheFile) {
+    const std::string cut = "\xFF\xD8\xFF\xED" + std::string("8BIM\x04\x04\0\0\0\0\x01\0", 12) +
+                            std::string("\x1C\x02\x78\x03\xE8tail", 9);
+    EXPECT_EQ(ReadIptcBytes(cut).Value(kIptcCaptionAbstract), "tail");
+
+    const std::string whole = Jpeg({App13(
+        IptcResource(IptcRecord(25, "k1") + IptcRecord(25, "k2") + IptcRecord(120, "caption")))});
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const IptcData prefix = ReadIptcBytes(std::string_view(whole).substr(0, length));
+        EXPECT_LE(prefix.Entries(kIptcKeywords).size(), 2u);
+        EXPECT_TRUE(std::string("caption").starts_with(prefix.Value(kIptcCaptionAbstract)));
+    }
+}
+
+TEST(IptcReader, FindsNothingOutsideAJpegAndSurvivesRandomBytes) {
+    TempDir folder;
+    const std::string app13 = App13(IptcResource(IptcRecord(120, "hidden")));
+    EXPECT_TRUE(ReadIptc(folder.Write("a.zip", "PK\3\4" + app13)).Empty());
+    EXPECT_TRUE(ReadIptc(folder / "missing.jpg").Empty());
+    EXPECT_TRUE(ReadIptc(folder.path()).Empty());
+    EXPECT_EQ(ReadIptc(folder.Write("b.jpg", Jpeg({app13}))).Value(120), "hidden");
+
+    std::mt19937 random(20240601);
+    const std::string pieces[] = {"\xFF\xED", "8BIM\x04\x04", "\x1C\x02", "\xFF", {"\0\0", 2}};
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes = "\xFF\xD8";
+        const int count = static_cast<int>(random() % 40);
+        for (int index = 0; index < count; ++index) {
+            bytes += random() % 3 ? std::string(1, char(random())) : pieces[random() % 5];
+        }
+        const IptcData data = ReadIptcBytes(bytes);
+        for (const IptcDataset& dataset : IptcDatasets()) {
+            EXPECT_LE(data.Value(dataset.number).size(), 2 * bytes.size());
+        }
+    }
+}
+
+TEST(IptcDisplay, PutsValuesOnOneLineAndRestoresMacintoshAccentsInOrder) {
+    EXPECT_EQ(DisplayText("a\r\nb\rc\nd\te", false), "a/b/c/d/e");
+    // Windows-1252 characters of bytes 0x8E 0xE9 0x8D 0xE7 0xD5 0x80 0xBD.
+    const std::string mac = "\u017D\u00E9\u008D\u00E7\u00D5\u20AC\u00BD";
+    EXPECT_EQ(DisplayText(mac, false), mac);
+    EXPECT_EQ(DisplayText(mac, true), "\u00E9\u00C8\u00E7\u00C1'\u00C4\"");
+}
+
+TEST(IptcDisplay, ShowsTheDatasetsInTheTablesOrderWithTheirLabels) {
+    const IptcData data = ReadIptcBytes(Jpeg({App13(IptcResource(
+        IptcRecord(120, "cap\r\ntion") + IptcRecord(105, "head") + IptcRecord(95, "Vaud")))}));
+    InterfaceSettings interface;
+    interface.entries["IPTCHeadline"].caption = "Titre";
+    EXPECT_EQ(
+        IptcDisplayLines(data, interface, false),
+        (std::vector<IptcDisplayLine>{
+            {"Province/State", "Vaud"}, {"Titre", "head"}, {"Caption/Abstract", "cap/tion"}}));
+}
+
+}  // namespace
+}  // namespace tessarin
