@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "common/xml_document.h"
+
+namespace tessarin {
+
+// Text passes shared by the NewsML and NITF writers, which both start from a text box
+// element of the story as the story file holds it.
+
+// Replaces every occurrence of from (not empty) by to in one pass, left to right; what a
+// replacement has written is not searched again.
+void ReplaceAllInText(std::string& text, std::string_view from, std::string_view to);
+
+// The serialised form of an element with all its attributes (namespace declarations too)
+// removed: "<TextBox6>...</TextBox6>", or "<TextBox6/>" for an element without content.
+std::string SerialisedWithoutAttributes(const XmlNode& element);
+
+// Cuts the notes out of serialised box text. Each "<note>" is looked for in turn; when the
+// first "</note>" after it lies more than six characters further on, everything from the
+// opening tag through the closing tag goes. The next search starts six characters after the
+// place of that opening tag, in the text as it now stands: an empty note stays, and so does
+// a note that follows a cut one within six characters.
+std::string CutNotes(std::string_view text);
+
+// The markup of text box `index` as both writers start from it: serialised without
+// attributes, notes cut, and "<TextBoxN>", "</TextBoxN>" and "<TextBoxN/>" removed.
+std::string BoxMarkupWithoutFrame(const XmlNode& box, int index);
+
+}  // namespace tessarin
