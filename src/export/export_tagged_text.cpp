@@ -81,7 +81,7 @@ void AppendTextBoxes(std::string& out, TaggedTextLayout layout,
     }
 }
 
-// mark + text + CR LF when the form has a style with that key suffix.
+// The style's mark, the text and CR LF, when the table has a style with that key.
 void AppendStyledLine(std::string& out, TaggedTextLayout layout,
                       const TaggedTextExportSettings& settings, const std::string& key,
                       const std::string& text) {

@@ -8,24 +8,17 @@
 #include "app/user_interaction.h"
 #include "app/window_state.h"
 #include "common/scoped_environment.h"
-#include "common/windows1252.h"
 #include "config/configuration.h"
 #include "config/preferences.h"
+#include "export/tagged_test_support.h"
+#include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
 using testing::ScopedEnvironment;
-
-std::string StoryFile(std::string_view lines, bool utf8 = false) {
-    std::string text = utf8 ? "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n"
-                            : "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n";
-    for (const char c : lines) {
-        if (c == '\n') text += '\r';
-        text += c;
-    }
-    return utf8 ? text : Utf8ToWindows1252(text);
-}
+using testing::Staged;
+using testing::StoryFile;
 
 // A configuration with an EditWorksQTrans section, the StoryLabel message and a caption
 // for the local sub-section label; the time is frozen on Tuesday 5 March 2024, 09:07.
@@ -41,13 +34,16 @@ class EditWorksTest : public ::testing::Test {
     std::string Compose(const std::string& storyBytes) {
         XmlDocument story;
         EXPECT_TRUE(story.LoadBytes(storyBytes));
-        ExportContext context{.configuration = configuration_,
-                              .window = window_,
-                              .preferences = preferences_,
-                              .user = user_,
-                              .programVersion = "1.2.3",
-                              .userName = {}};
-        return ComposeEditWorks(story, context);
+        return ComposeEditWorks(story, Context());
+    }
+
+    ExportContext Context() {
+        return {.configuration = configuration_,
+                .window = window_,
+                .preferences = preferences_,
+                .user = user_,
+                .programVersion = "1.2.3",
+                .userName = {}};
     }
 
     // The first line of the output, without its line end.
@@ -196,6 +192,25 @@ TEST_F(EditWorksTest, EveryNoteIsCutAndPicturesWithoutBothElementPartsHaveNoLine
                   "<Image href=\"file:///x%20y.jpg\"/><Caption>C</Caption><Credit>R</Credit>"
                   "</ImageBag></Images></Story>"));
     EXPECT_EQ(out.substr(out.find("09:07\r\n") + 7), "ab<B>c<B>\r\nPhoto 1: x y.jpg\r\n");
+}
+
+// A layout send writes the story's name up to its last point + "txt" beside it; the
+// target is in the export directory, with no delivery folders.
+TEST_F(EditWorksTest, LayoutSendWritesBesideTheStory) {
+    Configure("<RootDB>DB</RootDB>");
+    configuration_.workflow.ExportTextsDirectory = "/export";
+    const testing::TempDir folder;
+    const std::string upload = (folder / "Upload").string() + "/";
+    folder.Write("Upload/front.page.xml",
+                 StoryFile("<Story AppName=\"Tessarin\"><Metadata><OriginalPath Name=\"/a/b.xml\"/>"
+                           "</Metadata><Body><TextBox0>T</TextBox0></Body></Story>"));
+    ExportState state = Staged(upload, "front.page.xml");
+    ExportEditWorks(state, ExportMode::Layout, Context());
+    EXPECT_EQ(state.ExportedFilePath, upload + "front.page.txt");
+    EXPECT_EQ(testing::ReadBytes(state.ExportedFilePath),
+              "<&FP\"DB::\">\r\nStory Tessarin 1.2.3 -  - Tuesday 05/03/2024, 09:07\r\nT\r\n");
+    EXPECT_EQ(state.TargetPath, "/export/front.page.txt");
+    EXPECT_EQ(state.OriginalStoryPath, "/a/b.xml");
 }
 
 }  // namespace

@@ -8,24 +8,17 @@
 #include "app/user_interaction.h"
 #include "app/window_state.h"
 #include "common/scoped_environment.h"
-#include "common/windows1252.h"
 #include "config/configuration.h"
 #include "config/preferences.h"
+#include "export/tagged_test_support.h"
+#include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
 using testing::ScopedEnvironment;
-
-std::string StoryFile(std::string_view lines, bool utf8 = false) {
-    std::string text = utf8 ? "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n"
-                            : "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n";
-    for (const char c : lines) {
-        if (c == '\n') text += '\r';
-        text += c;
-    }
-    return utf8 ? text : Utf8ToWindows1252(text);
-}
+using testing::Staged;
+using testing::StoryFile;
 
 constexpr std::string_view kHead =
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"yes\" ?>";
@@ -57,12 +50,15 @@ class MileniumTest : public ::testing::Test {
     std::string Compose(const std::string& storyBytes) {
         XmlDocument story;
         EXPECT_TRUE(story.LoadBytes(storyBytes));
-        ExportContext context{.configuration = configuration_,
-                              .window = window_,
-                              .preferences = preferences_,
-                              .user = user_,
-                              .userName = {}};
-        return ComposeMilenium(story, "story.xml", context);
+        return ComposeMilenium(story, "story.xml", Context());
+    }
+
+    ExportContext Context() {
+        return {.configuration = configuration_,
+                .window = window_,
+                .preferences = preferences_,
+                .user = user_,
+                .userName = {}};
     }
 
     // The output of a story with only these Metadata elements, between the Story start tag
@@ -204,6 +200,27 @@ TEST_F(MileniumTest, StoryWithoutMetadataOrBodyAndIntertitleAfterABreak) {
                           "<inter2>U</inter2></TextBox6></Body></Story>"));
     EXPECT_NE(out.find("\r\n<Texte><P>a<INTER>T</INTER>b<inter2>U</inter2></P></Texte>\r\n"),
               std::string::npos);
+}
+
+// The output has the story's own name, so a layout send writes it over the staged story.
+TEST_F(MileniumTest, LayoutSendWritesOverTheStagedStory) {
+    Configure("", "");
+    configuration_.workflow.ExportTextsDirectory = "/export";
+    const testing::TempDir folder;
+    const std::string upload = (folder / "Upload").string() + "/";
+    folder.Write("Upload/front.xml",
+                 StoryFile("<Story AppName=\"Tessarin\"><Metadata><OriginalPath Name=\"/a/b.xml\"/>"
+                           "</Metadata></Story>"));
+    ExportState state = Staged(upload, "front.xml");
+    ExportMilenium(state, ExportMode::Layout, Context());
+    EXPECT_EQ(state.ExportedFilePath, state.SourceStoryPath);
+    EXPECT_EQ(
+        testing::ReadBytes(state.ExportedFilePath),
+        std::string(kHead) +
+            "\r\n<Journal>\r\n<Article>\r\n<Nom>front.xml</Nom>\r\n<Expire>20/03/2024</Expire>"
+            "\r\n</Article>\r\n</Journal>");
+    EXPECT_EQ(state.TargetPath, "/export/front.xml");
+    EXPECT_EQ(state.OriginalStoryPath, "/a/b.xml");
 }
 
 }  // namespace

@@ -2,27 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
-#include "common/windows1252.h"
+#include "app/user_interaction.h"
+#include "app/window_state.h"
 #include "common/xml_document.h"
+#include "config/configuration.h"
 #include "config/export_section.h"
+#include "config/preferences.h"
+#include "export/tagged_test_support.h"
+#include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
-// A story file from lines written with "\n": CR LF line ends, in Windows-1252 under the
-// ISO-8859-1 prolog, or in UTF-8 under the UTF-8 prolog.
-std::string StoryFile(std::string_view lines, bool utf8 = false) {
-    std::string text = utf8 ? "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n"
-                            : "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n";
-    for (const char c : lines) {
-        if (c == '\n') text += '\r';
-        text += c;
-    }
-    return utf8 ? text : Utf8ToWindows1252(text);
-}
+using testing::Staged;
+using testing::StoryFile;
 
 XmlDocument Load(const std::string& bytes) {
     XmlDocument document;
@@ -208,6 +205,53 @@ TEST(ExportTaggedTextTest, CharactersOutsideTheCodePageBecomeQuestionMarks) {
         "</Body></Story>",
         true);
     EXPECT_EQ(Compose(TaggedTextLayout::InDesign, story, settings.InDesign), "\x93?\x94\r\n");
+}
+
+// A layout send: the writer reads the staged story, writes base name + ".xtg" beside it and
+// leaves the delivery folders and the target path; a story that does not parse writes
+// nothing and is reported.
+TEST(ExportTaggedTextTest, XPressLayoutSendWritesOutputAndDeliveryFolders) {
+    const testing::TempDir folder;
+    const std::string upload = (folder / "Upload").string() + "/";
+    const std::string texts = (folder / "texts").string();
+    std::filesystem::create_directories(texts);
+    folder.Write("Upload/front.page.xml",
+                 StoryFile("<Story AppName=\"Tessarin\"><Metadata>"
+                           "<OriginalPath Name=\"/home/ann/front.page.xml\"/>"
+                           "<Publication>Le Jour</Publication><PublicationDate>05/03/2024"
+                           "</PublicationDate><Form>News</Form></Metadata>"
+                           "<Body><TextBox0>T</TextBox0></Body></Story>"));
+    folder.Write("Upload/broken.xml", "<Story AppName=\"Tessarin\"><Body>");
+
+    Configuration configuration;
+    configuration.exportFormats = ReadSettings(kSections);
+    configuration.workflow.ExportTextsDirectory = texts;
+    WindowState window;
+    Preferences preferences;
+    ScriptedInteraction user;
+    const ExportContext context{.configuration = configuration,
+                                .window = window,
+                                .preferences = preferences,
+                                .user = user,
+                                .userName = {}};
+
+    ExportState state = Staged(upload, "front.page.xml");
+    ExportXPress(state, ExportMode::Layout, context);
+    EXPECT_EQ(state.ExportedFilePath, upload + "front.page.xtg");
+    EXPECT_EQ(testing::ReadBytes(state.ExportedFilePath),
+              "<v5>\r\n@Titre=<B>\r\n@Texte=<P>\r\n@Inter=<B>\r\n@Credit=<I>\r\n@Titre:T\r\n");
+    const std::string deepest = texts + "/Le Jour/05-03-2024/front.page";
+    EXPECT_TRUE(std::filesystem::is_directory(deepest));
+    EXPECT_EQ(state.TargetDirectory, deepest);
+    EXPECT_EQ(state.TargetPath, deepest + "/front.page.xtg");
+    EXPECT_EQ(state.OriginalStoryPath, "/home/ann/front.page.xml");
+
+    ExportState broken = Staged(upload, "broken.xml");
+    ExportInDesign(broken, ExportMode::Layout, context);
+    EXPECT_FALSE(std::filesystem::exists(upload + "broken.txt"));
+    ASSERT_EQ(user.messages.size(), 1u);
+    EXPECT_TRUE(user.messages[0].starts_with("Parsing error:" + upload + "broken.xml, line:"));
+    EXPECT_EQ(user.beeps, 1);
 }
 
 }  // namespace
