@@ -133,6 +133,8 @@ class StorySaver {
         result.outcome = SaveOutcome::ReadOnly;
         result.message = file_.string() + "\n" + messages_.Message("ReadOnlyStory") + "\n\n" +
                          messages_.Message("ReadOnlyStorySave");
+        // The automatic save asks nothing: it just does not save.
+        if (request_.unattended) return result;
         const Answer answer = context_.user.Ask(result.message, false, MessageIcon::Question);
         if (answer == Answer::Yes && request_.saveStoryAs) {
             result.savedUnderNewName = request_.saveStoryAs();
@@ -151,7 +153,7 @@ class StorySaver {
             result.message += result.backup.string();
         }
         context_.window.ShowStatusError(result.message);
-        context_.user.Tell(result.message, MessageIcon::Critical);
+        if (!request_.unattended) context_.user.Tell(result.message, MessageIcon::Critical);
         return result;
     }
 

@@ -21,7 +21,7 @@ enum class SaveOutcome {
 
 struct SaveResult {
     SaveOutcome outcome = SaveOutcome::Saved;
-    std::string message;  // what the user was told; empty when saved
+    std::string message;  // why the story was not saved, as the user is told; empty when saved
     std::string field;    // MandatoryFieldMissing: the control of the failing field
     // ReadOnly: the user chose to save under a new name and the save-as command saved.
     bool savedUnderNewName = false;
@@ -47,12 +47,14 @@ std::string BackupStoryName(std::string_view fileName);
 //    the status panel and to a warning box, and ends the save;
 // 2. the body is built; an empty one shows EmptyStory in the status panel with a beep and
 //    ends the save;
-// 3. an existing file without write permission asks: the path, ReadOnlyStory,
-//    ReadOnlyStorySave; Yes runs the save-as command; either way the save ends;
+// 3. an existing file without write permission ends the save; unless unattended, the user
+//    is first asked: the path, ReadOnlyStory, ReadOnlyStorySave, and Yes runs the save-as
+//    command;
 // 4. unless unattended, with BackupStories on, the file becomes the backup story (an older
 //    backup of that name is deleted);
 // 5. the file is written through a temporary file renamed over it, so that it is never left
-//    half-written;
+//    half-written; a failure is told (NotSavedStory, the path, and where the backup story
+//    is), in the status panel only for an automatic save;
 // 6. unless unattended, with the workflow's tracking on, the linked files are copied to
 //    TrackingImagesDirectory and the story to TrackingTextsDirectory as <base>.xml;
 // 7. the status panel shows the time "hh:mm", " - ", SavedStory, ": " and the path; the

@@ -131,6 +131,13 @@ TEST_F(SaveStoryTest, ReadOnlyFileAsksAndLeadsToSaveAs) {
     EXPECT_TRUE(result.savedUnderNewName);
     EXPECT_EQ(saveAsRuns, 1);
     EXPECT_EQ(ReadBytes(StoryFile()), "locked version");
+
+    // The automatic save asks nothing and does not save.
+    result = Save(true, saveAs);
+    EXPECT_EQ(result.outcome, SaveOutcome::ReadOnly);
+    EXPECT_EQ(fixture_.user.questions.size(), 2u);
+    EXPECT_EQ(saveAsRuns, 1);
+    EXPECT_EQ(ReadBytes(StoryFile()), "locked version");
 }
 
 TEST_F(SaveStoryTest, BackupKeepsTheNextToLastVersion) {
@@ -194,7 +201,12 @@ TEST_F(SaveStoryTest, UnwritableDirectoryIsReported) {
     EXPECT_EQ(result.outcome, SaveOutcome::WriteFailed);
     EXPECT_EQ(result.message, "Not saved story: " + (missing / "story.xml").string());
     EXPECT_EQ(fixture_.user.messages, std::vector<std::string>{result.message});
+    EXPECT_EQ(fixture_.window.Status().text, result.message);
     EXPECT_TRUE(story_.lastSave.Empty());
+    // The automatic save tells it in the status panel only.
+    EXPECT_EQ(SaveStory(story_, context, {missing, "story.xml", true, {}}).outcome,
+              SaveOutcome::WriteFailed);
+    EXPECT_EQ(fixture_.user.messages.size(), 1u);
 }
 
 TEST_F(SaveStoryTest, SessionSaveClearsTheModifiedFlagAndRestartsTheCountdown) {
