@@ -152,11 +152,5 @@ TEST_F(MandatoryChecksTest, InvisibleFieldsAndHiddenTaxonomyAreNotChecked) {
     EXPECT_EQ(FirstFailure(), "");
 }
 
-TEST_F(MandatoryChecksTest, MessagesComeFromTheConfiguration) {
-    Mandatory("lblAuthor");
-    configuration_.messages.Clear();
-    EXPECT_EQ(FirstFailure(), "Author:  @lblTxtAuthor");
-}
-
 }  // namespace
 }  // namespace tessarin
