@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 #include "export/newsml_body_text.h"
+#include "export/newsml_box_markup.h"
 #include "newsml_test_support.h"
 #include "support/temp_dir.h"
 
@@ -483,6 +485,29 @@ TEST(NewsMLBodyText, CutsNotesSearchingOnSixCharactersAfterEachCut) {
     EXPECT_EQ(Body("<note>1</note>ab<note>2</note>c"), "<p>ab&lt;note&gt;2&lt;/note&gt;c</p>");
     EXPECT_EQ(Body("<note>1</note>abcdef<note>2</note>c"), "<p>abcdefc</p>");
     EXPECT_EQ(Body("<note><b>x</b></note>y"), "<p>y</p>");
+}
+
+// The note search as it reads when the text is cut in place and searched again from the
+// opening tag's place: the writer's single pass must give the same text for any sequence.
+std::string CutNotesInPlace(std::string text) {
+    for (std::size_t open = text.find("<note>"); open != std::string::npos;
+         open = text.find("<note>", open + 6)) {
+        const std::size_t close = text.find("</note>", open);
+        if (close != std::string::npos && close > open + 6) text.erase(open, close + 7 - open);
+    }
+    return text;
+}
+
+TEST(NewsMLBodyText, NoteCuttingMatchesTheSearchInPlace) {
+    constexpr std::string_view kPieces[] = {"<note>", "</note>", "a", "bcdef", "<note", ">"};
+    std::mt19937 random(5);
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        const int pieces = static_cast<int>(random() % 12);
+        for (int n = 0; n < pieces; ++n)
+            text += kPieces[random() % std::size(kPieces)];
+        ASSERT_EQ(CutNotes(text), CutNotesInPlace(text)) << text;
+    }
 }
 
 TEST(ExportNewsML, WritesTheStoryItsNameInTheUploadDirectory) {
