@@ -1,0 +1,1 @@
+#include "ui/session_view.h"
