@@ -55,15 +55,7 @@ MarkupSettings MarkupSettingsOf(const StoryContext& context) {
 
 bool TaggedInvisible(const WindowState& window, std::string_view control) {
     const ControlState* state = window.FindControl(control);
-    if (state == nullptr) return false;
-    std::string_view tag = state->tag;
-    while (!tag.empty()) {
-        const std::size_t slash = tag.find('/');
-        if (tag.substr(0, slash) == "invisible") return true;
-        if (slash == std::string_view::npos) break;
-        tag.remove_prefix(slash + 1);
-    }
-    return false;
+    return state != nullptr && state->tag.find("invisible") != std::string::npos;
 }
 
 // The counters are recomputed from the text, as the copy-fit does for every box that the

@@ -80,18 +80,6 @@ TEST(ReadStoryValidation, AForeignAppNameIsRefusedWithABeepUnlessTheTextIsRescue
     EXPECT_EQ(Box6Text(bench.story), "Text");
 }
 
-TEST(ReadStoryValidation, AnyRootNameWithTheRightAppNameReadsAndNothingIsRequired) {
-    ReaderBench bench;
-    EXPECT_EQ(bench.Read("<Article AppName=\"Tessarin\"><Body><TextBox6>Hi</TextBox6></Body>"
-                         "</Article>"),
-              StoryReadOutcome::Read);
-    EXPECT_EQ(Box6Text(bench.story), "Hi");
-    EXPECT_EQ(bench.Read("<Story AppName=\"Tessarin\"/>"), StoryReadOutcome::Read);
-    EXPECT_TRUE(bench.story.boxes[6].Empty());
-    EXPECT_TRUE(bench.user.questions.empty());
-    EXPECT_TRUE(bench.user.messages.empty());
-}
-
 // ---- Metadata ---------------------------------------------------------------------------
 
 TEST(ReadStoryMetadata, EveryRowIsReadAsTheFileHoldsIt) {
