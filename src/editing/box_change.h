@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/editor_session.h"
+#include "editing/copy_fit.h"
+
+namespace tessarin {
+
+// The end of every editing command that changed a box, as change measured it (a change of
+// format alone is the empty change): the box's counters follow, the story is marked as
+// modified, and the new text is recorded as an undo step.
+void CommitBoxChange(EditorSession& session, int box, const BoxTextChange& change = {});
+
+}  // namespace tessarin
