@@ -31,9 +31,8 @@ struct TaxonomyTopic {
     friend bool operator==(const TaxonomyTopic&, const TaxonomyTopic&) = default;
 };
 
-// A keyword of the story under a configured keyword category: the category node's key
-// (the category index followed by "K", as the keyword tree numbers categories from a story)
-// and the keyword's text.
+// A keyword of the story under a configured keyword category: the key of the category's node
+// in the keyword tree ("K" followed by the category index) and the keyword's text.
 struct StoryKeyword {
     std::string categoryKey;
     std::string text;
