@@ -12,6 +12,7 @@
 #include "config/configuration.h"
 #include "config/preferences.h"
 #include "config/profile_file.h"
+#include "metadata/tree_highlight.h"
 #include "story/story_context.h"
 #include "story/story_record.h"
 
@@ -75,6 +76,9 @@ struct EditorSession {
     // Start directories of the file dialogs (DirStories, DirImages and their overrides).
     std::filesystem::path lastStoryDirectory;
     std::filesystem::path lastImageDirectory;
+
+    // The highlighted chains of the publications and taxonomy trees.
+    TreeHighlights highlights;
 
     PanelState panel;
     UndoRing undo;

@@ -68,6 +68,7 @@ constexpr MessageDefault kMessageDefaults[] = {
     {"EmptyStory", "Empty story:"},
     {"ExportedStory", "Exported story"},
     {"MissingHelpFile", "Missing Help file"},
+    {"KeywordAlreadyPresent", "Keyword already present in list"},
     {"InvalidKeyword", "Invalid keyword"},
     {"NewKeyword", "New keyword"},
     {"InvalidDate", "Invalid date"},

@@ -15,7 +15,7 @@ XmlDocument Parse(std::string_view xml) {
 
 TEST(MessagesSection, DefaultTableInReadingOrder) {
     const std::span<const MessageDefault> defaults = MessageDefaults();
-    ASSERT_EQ(defaults.size(), 102u);
+    ASSERT_EQ(defaults.size(), 103u);
     EXPECT_EQ(defaults.front().key, "NewStory");
     EXPECT_EQ(defaults.front().text, "New story");
     EXPECT_EQ(defaults.back().key, "StatusNotUsable");
