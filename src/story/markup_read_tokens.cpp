@@ -3,7 +3,6 @@
 #include <array>
 
 #include "story/inline_tags.h"
-#include "story/markup_text_passes.h"
 
 namespace tessarin {
 namespace {
@@ -45,15 +44,26 @@ std::optional<ReadTokenMatch> MatchReadToken(std::u16string_view tags, std::size
 }
 
 void ExpandEmptyInlineElements(std::u16string& tags) {
-    if (tags.find(u"/>") == std::u16string::npos) return;
-    for (std::size_t index = 0; index < kInlineTagCount; ++index) {
-        const std::u16string_view opening = kInlineTagOpening[index];
-        std::u16string empty(opening.substr(0, opening.size() - 1));
-        empty += u"/>";
-        std::u16string pair(opening);
-        pair += kInlineTagClosing[index];
-        ReplaceAll(tags, empty, pair);
+    std::u16string expanded;
+    std::size_t copied = 0;
+    for (std::size_t position = tags.find(u'<'); position != std::u16string::npos;
+         position = tags.find(u'<', position + 1)) {
+        const std::u16string_view rest = std::u16string_view(tags).substr(position);
+        for (std::size_t index = 0; index < kInlineTagCount; ++index) {
+            // "<b>" without its ">" and then "/>".
+            const std::u16string_view opening = kInlineTagOpening[index];
+            const std::u16string_view name = opening.substr(0, opening.size() - 1);
+            if (!rest.starts_with(name) || rest.substr(name.size(), 2) != u"/>") continue;
+            expanded.append(tags, copied, position - copied);
+            expanded += opening;
+            expanded += kInlineTagClosing[index];
+            copied = position + name.size() + 2;
+            break;
+        }
     }
+    if (copied == 0) return;
+    expanded.append(tags, copied);
+    tags.swap(expanded);
 }
 
 }  // namespace tessarin

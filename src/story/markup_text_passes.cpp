@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
+
+#include "story/inline_tag_nesting.h"
 
 namespace tessarin {
 namespace {
@@ -74,6 +77,101 @@ constexpr std::array<Row, 6> kNoteOrderRows = {{
 
 constexpr std::size_t kLongestDuplicateBlanks = 6;
 
+// Every row replaces two or three adjacent tags, at least one of them closing, by other
+// adjacent tags. A match starts at a "<" and ends at a ">" with only whole "<...>" pieces
+// between, so it lies inside one cluster of adjacent "<...>" pieces, and the rows leave the
+// clusters where they are: running the rows over each cluster gives the text that running
+// each row over the whole text gives, without passing over the whole text once for each row.
+
+// The end of the cluster of "<...>" pieces that starts at start, and how many pieces it has.
+std::pair<std::size_t, std::size_t> ClusterAt(std::u16string_view text, std::size_t start) {
+    std::size_t end = start;
+    std::size_t pieces = 0;
+    while (end < text.size() && text[end] == u'<') {
+        const std::size_t pieceEnd = text.find(u'>', end);
+        if (pieceEnd == std::u16string_view::npos) break;
+        end = pieceEnd + 1;
+        ++pieces;
+    }
+    return {end, pieces};
+}
+
+void ApplyRows(std::u16string& cluster, std::size_t pieces, std::span<const Row> rows) {
+    if (pieces < 2 || cluster.find(u"</") == std::u16string::npos) return;
+    for (const auto& [from, to] : rows)
+        ReplaceAll(cluster, from, to);
+}
+
+void ReplaceInTagClusters(std::u16string& text, std::span<const Row> rows) {
+    std::u16string result;
+    std::size_t copied = 0;
+    for (std::size_t start = text.find(u'<'); start != std::u16string::npos;) {
+        const auto [end, pieces] = ClusterAt(text, start);
+        if (pieces == 0) break;  // no ">" left: nothing further can match
+        std::u16string cluster = text.substr(start, end - start);
+        ApplyRows(cluster, pieces, rows);
+        if (cluster.compare(0, cluster.size(), text, start, end - start) != 0) {
+            result.append(text, copied, start - copied);
+            result += cluster;
+            copied = end;
+        }
+        start = text.find(u'<', end);
+    }
+    if (copied == 0) return;
+    result.append(text, copied);
+    text.swap(result);
+}
+
+// Text between tag clusters: runs of blanks collapsed when asked.
+void FeedText(std::u16string_view text, bool removeDuplicateSpaces, TagNester& nester) {
+    if (!removeDuplicateSpaces) {
+        nester.Characters(text);
+        return;
+    }
+    while (!text.empty()) {
+        const std::size_t blank = std::min(text.find(u' '), text.size());
+        nester.Characters(text.substr(0, blank));
+        const std::size_t afterBlanks = std::min(text.find_first_not_of(u' ', blank), text.size());
+        const std::size_t kept =
+            BlanksAfterCollapsing(afterBlanks - blank, kLongestDuplicateBlanks);
+        nester.Characters(std::u16string(kept, u' '));
+        text.remove_prefix(afterBlanks);
+    }
+}
+
+void FeedTags(std::u16string_view cluster, TagNester& nester) {
+    for (std::size_t start = 0; start < cluster.size();) {
+        const std::size_t end = cluster.find(u'>', start) + 1;
+        if (const auto match = MatchInlineTag(cluster, start)) {
+            if (match->closing)
+                nester.Closing(match->tag);
+            else
+                nester.Opening(match->tag);
+        } else {
+            nester.Characters(cluster.substr(start, end - start));
+        }
+        start = end;
+    }
+}
+
+// A cluster after the order rows: a line break after each paragraph tag, then the note rows
+// over each part between line breaks.
+void FeedCluster(std::u16string cluster, std::size_t pieces, TagNester& nester) {
+    ApplyRows(cluster, pieces, kTagOrderRows);
+    for (std::size_t lineStart = 0;;) {
+        const std::size_t paragraph = cluster.find(u"<p/>", lineStart);
+        const std::size_t lineEnd =
+            paragraph == std::u16string::npos ? cluster.size() : paragraph + 4;
+        std::u16string line = cluster.substr(lineStart, lineEnd - lineStart);
+        ApplyRows(line, static_cast<std::size_t>(std::count(line.begin(), line.end(), u'>')),
+                  kNoteOrderRows);
+        FeedTags(line, nester);
+        if (paragraph == std::u16string::npos) return;
+        nester.Characters(u"\r\n");
+        lineStart = lineEnd;
+    }
+}
+
 }  // namespace
 
 void ReplaceAll(std::u16string& text, std::u16string_view from, std::u16string_view to) {
@@ -93,6 +191,7 @@ void ReplaceAll(std::u16string& text, std::u16string_view from, std::u16string_v
 }
 
 std::size_t BlanksAfterCollapsing(std::size_t run, std::size_t longest) {
+    if (run < 2) return run;
     for (std::size_t pattern = longest; pattern >= 2; --pattern)
         run = run / pattern + run % pattern;
     return run;
@@ -116,13 +215,58 @@ void CollapseBlankRuns(std::u16string& text, std::size_t longest) {
     text.resize(write);
 }
 
+InlineTagFinisher::InlineTagFinisher(bool removeDuplicateSpaces, Emit emit)
+    : removeDuplicateSpaces_(removeDuplicateSpaces), emit_(std::move(emit)), nester_(finished_) {}
+
+void InlineTagFinisher::FeedSettled(std::u16string& tags) {
+    // Back from the end over blanks and whole tags to the last other character.
+    std::size_t settled = tags.size();
+    while (settled > 0) {
+        const char16_t last = tags[settled - 1];
+        if (last == u'>') {
+            const std::size_t tagStart = tags.rfind(u'<', settled - 1);
+            if (tagStart == std::u16string::npos) return;
+            settled = tagStart;
+        } else if (last == u' ' || (last >= 0xD800 && last <= 0xDBFF)) {
+            --settled;
+        } else {
+            break;
+        }
+    }
+    if (settled == 0) return;
+    Feed(std::u16string_view(tags).substr(0, settled));
+    tags.erase(0, settled);
+    emit_(finished_);
+    nester_.Forget();
+}
+
+void InlineTagFinisher::FeedLast(std::u16string_view tags) {
+    Feed(tags);
+    nester_.Finish();
+    emit_(finished_);
+    nester_.Forget();
+}
+
+void InlineTagFinisher::Feed(std::u16string_view tags) {
+    for (std::size_t position = 0; position < tags.size();) {
+        const std::size_t start = std::min(tags.find(u'<', position), tags.size());
+        FeedText(tags.substr(position, start - position), removeDuplicateSpaces_, nester_);
+        if (start == tags.size()) return;
+        const auto [end, pieces] = ClusterAt(tags, start);
+        if (pieces == 0) {  // a "<" with no ">" after it is text
+            FeedText(tags.substr(start), removeDuplicateSpaces_, nester_);
+            return;
+        }
+        FeedCluster(std::u16string(tags.substr(start, end - start)), pieces, nester_);
+        position = end;
+    }
+}
+
 void FinishBodyText(std::u16string& text, bool removeDuplicateSpaces) {
-    for (const auto& [from, to] : kTagOrderRows)
-        ReplaceAll(text, from, to);
+    ReplaceInTagClusters(text, kTagOrderRows);
     ReplaceAll(text, u"<p/>", u"<p/>\r\n");
     std::erase(text, u'\t');
-    for (const auto& [from, to] : kNoteOrderRows)
-        ReplaceAll(text, from, to);
+    ReplaceInTagClusters(text, kNoteOrderRows);
     if (removeDuplicateSpaces) CollapseBlankRuns(text, kLongestDuplicateBlanks);
 }
 

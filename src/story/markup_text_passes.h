@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+
+#include "story/inline_tag_nesting.h"
 
 namespace tessarin {
 
@@ -24,5 +27,31 @@ void CollapseBlankRuns(std::u16string& text, std::size_t longest);
 // up to 6 blanks. None of them looks across the frame of a text box element, so they can
 // run over each box's inline text and each caption apart.
 void FinishBodyText(std::u16string& text, bool removeDuplicateSpaces);
+
+// The same passes over a box's inline tags, followed by the repair of crossed tags
+// (NestInlineTags), in one pass, giving the result to emit piece by piece as the tags come.
+// Every "<" of the tags must begin a tag and every ">" end one, and no raw tab may be left,
+// as the writer makes them.
+class InlineTagFinisher {
+  public:
+    using Emit = std::function<void(std::u16string_view)>;
+
+    InlineTagFinisher(bool removeDuplicateSpaces, Emit emit);
+
+    // Finishes the tags up to their last character that is neither a blank nor in a tag nor
+    // the first half of a surrogate pair, and erases them from tags: what follows may still
+    // change with the tags written after it.
+    void FeedSettled(std::u16string& tags);
+    // Finishes the rest of the box.
+    void FeedLast(std::u16string_view tags);
+
+  private:
+    void Feed(std::u16string_view tags);
+
+    bool removeDuplicateSpaces_;
+    Emit emit_;
+    std::u16string finished_;
+    TagNester nester_;
+};
 
 }  // namespace tessarin

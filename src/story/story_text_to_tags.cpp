@@ -7,6 +7,7 @@
 #include "story/inline_tags.h"
 #include "story/markup_text_passes.h"
 #include "story/story_markup.h"
+#include "story/text_window.h"
 #include "story/word_count.h"
 
 namespace tessarin {
@@ -118,33 +119,59 @@ class InlineTagWriter {
 };
 
 // A pilcrow that the paragraph display put before a line break is not part of the text.
-bool IsParagraphMark(const std::u16string& text, std::size_t position) {
-    return text[position] == kPilcrow && position + 2 < text.size() &&
-           text[position + 1] == u'\r' && text[position + 2] == u'\n';
+bool IsParagraphMark(TextWindow& window, std::size_t position) {
+    return window.At(position) == kPilcrow && position + 2 < window.Length() &&
+           window.At(position + 1) == u'\r' && window.At(position + 2) == u'\n';
 }
 
 std::u16string AsciiUnits(std::string_view ascii) {
     return std::u16string(ascii.begin(), ascii.end());
 }
 
-void AppendBoxElement(const MarkupBox& box, int index, const MarkupSettings& settings,
-                      std::u16string& body) {
+void WriteInlineTags(const StyledText& text, int boxIndex, const MarkupSettings& settings,
+                     const InlineTagFinisher::Emit& emit) {
+    constexpr std::size_t kSettleEvery = 4096;
+    InlineTagFinisher finisher(settings.removeDuplicateSpaces, emit);
+    std::u16string tags;
+    InlineTagWriter writer(boxIndex, settings, tags);
+    TextWindow window(text);
+    text.ForEachRun(0, text.Length(), [&](const FormatRun& run) {
+        bool checked = false;
+        for (std::size_t position = run.start; position < run.start + run.length; ++position) {
+            if (IsParagraphMark(window, position)) continue;
+            if (!checked) writer.CheckFormat(run.format);
+            checked = !writer.WriteCharacter(window.At(position));
+        }
+        if (tags.size() >= kSettleEvery) finisher.FeedSettled(tags);
+    });
+    writer.CloseAll();
+    // No box ends in a paragraph break: a trailing blank line never reaches the file.
+    while (tags.ends_with(u"<p/>"))
+        tags.resize(tags.size() - 4);
+    finisher.FeedLast(tags);
+}
+
+void WriteBoxElement(const MarkupBox& box, int index, const MarkupSettings& settings,
+                     const InlineTagFinisher::Emit& emit) {
     std::u16string caption = Utf8ToUtf16(box.caption);
     FinishBodyText(caption, settings.removeDuplicateSpaces);
     const std::u16string number = AsciiUnits(std::to_string(index));
-    body += u"<TextBox" + number + u" CharCount=\"" + AsciiUnits(std::to_string(box.charCount)) +
-            u"\" WordCount=\"" + AsciiUnits(std::to_string(CountStoryWords(*box.text))) +
-            u"\" Name=\"" + caption + u"\">";
-    body += BoxTextToTags(*box.text, index, settings);
-    body += u"</TextBox" + number + u">\r\n";
+    emit(u"<TextBox" + number + u" CharCount=\"" + AsciiUnits(std::to_string(box.charCount)) +
+         u"\" WordCount=\"" + AsciiUnits(std::to_string(CountStoryWords(*box.text))) +
+         u"\" Name=\"" + caption + u"\">");
+    WriteInlineTags(*box.text, index, settings, emit);
+    emit(u"</TextBox" + number + u">\r\n");
 }
 
 // One byte per character of the code page; a character it lacks (or a lone surrogate) is "?".
-std::string EncodeWindows1252(std::u16string_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
+void AppendWindows1252(std::u16string_view text, std::string& bytes) {
     for (std::size_t position = 0; position < text.size(); ++position) {
         char32_t codePoint = text[position];
+        // The code page is Latin-1 apart from 0x80 to 0x9F.
+        if (codePoint < 0x80 || (codePoint >= 0xA0 && codePoint <= 0xFF)) {
+            bytes += static_cast<char>(codePoint);
+            continue;
+        }
         if (codePoint >= 0xD800 && codePoint <= 0xDBFF && position + 1 < text.size() &&
             text[position + 1] >= 0xDC00 && text[position + 1] <= 0xDFFF) {
             codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (text[++position] - 0xDC00);
@@ -152,49 +179,44 @@ std::string EncodeWindows1252(std::u16string_view text) {
         const int byte = CodePointToWindows1252(codePoint);
         bytes += byte < 0 ? '?' : static_cast<char>(byte);
     }
-    return bytes;
 }
 
-std::string EncodeStoryText(std::u16string_view text, bool utf8) {
-    return utf8 ? EncodeUtf8Bytes(text) : EncodeWindows1252(text);
+void AppendStoryText(std::u16string_view text, bool utf8, std::string& bytes) {
+    if (utf8)
+        bytes += EncodeUtf8Bytes(text);
+    else
+        AppendWindows1252(text, bytes);
 }
 
 }  // namespace
 
 std::u16string BoxTextToTags(const StyledText& text, int boxIndex, const MarkupSettings& settings) {
-    const std::u16string plain = text.Text();
     std::u16string tags;
-    tags.reserve(plain.size() + plain.size() / 4);
-    InlineTagWriter writer(boxIndex, settings, tags);
-    for (const FormatRun& run : text.Runs()) {
-        bool checked = false;
-        for (std::size_t position = run.start; position < run.start + run.length; ++position) {
-            if (IsParagraphMark(plain, position)) continue;
-            if (!checked) writer.CheckFormat(run.format);
-            checked = !writer.WriteCharacter(plain[position]);
-        }
-    }
-    writer.CloseAll();
-    // No box ends in a paragraph break: a trailing blank line never reaches the file.
-    while (tags.ends_with(u"<p/>"))
-        tags.resize(tags.size() - 4);
-    FinishBodyText(tags, settings.removeDuplicateSpaces);
-    return NestInlineTags(tags);
+    WriteInlineTags(text, boxIndex, settings,
+                    [&tags](std::u16string_view piece) { tags += piece; });
+    return tags;
 }
 
 std::string StoryTextToTags(const StoryBodyInput& input) {
-    std::u16string body;
+    const MarkupSettings& settings = input.settings;
+    std::size_t length = 0;
+    for (const MarkupBox& box : input.boxes)
+        length += box.text == nullptr ? 0 : box.text->Length();
+    std::string bytes;
+    bytes.reserve(length + length / 4 + 1024);
+    const auto emit = [&bytes, &settings](std::u16string_view piece) {
+        AppendStoryText(piece, settings.utf8, bytes);
+    };
     for (int index = 0; index < kTextBoxCount; ++index) {
         const MarkupBox& box = input.boxes[static_cast<std::size_t>(index)];
         if (box.text == nullptr || box.text->Empty()) continue;
-        AppendBoxElement(box, index, input.settings, body);
+        WriteBoxElement(box, index, settings, emit);
     }
     // The body would be trimmed of blanks after each collapse of blank runs; it begins with
     // "<" and ends with a line end, so that trim never has anything to take.
-    std::string bytes = EncodeStoryText(body, input.settings.utf8);
     if (!input.signature.empty()) {
         bytes += input.initialsSignature ? "<Signature Type=\"I\">" : "<Signature>";
-        bytes += EncodeStoryText(Utf8ToUtf16(XmlEscape(input.signature)), input.settings.utf8);
+        AppendStoryText(Utf8ToUtf16(XmlEscape(input.signature)), settings.utf8, bytes);
         bytes += "</Signature>";
     }
     return bytes;

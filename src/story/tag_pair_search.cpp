@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <iterator>
 #include <limits>
+#include <map>
 #include <queue>
 
 namespace tessarin {
@@ -21,89 +23,120 @@ MinHeap Occurrences(std::u16string_view text, std::u16string_view tag) {
     return MinHeap(std::greater<>(), std::move(found));
 }
 
-// The characters that are still in the text, as a doubly linked chain over their positions.
-class LiveChain {
+// The positions that deleted tags took, as stretches that neither overlap nor touch, and
+// the live characters around them.
+class RemovedStretches {
   public:
-    explicit LiveChain(std::size_t size) : next_(size), previous_(size), last_(size - 1) {
-        for (std::size_t position = 0; position < size; ++position) {
-            next_[position] = position + 1 < size ? position + 1 : kNone;
-            previous_[position] = position > 0 ? position - 1 : kNone;
-        }
+    explicit RemovedStretches(std::size_t size) : size_(size) {}
+
+    // The smallest live position at or after position; kNone past the end.
+    std::size_t LiveFrom(std::size_t position) const {
+        if (position >= size_) return kNone;
+        const auto stretch = Holding(position);
+        if (stretch == stretches_.end()) return position;
+        return stretch->second < size_ ? stretch->second : kNone;
     }
 
-    std::size_t Next(std::size_t position) const { return next_[position]; }
-    // The live character before a position, kNone standing for the end of the text.
-    std::size_t Before(std::size_t position) const {
-        return position == kNone ? last_ : previous_[position];
+    // The largest live position at or before position; kNone before the start.
+    std::size_t LiveUpTo(std::size_t position) const {
+        if (position == kNone) return kNone;
+        const auto stretch = Holding(position);
+        if (stretch == stretches_.end()) return position;
+        return stretch->first > 0 ? stretch->first - 1 : kNone;
     }
 
+    // The position of the live character steps characters after a live position.
     std::size_t Advance(std::size_t position, std::size_t steps) const {
         while (steps-- > 0)
-            position = next_[position];
+            position = LiveFrom(position + 1);
         return position;
     }
 
-    // Unlinks count characters from first; returns the live character after them (kNone at
-    // the end) and marks them removed.
-    std::size_t Remove(std::size_t first, std::size_t count, std::vector<bool>& removed) {
-        const std::size_t before = previous_[first];
-        std::size_t after = first;
-        for (std::size_t step = 0; step < count; ++step) {
-            removed[after] = true;
-            after = next_[after];
+    // The whole stretch that holds a removed position.
+    std::pair<std::size_t, std::size_t> StretchOf(std::size_t position) const {
+        return *Holding(position);
+    }
+
+    // Marks [first, end) removed, joining the stretches it overlaps or touches.
+    void Remove(std::size_t first, std::size_t end) {
+        auto next = stretches_.upper_bound(first);
+        if (next != stretches_.begin()) {
+            const auto before = std::prev(next);
+            if (before->second >= first) {
+                first = before->first;
+                end = std::max(end, before->second);
+                stretches_.erase(before);
+            }
         }
-        if (before != kNone) next_[before] = after;
-        if (after != kNone)
-            previous_[after] = before;
-        else
-            last_ = before;
-        return after;
+        while (next != stretches_.end() && next->first <= end) {
+            end = std::max(end, next->second);
+            next = stretches_.erase(next);
+        }
+        stretches_.emplace(first, end);
+    }
+
+    std::vector<bool> Marks() const {
+        std::vector<bool> marks(size_, false);
+        for (const auto& [first, end] : stretches_)
+            std::fill(marks.begin() + static_cast<std::ptrdiff_t>(first),
+                      marks.begin() + static_cast<std::ptrdiff_t>(end), true);
+        return marks;
     }
 
   private:
-    std::vector<std::size_t> next_;
-    std::vector<std::size_t> previous_;
-    std::size_t last_;
+    std::map<std::size_t, std::size_t>::const_iterator Holding(std::size_t position) const {
+        auto stretch = stretches_.upper_bound(position);
+        if (stretch == stretches_.begin()) return stretches_.end();
+        --stretch;
+        return stretch->second > position ? stretch : stretches_.end();
+    }
+
+    std::size_t size_;
+    std::map<std::size_t, std::size_t> stretches_;  // first -> end
 };
 
 class PairSearch {
   public:
     PairSearch(std::u16string_view text, std::u16string_view opening, std::u16string_view closing)
-        : text_(text), opening_(opening), closing_(closing), chain_(text.size()) {}
+        : text_(text), opening_(opening), closing_(closing), removed_(text.size()) {}
 
     void Run(MinHeap openings, MinHeap closings, TagPairing& pairing) {
-        pairing.removed.assign(text_.size(), false);
         while (!openings.empty() && !closings.empty() && openings.top() < closings.top()) {
             const std::size_t opening = openings.top();
             const std::size_t closing = closings.top();
             openings.pop();
             closings.pop();
-            const std::size_t openingLast = chain_.Advance(opening, opening_.size() - 1);
+            const std::size_t openingLast = removed_.Advance(opening, opening_.size() - 1);
+            const std::size_t closingLast = removed_.Advance(closing, closing_.size() - 1);
             pairing.styled.emplace_back(openingLast + 1, closing);
-            const std::size_t afterClosing =
-                chain_.Remove(closing, closing_.size(), pairing.removed);
-            const std::size_t afterOpening =
-                chain_.Remove(opening, opening_.size(), pairing.removed);
+            removed_.Remove(closing, closingLast + 1);
+            removed_.Remove(opening, openingLast + 1);
+            const auto aroundOpening = removed_.StretchOf(opening);
+            const auto aroundClosing = removed_.StretchOf(closing);
             joined_.clear();
-            FindJoinedTags(afterClosing, openings, closings);
-            if (afterOpening != afterClosing) FindJoinedTags(afterOpening, openings, closings);
+            FindJoinedTags(aroundClosing, openings, closings);
+            if (aroundOpening != aroundClosing) FindJoinedTags(aroundOpening, openings, closings);
         }
+        pairing.removed = removed_.Marks();
     }
 
   private:
     static constexpr std::size_t kWindowSide = 8;  // the longest tag less one
 
-    // Tags that the deletion joined across the gap before the live character right.
-    void FindJoinedTags(std::size_t right, MinHeap& openings, MinHeap& closings) {
+    // Tags that the deletion joined across the removed stretch.
+    void FindJoinedTags(std::pair<std::size_t, std::size_t> stretch, MinHeap& openings,
+                        MinHeap& closings) {
         std::array<std::size_t, 2 * kWindowSide> window{};
         std::size_t before = 0;
-        for (std::size_t position = chain_.Before(right); position != kNone && before < kWindowSide;
-             position = chain_.Before(position))
+        for (std::size_t position =
+                 removed_.LiveUpTo(stretch.first == 0 ? kNone : stretch.first - 1);
+             position != kNone && before < kWindowSide;
+             position = removed_.LiveUpTo(position == 0 ? kNone : position - 1))
             window[before++] = position;
         std::reverse(window.begin(), window.begin() + static_cast<std::ptrdiff_t>(before));
         std::size_t size = before;
-        for (std::size_t position = right; position != kNone && size < window.size();
-             position = chain_.Next(position))
+        for (std::size_t position = removed_.LiveFrom(stretch.second);
+             position != kNone && size < window.size(); position = removed_.LiveFrom(position + 1))
             window[size++] = position;
         FindSpanning(window, before, size, opening_, openings);
         FindSpanning(window, before, size, closing_, closings);
@@ -127,7 +160,7 @@ class PairSearch {
     std::u16string_view text_;
     std::u16string_view opening_;
     std::u16string_view closing_;
-    LiveChain chain_;
+    RemovedStretches removed_;
     std::vector<std::size_t> joined_;
 };
 

@@ -21,7 +21,8 @@ struct TagPairing {
 };
 
 // The tags must begin with "<" and hold no other "<", and only the closing one may begin with
-// "</", so that no two tags in a text overlap. The cost is linear in the text and the pairs.
+// "</", so that no two tags in a text overlap. The cost is linear in the text, plus a few
+// steps of logarithmic cost in the number of pairs for each pair.
 TagPairing PairTags(std::u16string_view text, std::u16string_view opening,
                     std::u16string_view closing);
 

@@ -7,7 +7,6 @@
 #include "common/xml_escape.h"
 #include "story/char_count.h"
 #include "story/markup_read_tokens.h"
-#include "story/markup_text_passes.h"
 #include "story/story_markup.h"
 #include "story/tag_pair_search.h"
 
@@ -63,6 +62,26 @@ void TrimBlanks(std::u16string& text) {
     text.erase(0, first);
 }
 
+// Deletes every occurrence, left to right, in place; what a deletion joins is not searched
+// again.
+void EraseAll(std::u16string& text, std::u16string_view what) {
+    std::size_t hit = text.find(what);
+    if (hit == std::u16string::npos) return;
+    std::size_t write = hit;
+    std::size_t read = hit;
+    while (hit != std::u16string::npos) {
+        std::copy(text.begin() + static_cast<std::ptrdiff_t>(read),
+                  text.begin() + static_cast<std::ptrdiff_t>(hit),
+                  text.begin() + static_cast<std::ptrdiff_t>(write));
+        write += hit - read;
+        read = hit + what.size();
+        hit = text.find(what, read);
+    }
+    std::copy(text.begin() + static_cast<std::ptrdiff_t>(read), text.end(),
+              text.begin() + static_cast<std::ptrdiff_t>(write));
+    text.resize(write + text.size() - read);
+}
+
 // Line ends, tabs and the element's own tags go; what stays is the box's tag text.
 std::u16string BoxTags(int index, std::string_view elementXml) {
     std::u16string tags = Utf8ToUtf16(elementXml);
@@ -70,9 +89,9 @@ std::u16string BoxTags(int index, std::string_view elementXml) {
     std::erase_if(tags,
                   [](char16_t c) { return c == 0x2029 || c == u'\r' || c == u'\n' || c == u'\t'; });
     const std::u16string name = u"TextBox" + AsciiUnits(std::to_string(index));
-    ReplaceAll(tags, u"<" + name + u">", u"");
-    ReplaceAll(tags, u"</" + name + u">", u"");
-    ReplaceAll(tags, u"<" + name + u"/>", u"");
+    EraseAll(tags, u"<" + name + u">");
+    EraseAll(tags, u"</" + name + u">");
+    EraseAll(tags, u"<" + name + u"/>");
     TrimBlanks(tags);
     while (tags.ends_with(u"<p/>"))
         tags.resize(tags.size() - 4);
@@ -163,15 +182,19 @@ void ApplyTagPairs(std::u16string_view opening, std::u16string_view closing, std
                    ReadText& read) {
     const TagPairing pairing = PairTags(read.characters, opening, closing);
     if (pairing.removed.empty()) return;
-    std::vector<std::int32_t> depth(read.characters.size() + 1, 0);
+    // Where each styled range starts (+1) and ends (-1), in position order.
+    std::vector<std::pair<std::size_t, int>> edges;
     for (const auto& [first, end] : pairing.styled) {
-        ++depth[first];
-        --depth[end];
+        edges.emplace_back(first, 1);
+        edges.emplace_back(end, -1);
     }
-    std::int32_t inside = 0;
+    std::sort(edges.begin(), edges.end());
+    auto edge = edges.begin();
+    int inside = 0;
     std::size_t kept = 0;
     for (std::size_t position = 0; position < read.characters.size(); ++position) {
-        inside += depth[position];
+        for (; edge != edges.end() && edge->first == position; ++edge)
+            inside += edge->second;
         if (pairing.removed[position]) continue;
         read.characters[kept] = read.characters[position];
         read.formats[kept] =

@@ -1,8 +1,7 @@
 #include "story/word_count.h"
 
-#include <string>
-
 #include "story/markup_text_passes.h"
+#include "story/text_window.h"
 
 namespace tessarin {
 namespace {
@@ -28,35 +27,47 @@ bool ActsAsBlank(char16_t c) {
     }
 }
 
+// Counts as the text goes by. Runs of blanks at either end vanish in the trim; every inner
+// run keeps what the collapse leaves of it.
+class WordCounter {
+  public:
+    void Add(char16_t c) {
+        if (ActsAsBlank(c)) {
+            ++pendingRun_;
+            return;
+        }
+        if (seenWord_ && pendingRun_ > 0)
+            blanks_ += BlanksAfterCollapsing(pendingRun_, kLongestBlankRun);
+        pendingRun_ = 0;
+        seenWord_ = true;
+    }
+
+    std::int32_t Words() const { return seenWord_ ? static_cast<std::int32_t>(blanks_ + 1) : 0; }
+
+  private:
+    std::size_t blanks_ = 0;
+    std::size_t pendingRun_ = 0;
+    bool seenWord_ = false;
+};
+
 }  // namespace
 
 std::int32_t CountWords(std::u16string_view text) {
-    // Runs of blanks at either end vanish in the trim; every inner run keeps what the
-    // collapse leaves of it.
-    std::size_t blanks = 0;
-    std::size_t pendingRun = 0;
-    bool seenWord = false;
-    for (const char16_t c : text) {
-        if (ActsAsBlank(c)) {
-            ++pendingRun;
-            continue;
-        }
-        if (seenWord && pendingRun > 0)
-            blanks += BlanksAfterCollapsing(pendingRun, kLongestBlankRun);
-        pendingRun = 0;
-        seenWord = true;
-    }
-    return seenWord ? static_cast<std::int32_t>(blanks + 1) : 0;
+    WordCounter counter;
+    for (const char16_t c : text)
+        counter.Add(c);
+    return counter.Words();
 }
 
 std::int32_t CountStoryWords(const StyledText& text) {
-    const std::u16string plain = text.Text();
-    std::u16string unprotected;
-    unprotected.reserve(plain.size());
-    for (const FormatRun& run : text.Runs()) {
-        if (!run.format.isProtected) unprotected.append(plain, run.start, run.length);
-    }
-    return CountWords(unprotected);
+    WordCounter counter;
+    TextWindow window(text);
+    text.ForEachRun(0, text.Length(), [&counter, &window](const FormatRun& run) {
+        if (run.format.isProtected) return;
+        for (std::size_t position = run.start; position < run.start + run.length; ++position)
+            counter.Add(window.At(position));
+    });
+    return counter.Words();
 }
 
 }  // namespace tessarin

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <vector>
 
+#include "common/utf8.h"
 #include "markup_random.h"
 #include "markup_reference.h"
 #include "story/inline_tags.h"
+#include "story/markup_text_passes.h"
 #include "story/word_count.h"
 
 namespace tessarin {
@@ -35,7 +38,7 @@ bool NestsProperly(std::u16string_view tags) {
 TEST(MarkupEquivalence, RunsGiveTheBytesOfThePerCharacterConversion) {
     RandomStoryText random(20240611);
     int crossed = 0;
-    for (int round = 0; round < 600; ++round) {
+    for (int round = 0; round < 300; ++round) {
         std::vector<StyledText> texts;
         for (int box = 0; box < kTextBoxCount; ++box)
             texts.push_back(random.Number(3) == 0 ? StyledText()
@@ -64,7 +67,20 @@ TEST(MarkupEquivalence, RunsGiveTheBytesOfThePerCharacterConversion) {
             ASSERT_TRUE(NestsProperly(tags)) << "round " << round << " box " << box;
         }
     }
-    EXPECT_GT(crossed, 20);  // the random texts do exercise the repair
+    EXPECT_GT(crossed, 10);  // the random texts do exercise the repair
+}
+
+TEST(MarkupEquivalence, LongBoxesAreFinishedPieceByPiece) {
+    RandomStoryText random(11);
+    for (int round = 0; round < 4; ++round) {
+        const StyledText text = random.Wild(3000 + static_cast<std::size_t>(random.Number(5000)));
+        StoryBodyInput input;
+        input.boxes[static_cast<std::size_t>(kMainTextBox)] = {&text, "Texte", 0};
+        input.settings.removeDuplicateSpaces = round % 2 == 0;
+        input.settings.utf8 = round % 3 == 0;
+        ASSERT_EQ(StoryTextToTags(input), ReferenceStoryTextToTags(input, true))
+            << "round " << round;
+    }
 }
 
 TEST(MarkupEquivalence, WordCountOfRunsMatchesTheReplacementPasses) {
@@ -72,6 +88,27 @@ TEST(MarkupEquivalence, WordCountOfRunsMatchesTheReplacementPasses) {
     for (int round = 0; round < 400; ++round) {
         const StyledText text = random.Wild(1 + random.Number(30));
         ASSERT_EQ(CountStoryWords(text), testing::ReferenceWordCount(text)) << "round " << round;
+    }
+}
+
+TEST(MarkupEquivalence, ClusterPassesMatchWholeTextPassesOnAnyText) {
+    constexpr std::u16string_view kPieces[] = {
+        u"<b>",       u"</b>",     u"<i>",       u"</i>",   u"<u>",     u"</u>",
+        u"<sup>",     u"</sup>",   u"<p/>",      u"<note>", u"</note>", u"<inter1>",
+        u"</inter1>", u"<inter2>", u"</inter3>", u"<",      u">",       u"</",
+        u"x",         u" ",        u"  ",        u"\t",     u"<inter",  u"1>"};
+    std::mt19937 engine(3);
+    for (int round = 0; round < 3000; ++round) {
+        std::u16string text = u"a";
+        const int pieces = std::uniform_int_distribution<int>(0, 25)(engine);
+        for (int piece = 0; piece < pieces; ++piece)
+            text += kPieces[std::uniform_int_distribution<std::size_t>(
+                0, std::size(kPieces) - 1)(engine)];
+        text += u"z";
+        std::u16string finished = text;
+        FinishBodyText(finished, round % 2 == 0);
+        ASSERT_EQ(finished, testing::ReferenceBodyPasses(text, round % 2 == 0))
+            << Utf16ToUtf8(text);
     }
 }
 

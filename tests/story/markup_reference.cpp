@@ -217,6 +217,20 @@ std::int32_t ReferenceWordCount(const StyledText& text) {
     return static_cast<std::int32_t>(std::count(plain.begin(), plain.end(), u' ') + 1);
 }
 
+std::u16string ReferenceBodyPasses(std::u16string body, bool removeDuplicateSpaces) {
+    for (const auto& [from, to] : kRows)
+        body = LiteralReplace(body, from, to);
+    body = LiteralReplace(body, u"<p/>", u"<p/>\r\n");
+    body = LiteralReplace(body, u"\t", u"");
+    for (const auto& [from, to] : kNoteRows)
+        body = LiteralReplace(body, from, to);
+    if (removeDuplicateSpaces) {
+        for (std::size_t run = 6; run >= 2; --run)
+            body = Trim(LiteralReplace(body, Blanks(run), u" "));
+    }
+    return body;
+}
+
 std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
     std::u16string body;
     for (int box = 0; box < 7; ++box) {
@@ -239,16 +253,7 @@ std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
             body.resize(body.size() - 4);
         body += u"</TextBox" + Units(std::to_string(box)) + u">\r\n";
     }
-    for (const auto& [from, to] : kRows)
-        body = LiteralReplace(body, from, to);
-    body = LiteralReplace(body, u"<p/>", u"<p/>\r\n");
-    body = LiteralReplace(body, u"\t", u"");
-    for (const auto& [from, to] : kNoteRows)
-        body = LiteralReplace(body, from, to);
-    if (input.settings.removeDuplicateSpaces) {
-        for (std::size_t run = 6; run >= 2; --run)
-            body = Trim(LiteralReplace(body, Blanks(run), u" "));
-    }
+    body = ReferenceBodyPasses(body, input.settings.removeDuplicateSpaces);
     if (nest) body = NestInlineTags(body);
     std::string bytes = Encode(body, input.settings.utf8);
     if (!input.signature.empty()) {

@@ -15,6 +15,11 @@ namespace tessarin::testing {
 // repairing each box's inline text.
 std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest);
 
+// The passes over the whole body, each row over all of it: the tag order rows, the line
+// breaks after paragraphs, the removal of tabs, the note rows and the collapse of blanks with
+// a trim after each replacement.
+std::u16string ReferenceBodyPasses(std::u16string body, bool removeDuplicateSpaces);
+
 // The words of a box, by deleting protected characters from the last to the first and running
 // the blank replacements one by one.
 std::int32_t ReferenceWordCount(const StyledText& text);

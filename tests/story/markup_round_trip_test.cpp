@@ -55,7 +55,7 @@ bool Read(const std::string& body, const MarkupSettings& settings, Boxes& boxes,
 
 TEST(MarkupRoundTrip, EditedTextComesBackAsItWasSaved) {
     testing::RandomStoryText random(31);
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 150; ++round) {
         MarkupSettings settings;
         settings.utf8 = round % 2 == 0;
         Boxes boxes;
@@ -86,7 +86,7 @@ TEST(MarkupRoundTrip, AnyTextSettlesAfterAFewSaves) {
         return Save(boxes, notes, settings);
     };
     testing::RandomStoryText random(77);
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 150; ++round) {
         MarkupSettings settings;
         settings.utf8 = round % 2 == 0;
         Boxes boxes;

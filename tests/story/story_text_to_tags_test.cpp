@@ -110,7 +110,10 @@ TEST(StoryTextToTags, DuplicateBlanksAndTabsInTextAndCaption) {
     EXPECT_EQ(OneBoxBody(0, wide),
               "<TextBox0 CharCount=\"211\" WordCount=\"2\" Name=\"Titre\">a  b"
               "</TextBox0>\r\n");
-    // The caption is written raw.
+    // The caption is written raw, and the passes over the body run over it too.
+    EXPECT_EQ(
+        OneBoxBody(0, Styled({{u"x", Plain()}}), {}, "a</b></i><p/>b"),
+        "<TextBox0 CharCount=\"1\" WordCount=\"1\" Name=\"a</i></b><p/>\r\nb\">x</TextBox0>\r\n");
     EXPECT_EQ(OneBoxBody(0, Styled({{u"x", Plain()}}), {}, "R&D \"1\""),
               "<TextBox0 CharCount=\"1\" WordCount=\"1\" Name=\"R&D \"1\"\">x</TextBox0>\r\n");
 }
