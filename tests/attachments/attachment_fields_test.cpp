@@ -1,0 +1,88 @@
+#include "attachments/attachment_fields.h"
+
+#include <gtest/gtest.h>
+
+#include "attachments/attachments.h"
+#include "attachments/jpeg_bytes.h"
+#include "support/temp_dir.h"
+
+namespace tessarin {
+namespace {
+
+using namespace testing;
+namespace fs = std::filesystem;
+
+class AttachmentFieldsTest : public ::testing::Test {
+  protected:
+    AttachmentFieldsTest() : session(MakeAppPaths(folder / "app"), user) {
+        fs::create_directories(folder / "app");
+        session.preferences.IPTCCaption = false;
+        session.preferences.IPTCCredit = false;
+        session.preferences.IPTCKeywords = false;
+        first = folder.Write("harbour.jpg",
+                             Jpeg({App13(IptcResource(IptcRecord(120, "Harbour at dawn") +
+                                                      IptcRecord(110, "Agency")))}));
+        second = folder.Write("market.jpg", Jpeg({App13(IptcResource(IptcRecord(120, "Market")))}));
+        AddImage(session, first);
+        AddImage(session, second);
+        AddOtherFile(session, folder.Write("notes.txt", "x"));
+        session.storyModified = false;
+    }
+
+    TempDir folder;
+    ScriptedInteraction user;
+    EditorSession session;
+    fs::path first;
+    fs::path second;
+};
+
+TEST_F(AttachmentFieldsTest, TypedFieldsGoToTheSelectedAttachmentAndModifyTheStory) {
+    EXPECT_TRUE(TypeImageCaption(session, "2I", "Stalls at noon"));
+    EXPECT_TRUE(TypeImageCredit(session, "2I", "Desk"));
+    EXPECT_TRUE(TypeOtherFileDescription(session, "1F", "Interview notes"));
+    EXPECT_EQ(session.story.images[1].caption, "Stalls at noon");
+    EXPECT_EQ(session.story.images[1].credit, "Desk");
+    EXPECT_EQ(session.story.images[0].caption, "");
+    EXPECT_EQ(session.story.files[0].description, "Interview notes");
+    EXPECT_TRUE(session.storyModified);
+}
+
+TEST_F(AttachmentFieldsTest, TheRootOrAnotherKindsKeyKeepsNothing) {
+    EXPECT_FALSE(TypeImageCaption(session, kAttachmentRootKey, "x"));
+    EXPECT_FALSE(TypeImageCredit(session, "1F", "x"));
+    EXPECT_FALSE(TypeOtherFileDescription(session, "1I", "x"));
+    EXPECT_FALSE(TypeImageCaption(session, "3I", "x"));
+    EXPECT_FALSE(session.storyModified);
+}
+
+TEST_F(AttachmentFieldsTest, TheIptcWindowShowsTheSelectedPictureOrTheFirstForTheRoot) {
+    EXPECT_EQ(IptcPictureIndex(session, "2I"), 1u);
+    EXPECT_EQ(IptcPictureIndex(session, kAttachmentRootKey), 0u);
+    EXPECT_EQ(IptcPictureIndex(session, "9I"), std::nullopt);
+
+    EXPECT_EQ(ReadSelectedPictureIptc(session, "2I")->Value(kIptcCaptionAbstract), "Market");
+    const auto rootData = ReadSelectedPictureIptc(session, kAttachmentRootKey);
+    EXPECT_EQ(rootData->Value(kIptcCaptionAbstract), "Harbour at dawn");
+    EXPECT_EQ(rootData->Value(kIptcCredit), "Agency");
+    EXPECT_TRUE(user.messages.empty());
+
+    ClearAttachments(session);
+    EXPECT_EQ(IptcPictureIndex(session, kAttachmentRootKey), std::nullopt);
+    EXPECT_EQ(ReadSelectedPictureIptc(session, kAttachmentRootKey), std::nullopt);
+}
+
+TEST_F(AttachmentFieldsTest, TipsComeFromTheConfigurationAndThePicturesPath) {
+    EXPECT_EQ(AttachmentTreeTip(session, AttachmentKind::Image),
+              "Enter key to add / Del key to delete");
+    session.configuration.interface.entries["OtherFilesToolTipText"].caption = "Entrée / Suppr";
+    EXPECT_EQ(AttachmentTreeTip(session, AttachmentKind::OtherFile), "Entrée / Suppr");
+
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::Image, "1I"), first.string());
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::Image, kAttachmentRootKey), "");
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::OtherFile, "1F"), "");
+    session.preferences.ImagesTooltips = false;
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::Image, "1I"), "");
+}
+
+}  // namespace
+}  // namespace tessarin
