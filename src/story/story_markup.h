@@ -47,16 +47,15 @@ struct StoryBodyInput {
 // caption with a double quote or "&" makes a body that does not parse.
 std::string StoryTextToTags(const StoryBodyInput& input);
 
-// The inline tags of one box as they stand inside its element, before encoding.
-std::u16string BoxTextToTags(const StyledText& text, int boxIndex, const MarkupSettings& settings);
-
 // Where the tag sequence of a box crosses (a tag closed while a tag opened after it is still
 // open), closes the inner tags before the outer one and opens them again before the next
 // character, so that the text parses: "<b><i>x</b> y</i>" gives "<b><i>x</i></b><i> y</i>".
-// A tag closed early whose own closing tag comes next is not opened again; a closing tag
-// with no opening is dropped; tags left open are closed at the end. Properly nested tags
+// An inner tag opened with nothing after it moves behind the closing tag instead of being
+// closed and opened again; a tag closed early whose own closing tag comes before the next
+// character is not opened again; a closing tag with no opening is dropped; tags left open
+// are closed at the end. Properly nested tags
 // pass unchanged, byte for byte. Only the paired inline tags (b, i, u, sup, note, inter1 to
-// inter3) take part; anything else passes as text.
+// inter3) take part; anything else passes as text. StoryTextToTags repairs each box so.
 std::u16string NestInlineTags(std::u16string_view tags);
 
 // A text box read back from a story file.

@@ -190,13 +190,6 @@ void AppendStoryText(std::u16string_view text, bool utf8, std::string& bytes) {
 
 }  // namespace
 
-std::u16string BoxTextToTags(const StyledText& text, int boxIndex, const MarkupSettings& settings) {
-    std::u16string tags;
-    WriteInlineTags(text, boxIndex, settings,
-                    [&tags](std::u16string_view piece) { tags += piece; });
-    return tags;
-}
-
 std::string StoryTextToTags(const StoryBodyInput& input) {
     const MarkupSettings& settings = input.settings;
     std::size_t length = 0;

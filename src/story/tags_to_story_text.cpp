@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -211,6 +212,8 @@ CharFormat ToCharFormat(std::uint16_t format, const MarkupSettings& settings,
     result.bold = (format & (kBold | kInter1 | kInter2 | kInter3)) != 0;
     result.italic = (format & kItalic) != 0;
     result.underline = (format & kUnderline) != 0;
+    // A note's wavy underline is kept apart from the underline, so that underlined text
+    // around an anchor stays underlined after it.
     if (format & kNote) {
         result.isProtected = true;
         result.highlighted = true;
