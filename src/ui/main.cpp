@@ -1,0 +1,84 @@
+// tessarin [--app-dir DIR] [--screenshot FILE] [CONFIG]
+//
+// The desktop story editor. CONFIG is a configuration document installed over the
+// application directory's Tessarin.xml before anything is read. --screenshot FILE starts as
+// usual and, once the main window shows the new story after its first activation, writes
+// the window's picture to the PNG FILE and ends.
+
+#include <QApplication>
+#include <QStringList>
+#include <QTimer>
+#include <cstdio>
+#include <optional>
+
+#include "app/app_paths.h"
+#include "ui/main_window.h"
+
+namespace {
+
+constexpr int kExitDone = 0;
+constexpr int kExitFailed = 1;
+constexpr int kExitUsage = 2;
+constexpr const char* kUsage = "usage: tessarin [--app-dir DIR] [--screenshot FILE] [CONFIG]\n";
+
+struct CommandLine {
+    std::optional<std::filesystem::path> appDir;
+    QString screenshot;
+    std::string configuration;
+};
+
+// The arguments after the program's name, once Qt has taken its own.
+std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
+    CommandLine parsed;
+    bool haveConfiguration = false;
+    for (qsizetype index = 1; index < arguments.size(); ++index) {
+        const QString& argument = arguments[index];
+        const bool takesValue =
+            argument == QLatin1String("--app-dir") || argument == QLatin1String("--screenshot");
+        if (takesValue) {
+            if (++index >= arguments.size()) return std::nullopt;
+            if (argument == QLatin1String("--app-dir")) {
+                parsed.appDir = arguments[index].toStdString();
+            } else {
+                parsed.screenshot = arguments[index];
+            }
+        } else if (!argument.startsWith(QLatin1Char('-')) && !haveConfiguration) {
+            parsed.configuration = argument.toStdString();
+            haveConfiguration = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return parsed;
+}
+
+// Once the first activation is done, the window's picture goes to file and the program ends.
+void TakeScreenshotOnceShown(tessarin::MainWindow& window, const QString& file) {
+    QObject::connect(&window, &tessarin::MainWindow::firstActivationDone, &window, [&window, file] {
+        QTimer::singleShot(0, &window, [&window, file] {
+            const bool saved = window.grab().save(file, "PNG");
+            if (!saved)
+                std::fprintf(stderr, "tessarin: cannot write %s\n", file.toLocal8Bit().constData());
+            QApplication::exit(saved ? kExitDone : kExitFailed);
+        });
+    });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const std::optional<CommandLine> commandLine = ParseCommandLine(application.arguments());
+    if (!commandLine) {
+        std::fputs(kUsage, stderr);
+        return kExitUsage;
+    }
+    const std::filesystem::path appDir = tessarin::ResolveAppDir(
+        commandLine->appDir, QCoreApplication::applicationFilePath().toStdString());
+    tessarin::MainWindow window(tessarin::MakeAppPaths(appDir));
+    if (const std::optional<int> status = window.Start(commandLine->configuration)) return *status;
+    if (!commandLine->screenshot.isEmpty())
+        TakeScreenshotOnceShown(window, commandLine->screenshot);
+    window.show();
+    return QApplication::exec();
+}

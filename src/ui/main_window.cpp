@@ -1,0 +1,246 @@
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "app/display_view.h"
+#include "app/missing_configuration.h"
+#include "app/session_start.h"
+#include "story/file_operations.h"
+#include "ui/main_status_bar.h"
+#include "ui/main_window_chrome.h"
+#include "ui/qt_user_interaction.h"
+#include "ui/session_view.h"
+
+namespace tessarin {
+namespace {
+
+constexpr int kDesignWidth = 1100;
+constexpr int kDesignHeight = 760;
+constexpr int kBackupTickMs = 60000;
+constexpr int kExitRefused = 1;
+
+// The tab strip's pages, in the order of DisplayView, with their design-time texts and the
+// menu entry keys whose Short text replaces them.
+struct TabPage {
+    const char* pageName;
+    const char* caption;
+    const char* key;
+};
+constexpr TabPage kTabPages[] = {
+    {"pageInformations", "Informations", "DisplayMetadata"},
+    {"pageStory", "Story", "DisplayStory"},
+    {"pageImages", "Images", "DisplayImages"},
+};
+
+UserInteraction& UserOr(UserInteraction* given, std::unique_ptr<UserInteraction>& own,
+                        QWidget* window) {
+    if (given != nullptr) return *given;
+    own = std::make_unique<QtUserInteraction>(window);
+    return *own;
+}
+
+QWidget* NewPage(const char* name) {
+    auto* page = new QWidget;
+    page->setObjectName(QLatin1String(name));
+    new QVBoxLayout(page);
+    page->layout()->setContentsMargins(0, 0, 0, 0);
+    return page;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const AppPaths& paths, UserInteraction* user)
+    : session_(paths, UserOr(user, ownUser_, this)),
+      instanceLock_(QString::fromStdString((paths.appDir / "Tessarin.lock").string())),
+      chrome_(new WindowChrome(*this)),
+      statusBar_(new MainStatusBar(this)),
+      tabs_(new QTabWidget(this)),
+      backupTimer_(new QTimer(this)) {
+    setObjectName(QStringLiteral("frmTessarin"));
+    setWindowTitle(MessageBoxTitle());
+    resize(kDesignWidth, kDesignHeight);
+    setStatusBar(statusBar_);
+    BuildTabs();
+    backupTimer_->setObjectName(QStringLiteral("TimerBackupAuto"));
+    backupTimer_->setInterval(kBackupTickMs);
+    connect(backupTimer_, &QTimer::timeout, this, &MainWindow::AutomaticSaveTick);
+    ConnectCommands();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildTabs() {
+    tabs_->setObjectName(QStringLiteral("tabDisplay"));
+    for (const TabPage& page : kTabPages) {
+        tabs_->addTab(NewPage(page.pageName), QLatin1String(page.caption));
+    }
+    setCentralWidget(tabs_);
+    connect(tabs_, &QTabWidget::currentChanged, this, &MainWindow::ShowView);
+}
+
+void MainWindow::AddView(SessionView* view, const QString& pageName) {
+    tabs_->findChild<QWidget*>(pageName)->layout()->addWidget(view);
+    views_.push_back(view);
+    connect(view, &SessionView::sessionChanged, this, [this, view] {
+        RefreshWindow();
+        RefreshViewsExcept(view);
+    });
+}
+
+void MainWindow::ConnectCommands() {
+    auto on = [this](const char* key, std::function<void()> command) {
+        connect(chrome_->Entry(QLatin1String(key)), &QAction::triggered, this,
+                [this, command = std::move(command)] { Run(command); });
+    };
+    on("FileNew", [this] { NewStory(session_); });
+    on("FileClose", [this] { NewStory(session_); });
+    on("FileOpen", [this] { OpenStory(session_); });
+    on("FileSave", [this] { SaveCurrentStory(session_); });
+    on("FileSaveAs", [this] { SaveStoryAs(session_); });
+    on("DisplayMetadata", [this] { SelectView(session_.window, DisplayView::Informations); });
+    on("DisplayStory", [this] { SelectView(session_.window, DisplayView::Story); });
+    on("DisplayImages", [this] { SelectView(session_.window, DisplayView::Images); });
+    connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
+    connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
+        Run([this, row] { OpenRecentFile(session_, static_cast<std::size_t>(row)); });
+    });
+}
+
+std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration) {
+    // As designed, the window opens on the Informations view.
+    session_.window.Control("mnuDisplayMetadata").checked = true;
+
+    StartOptions options;
+    options.commandLine = commandLineConfiguration;
+    options.anotherInstanceRunning = [this] { return AnotherInstanceRunning(); };
+    // The login window does not exist yet: a configuration that forces a login goes on
+    // with the configuration in place.
+    options.forcedLogin = [](EditorSession&) { return true; };
+    const StartResult result = StartEditor(session_, options);
+    if (result.state == StartState::FirstLoginNeeded) {
+        session_.user.Tell(MissingConfigurationMessage(session_.paths), MessageIcon::Critical);
+        return kExitRefused;
+    }
+    if (result.state == StartState::EndProgram) return kExitRefused;
+    ApplyStoredGeometry();
+    RefreshAll();
+    return std::nullopt;
+}
+
+bool MainWindow::AnotherInstanceRunning() {
+    return !instanceLock_.isLocked() && !instanceLock_.tryLock(0);
+}
+
+void MainWindow::ApplyStoredGeometry() {
+    const MainWindowSection& stored = session_.preferences.MainWindow;
+    if (stored.WindowState == kWindowMaximised) setWindowState(Qt::WindowMaximized);
+    if (!AppliesStoredRectangle(stored)) return;
+    resize(stored.Width.value_or(kDesignWidth), stored.Height.value_or(kDesignHeight));
+    if (stored.Left && stored.Top) move(*stored.Left, *stored.Top);
+}
+
+MainWindowSection MainWindow::CurrentGeometry() const {
+    MainWindowSection section;
+    if (isMaximized()) section.WindowState = kWindowMaximised;
+    if (isMinimized()) section.WindowState = kWindowMinimised;
+    const QRect rectangle = normalGeometry().isValid() ? normalGeometry() : geometry();
+    section.Left = rectangle.x();
+    section.Top = rectangle.y();
+    section.Width = rectangle.width();
+    section.Height = rectangle.height();
+    return section;
+}
+
+void MainWindow::RefreshAll() {
+    RefreshWindow();
+    RefreshViewsExcept(nullptr);
+}
+
+void MainWindow::RefreshWindow() {
+    const std::string& title = session_.window.title;
+    setWindowTitle(title.empty() ? MessageBoxTitle() : QString::fromStdString(title));
+    chrome_->Refresh(session_);
+    statusBar_->Refresh(session_);
+    RefreshTabs();
+    RefreshBackupTimer();
+}
+
+void MainWindow::RefreshViewsExcept(const SessionView* changed) {
+    for (SessionView* view : views_) {
+        if (view != changed) view->Refresh();
+    }
+}
+
+void MainWindow::RefreshTabs() {
+    const WindowState& window = session_.window;
+    const QSignalBlocker blocker(tabs_);
+    for (int index = 0; index < tabs_->count(); ++index) {
+        const TabPage& page = kTabPages[index];
+        const std::string& text = session_.configuration.interface.Entry(page.key).Short;
+        tabs_->setTabText(
+            index, text.empty() ? QLatin1String(page.caption) : QString::fromStdString(text));
+        tabs_->setTabVisible(index, ViewAvailable(window, static_cast<DisplayView>(index)));
+    }
+    tabs_->setCurrentIndex(static_cast<int>(SelectedView(window)));
+    tabs_->tabBar()->setVisible(session_.preferences.TabDisplayVisible);
+}
+
+void MainWindow::RefreshBackupTimer() {
+    if (!session_.preferences.BackupAuto) {
+        backupTimer_->stop();
+    } else if (!backupTimer_->isActive()) {
+        backupTimer_->start();
+    }
+}
+
+void MainWindow::Run(const std::function<void()>& command) {
+    command();
+    RefreshAll();
+}
+
+void MainWindow::ShowView(int tabIndex) {
+    Run([this, tabIndex] { SelectView(session_.window, static_cast<DisplayView>(tabIndex)); });
+}
+
+void MainWindow::AutomaticSaveTick() {
+    BackupTick(session_, QApplication::activeModalWidget() == nullptr);
+    RefreshAll();
+}
+
+void MainWindow::RunFirstActivation() {
+    FirstActivation(session_);
+    // The Informations button is pressed to agree with the view shown.
+    SelectView(session_.window, SelectedView(session_.window));
+    RefreshAll();
+    emit firstActivationDone();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && firstActivation_) {
+        firstActivation_ = false;
+        QMetaObject::invokeMethod(this, &MainWindow::RunFirstActivation, Qt::QueuedConnection);
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (CloseEditor(session_, CurrentGeometry())) {
+        event->accept();
+    } else {
+        event->ignore();
+        RefreshAll();
+    }
+}
+
+void MainWindow::mousePressEvent(QMouseEvent* event) {
+    session_.window.ClearStatus();
+    statusBar_->Refresh(session_);
+    QMainWindow::mousePressEvent(event);
+}
+
+}  // namespace tessarin

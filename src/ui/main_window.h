@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QLockFile>
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/editor_session_qt.h"
+
+class QTabWidget;
+class QTimer;
+
+namespace tessarin {
+
+class MainStatusBar;
+class SessionView;
+class WindowChrome;
+
+// The desktop editor's main window, frmTessarin. It holds the editor session, runs the
+// core's start sequence, first activation and closing, forwards the File menu's commands to
+// the core's file operations, and shows what the session holds: the title, the menus and
+// tool bars, the status bar, and the tab strip with the Informations, Story and Images views.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    // user answers the core's questions; null: the window's own message boxes and dialogs.
+    explicit MainWindow(const AppPaths& paths, UserInteraction* user = nullptr);
+    ~MainWindow() override;
+
+    // The start sequence with the program's one argument, a configuration document to
+    // install (empty: none). Returns the exit status when the program must end now (the user
+    // has been told why), nothing when the window is ready to be shown.
+    std::optional<int> Start(const std::string& commandLineConfiguration);
+
+    EditorSession& Session() { return session_; }
+
+    // Shows the session's state in every part of the window.
+    void RefreshAll();
+
+  signals:
+    // The first activation's work is done: the window shows the new story.
+    void firstActivationDone();
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    void BuildTabs();
+    void ConnectCommands();
+    void AddView(SessionView* view, const QString& pageName);
+    void ApplyStoredGeometry();
+    MainWindowSection CurrentGeometry() const;
+    void RefreshWindow();
+    void RefreshTabs();
+    void RefreshBackupTimer();
+    void RefreshViewsExcept(const SessionView* changed);
+    void Run(const std::function<void()>& command);
+    void ShowView(int tabIndex);
+    void AutomaticSaveTick();
+    void RunFirstActivation();
+    bool AnotherInstanceRunning();
+
+    std::unique_ptr<UserInteraction> ownUser_;
+    EditorSession session_;
+    QLockFile instanceLock_;
+    WindowChrome* chrome_;
+    MainStatusBar* statusBar_;
+    QTabWidget* tabs_;
+    QWidget* informationsPage_;
+    QWidget* storyPage_;
+    QWidget* imagesPage_;
+    std::vector<SessionView*> views_;
+    QTimer* backupTimer_;
+    bool firstActivation_ = true;
+};
+
+}  // namespace tessarin

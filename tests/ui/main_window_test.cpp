@@ -1,0 +1,209 @@
+#include <QAction>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QtTest>
+
+#include "ui/editor_session_qt.h"
+
+#include "app/missing_configuration.h"
+#include "editing/copy_fit.h"
+#include "support/temp_dir.h"
+#include "ui/main_window.h"
+#include "ui/qt_user_interaction.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ReadBytes;
+using testing::TempDir;
+
+constexpr int kMainBox = 6;
+
+// A newsroom with one form that holds the main box, a client for the title, and a few
+// configured captions: New is renamed, Print withdrawn, a new story is "Untitled".
+std::string Configuration(std::string_view interfaceAttributes = "") {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<Tessarin Version=\"3.2\" StoriesEncoding=\"UTF-8\" Client=\"Valley Courier\">"
+           "<FTPTransmission><FTPServer IPNumber=\"ftp.example.org\" User=\"desk\"/>"
+           "</FTPTransmission>"
+           "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
+           "<Story/><Publications><Publication Name=\"Morning Herald\"/></Publications>"
+           "<Interface " +
+           std::string(interfaceAttributes) +
+           "><FileNew>New story</FileNew>"
+           "<FilePrint Visible=\"false\">Print the story</FilePrint></Interface>"
+           "<Messages><NewStory>Untitled</NewStory></Messages></Tessarin>\n";
+}
+
+// The main window on an application directory, with scripted answers.
+struct Editor {
+    explicit Editor(const TempDir& dir) : window(MakeAppPaths(dir.path()), &user) {}
+
+    // Starts the window and waits for its first activation.
+    bool StartAndShow() {
+        if (window.Start("")) return false;
+        QSignalSpy activated(&window, &MainWindow::firstActivationDone);
+        window.show();
+        return activated.wait(5000);
+    }
+
+    QAction* Action(const char* name) { return window.findChild<QAction*>(name); }
+    void Trigger(const char* name) { Action(name)->trigger(); }
+    void Type(std::u16string_view text) {
+        TypeText(window.Session(), kMainBox, window.Session().story.boxes[kMainBox].Length(), text);
+    }
+    std::u16string MainBox() { return window.Session().story.boxes[kMainBox].Text(); }
+
+    ScriptedInteraction user{Answer::Yes};
+    MainWindow window;
+};
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void startShowsTheConfiguredWindow();
+    void aFirstStartWithoutConfigurationSaysWhereItGoes();
+    void aSecondInstanceEndsWhenTheConfigurationForbidsIt();
+    void newSaveReopenAndRecentFiles();
+    void closingAsksAboutTheModifiedStory();
+    void aWithdrawnInformationsViewLeavesTheStoryView();
+    void fileDialogFiltersKeepEveryEntry();
+};
+
+void MainWindowTest::startShowsTheConfiguredWindow() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Configuration());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+
+    QCOMPARE(editor.window.objectName(), QStringLiteral("frmTessarin"));
+    QCOMPARE(editor.window.windowTitle(),
+             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - Untitled"));
+    QCOMPARE(editor.Action("mnuFileNew")->text(), QStringLiteral("New story"));
+    QCOMPARE(editor.Action("New")->toolTip(), QStringLiteral("New story"));
+    QCOMPARE(editor.Action("mnuFileOpen")->text(), QStringLiteral("&Open..."));
+    for (const char* withdrawn : {"mnuFilePrint", "Print", "SepPrint"}) {
+        QVERIFY2(!editor.Action(withdrawn)->isVisible(), withdrawn);
+    }
+    QVERIFY(editor.Action("Save")->isVisible());
+    QVERIFY(editor.Action("SepUndo")->isVisible());
+    QVERIFY(!editor.Action("mnuSepMRU")->isVisible());
+    QVERIFY(!editor.Action("mnuFileMRU1")->isVisible());
+
+    // The Informations view is shown, and its button pressed to agree with it.
+    auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
+    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageInformations"));
+    QVERIFY(editor.Action("Informations")->isChecked());
+    editor.Trigger("mnuDisplayStory");
+    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+    QVERIFY(editor.Action("Story")->isChecked());
+    QVERIFY(!editor.Action("mnuDisplayMetadata")->isChecked());
+
+    for (const char* made : {"Upload", "Upload/Logs", "XSLT"}) {
+        QVERIFY2(std::filesystem::is_directory(dir / made), made);
+    }
+}
+
+void MainWindowTest::aFirstStartWithoutConfigurationSaysWhereItGoes() {
+    TempDir dir;
+    Editor editor(dir);
+    QCOMPARE(editor.window.Start(""), std::optional<int>(1));
+    QCOMPARE(editor.user.messages,
+             std::vector<std::string>{MissingConfigurationMessage(MakeAppPaths(dir.path()))});
+    QVERIFY(std::filesystem::is_directory(dir / "Upload/Logs"));
+    QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
+}
+
+void MainWindowTest::aSecondInstanceEndsWhenTheConfigurationForbidsIt() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Configuration("MultipleInstances=\"false\""));
+    Editor first(dir);
+    QCOMPARE(first.window.Start(""), std::optional<int>());
+    Editor second(dir);
+    QCOMPARE(second.window.Start(""), std::optional<int>(1));
+    QCOMPARE(second.user.messages, std::vector<std::string>{"Program already running"});
+}
+
+void MainWindowTest::newSaveReopenAndRecentFiles() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Configuration());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    const std::filesystem::path story = dir / "brief.xml";
+
+    editor.Type(u"Council votes the budget");
+    editor.user.QueuePath(story);
+    editor.Trigger("Save");
+    QVERIFY(std::filesystem::exists(story));
+    QVERIFY(!editor.window.Session().storyModified);
+    QCOMPARE(editor.window.windowTitle(),
+             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml"));
+    QVERIFY(editor.Action("mnuSepMRU")->isVisible());
+    QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
+
+    editor.Trigger("mnuFileNew");
+    QCOMPARE(editor.MainBox(), std::u16string());
+    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - Untitled")));
+
+    editor.user.QueuePath(story);
+    editor.Trigger("mnuFileOpen");
+    QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
+    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - brief.xml")));
+
+    editor.Trigger("Close");
+    QCOMPARE(editor.MainBox(), std::u16string());
+    editor.Trigger("mnuFileMRU1");
+    QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
+    QVERIFY(editor.user.questions.empty());
+}
+
+void MainWindowTest::closingAsksAboutTheModifiedStory() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Configuration());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    editor.Type(u"Unsaved lead");
+
+    editor.user.QueueAnswer(Answer::Cancel);
+    QVERIFY(!editor.window.close());
+    QVERIFY(editor.window.isVisible());
+    QCOMPARE(editor.user.questions, std::vector<std::string>{"Save current story"});
+    QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
+    QCOMPARE(editor.MainBox(), std::u16string(u"Unsaved lead"));
+
+    editor.user.QueueAnswer(Answer::No);
+    QVERIFY(editor.window.close());
+    QCOMPARE(editor.user.questions.size(), std::size_t(2));
+    const std::string preferences = ReadBytes(dir / "Tessarin.ini");
+    QVERIFY(preferences.starts_with("[MainWindow]\r\nWindowState=0\r\nLeft="));
+    const QString width = QStringLiteral("Width=%1\r\n").arg(editor.window.width());
+    QVERIFY(preferences.find(width.toStdString()) != std::string::npos);
+}
+
+void MainWindowTest::aWithdrawnInformationsViewLeavesTheStoryView() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Configuration("MetadataVisible=\"false\""));
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
+    QVERIFY(!tabs->isTabVisible(0));
+    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+    QVERIFY(!editor.Action("Informations")->isVisible());
+    editor.Trigger("mnuDisplayMetadata");
+    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+}
+
+void MainWindowTest::fileDialogFiltersKeepEveryEntry() {
+    QCOMPARE(DialogNameFilter("Stories XML (*.xml)|*.xml|Backup stories (*.bml)|*.bml"),
+             QStringLiteral("Stories XML (*.xml);;Backup stories (*.bml)"));
+    QCOMPARE(DialogNameFilter("Stories RTF/TXT (*.rtf;*txt)|*.rtf;*.txt"),
+             QStringLiteral("Stories RTF/TXT (*.rtf *.txt)"));
+}
+
+TESSARIN_UI_TEST(MainWindowTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "main_window_test.moc"
