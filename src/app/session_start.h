@@ -66,8 +66,8 @@ StartResult StartEditor(EditorSession& session, const StartOptions& options = {}
 void FirstActivation(EditorSession& session);
 
 // Closing the program: the question about a modified story (as before any change is lost;
-// Cancel, or a cancelled save dialog, keeps the program running and returns false; a save that
-// fails closes all the same), then the main window's state and rectangle are kept in the
+// Cancel, a cancelled save dialog or a refused save keeps the program running and returns
+// false), then the main window's state and rectangle are kept in the
 // preferences and written to the MainWindow section. True when the program may end.
 bool CloseEditor(EditorSession& session, const MainWindowSection& window);
 

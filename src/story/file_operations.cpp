@@ -103,11 +103,10 @@ bool SettleChangesBeforeLoss(EditorSession& session) {
         case Answer::Yes:
             break;
     }
-    if (HasDirectoryAndName(session)) {
-        SaveNamedStory(session);
-        return true;
-    }
-    return SaveThroughDialog(session, "SaveStory") != DialogSave::Cancelled;
+    // A save that was refused (a mandatory field, an empty story, a file that cannot be
+    // written) keeps the story open: the user has been told why, and nothing is lost.
+    if (HasDirectoryAndName(session)) return SaveNamedStory(session);
+    return SaveThroughDialog(session, "SaveStory") == DialogSave::Saved;
 }
 
 bool NewStory(EditorSession& session) {

@@ -28,8 +28,9 @@ struct DocumentImport {
 // main box is locked (a read-only story). Otherwise the status panel shows NotSavedStory and
 // AskSave is asked with Yes, No and Cancel: Cancel returns false; No returns true; Yes saves
 // the story under its name, or, for a story without directory or name, through the save
-// dialog titled SaveStory, and returns true whatever the save's outcome, except when that
-// dialog is cancelled (false).
+// dialog titled SaveStory, and returns true only when the story was saved: a refused save (a
+// mandatory field, an empty story, a file that cannot be written) or a cancelled dialog keeps
+// the story as it is and returns false, so that no change is lost.
 bool SettleChangesBeforeLoss(EditorSession& session);
 
 // NewStory (also the close command): the question, then the editor is reset to a new story
