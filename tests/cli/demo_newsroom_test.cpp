@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "app/session_start.h"
+#include "cli/cli_run.h"
+
+namespace tessarin {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace testing;
+
+const fs::path kRepository = fs::path(__FILE__).parent_path().parent_path().parent_path();
+const std::string kFrozenClock =
+    "TESSARIN_NOW=2026-03-12T10:15:00 TESSARIN_SHORT_DATE=dd/MM/yyyy "
+    "TESSARIN_LONG_DATE='dddd d MMMM yyyy'";
+
+int RunDemo(const TempDir& folder) {
+    const std::string command = Quoted((kRepository / "scripts/demo").string()) + " --app-dir " +
+                                Quoted((folder / "app").string()) + " --no-launch >/dev/null";
+    return std::system(command.c_str());
+}
+
+// The caption (dataset 120) of a picture's IPTC description.
+std::string DescribedCaption(const fs::path& description) {
+    std::ifstream lines(description);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("120 ")) return line.substr(4);
+    }
+    return "";
+}
+
+class DemoNewsroom : public ::testing::Test {
+  protected:
+    void SetUp() override { ASSERT_EQ(RunDemo(folder_), 0); }
+    TempDir folder_;
+    fs::path app_ = folder_ / "app";
+};
+
+TEST_F(DemoNewsroom, TheConfigurationLoadsWholeAndTheEditorStartsOnIt) {
+    const CliRun check = RunCli(folder_, "config check");
+    EXPECT_EQ(check.exitStatus, 0) << check.out << check.err;
+    EXPECT_EQ(check.out, "");
+
+    // Every workflow directory that the start checks is there.
+    ScriptedInteraction user;
+    EditorSession session(MakeAppPaths(app_), user);
+    const StartResult start = StartEditor(session);
+    EXPECT_EQ(start.state, StartState::Ready);
+    EXPECT_TRUE(start.configurationLoaded);
+    EXPECT_EQ(user.messages, std::vector<std::string>{});
+    EXPECT_GE(session.configuration.forms.size(), 3u);
+}
+
+TEST_F(DemoNewsroom, EveryStoryReadsAndSavesBackToTheSameBytes) {
+    int stories = 0;
+    for (const auto& entry : fs::directory_iterator(kRepository / "demo/stories")) {
+        const fs::path story = app_ / "Stories" / entry.path().filename();
+        const CliRun text = RunCli(folder_, "story text " + Quoted(story.string()));
+        EXPECT_EQ(text.exitStatus, 0) << story << text.err;
+        EXPECT_GT(text.out.size(), 100u) << story;
+
+        const fs::path copy = folder_ / "resaved" / story.filename();
+        fs::create_directories(copy.parent_path());
+        const CliRun resave = RunCli(folder_,
+                                     "story resave " + Quoted(story.string()) + " -o " +
+                                         Quoted(copy.string()) + " --unattended",
+                                     kFrozenClock);
+        EXPECT_EQ(resave.exitStatus, 0) << story << resave.err;
+        EXPECT_EQ(ReadBytes(copy), ReadBytes(story)) << story;
+        ++stories;
+    }
+    EXPECT_GE(stories, 3);
+}
+
+TEST_F(DemoNewsroom, EveryPictureCarriesItsCaptionInItsIptcData) {
+    int pictures = 0;
+    for (const auto& entry : fs::directory_iterator(kRepository / "demo/pictures")) {
+        if (entry.path().extension() != ".iptc") continue;
+        const std::string caption = DescribedCaption(entry.path());
+        ASSERT_FALSE(caption.empty()) << entry.path();
+        const fs::path picture = app_ / "Pictures" / entry.path().stem() += ".jpg";
+        const CliRun iptc = RunCli(folder_, "iptc " + Quoted(picture.string()));
+        EXPECT_EQ(iptc.exitStatus, 0);
+        EXPECT_NE(iptc.out.find("Caption/Abstract: " + caption + "\n"), std::string::npos)
+            << picture << iptc.out;
+        ++pictures;
+    }
+    EXPECT_GE(pictures, 3);
+}
+
+TEST_F(DemoNewsroom, ASecondRunKeepsTheUsersStoriesAndRewritesTheConfiguration) {
+    const fs::path story = app_ / "Stories/harbour-season.xml";
+    std::ofstream(story, std::ios::binary) << "changed";
+    std::ofstream(app_ / "Tessarin.xml", std::ios::binary) << "broken";
+    ASSERT_EQ(RunDemo(folder_), 0);
+    EXPECT_EQ(ReadBytes(story), "changed");
+    EXPECT_EQ(RunCli(folder_, "config check").exitStatus, 0);
+}
+
+}  // namespace
+}  // namespace tessarin
