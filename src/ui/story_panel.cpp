@@ -1,0 +1,318 @@
+// The story panel: its controls and how they show the session.
+
+#include "ui/story_panel.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QTextDocument>
+#include <QVBoxLayout>
+
+#include "config/numbered_name.h"
+#include "config/story_section.h"
+#include "editing/copy_fit.h"
+#include "editing/signature.h"
+#include "ui/story_text_box.h"
+#include "ui/styled_text_bridge.h"
+
+namespace tessarin {
+namespace {
+
+constexpr int kShortBoxHeight = 64;
+constexpr int kFormListWidth = 170;
+constexpr int kIconSize = 16;
+constexpr const char* kAllCapsMark = "ABC";
+constexpr const char* kNameSignatureCaption = "Signature";
+constexpr const char* kInitialsSignatureCaption = "Initials";
+
+QString ToQString(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+// A control's state: as designed (visible, enabled) until the core has set it.
+bool Visible(const WindowState& window, std::string_view name, bool designed) {
+    const ControlState* control = window.FindControl(name);
+    return control ? control->visible : designed;
+}
+
+bool Enabled(const WindowState& window, std::string_view name) {
+    const ControlState* control = window.FindControl(name);
+    return !control || control->enabled;
+}
+
+QString Caption(const WindowState& window, std::string_view name) {
+    const ControlState* control = window.FindControl(name);
+    return control ? ToQString(control->caption) : QString();
+}
+
+void SetTextColour(QLabel& label, OleColour colour) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, ToQColor(colour));
+    label.setPalette(palette);
+}
+
+QFont BoxFont(const Preferences& preferences, int box) {
+    const auto entry = static_cast<std::size_t>(box);
+    QFont font(ToQString(preferences.FontName[entry]), preferences.FontSize[entry]);
+    font.setBold(preferences.FontBold[entry]);
+    font.setItalic(preferences.FontItalic[entry]);
+    return font;
+}
+
+}  // namespace
+
+StoryPanel::StoryPanel(EditorSession& session, QWidget* parent) : SessionView(session, parent) {
+    setObjectName(QStringLiteral("StoryPanel"));
+    BuildLayout();
+    Refresh();
+}
+
+StoryPanel::~StoryPanel() = default;
+
+void StoryPanel::BuildLayout() {
+    auto* columns = new QHBoxLayout(this);
+    columns->addWidget(BuildFormList());
+    auto* boxes = new QVBoxLayout;
+    for (int box = 0; box < kTextBoxCount; ++box)
+        boxes->addWidget(BuildBox(box), box == kMainTextBox ? 1 : 0);
+    boxes->addWidget(BuildSignature());
+    columns->addLayout(boxes, 1);
+}
+
+QLabel* StoryPanel::NewLabel(const std::string& name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(ToQString(name));
+    return label;
+}
+
+void StoryPanel::OnClick(QObject* control, std::function<void()> action) {
+    control->installEventFilter(this);
+    clicks_[control] = std::move(action);
+}
+
+void StoryPanel::OnHover(QObject* control, std::function<void()> action) {
+    control->installEventFilter(this);
+    hovers_[control] = std::move(action);
+}
+
+bool StoryPanel::eventFilter(QObject* watched, QEvent* event) {
+    const auto* actions = event->type() == QEvent::MouseButtonRelease ? &clicks_
+                          : event->type() == QEvent::Enter            ? &hovers_
+                                                                      : nullptr;
+    if (actions != nullptr) {
+        const auto found = actions->find(watched);
+        if (found != actions->end()) found->second();
+    }
+    return SessionView::eventFilter(watched, event);
+}
+
+QWidget* StoryPanel::BuildFormList() {
+    auto* column = new QWidget(this);
+    column->setFixedWidth(kFormListWidth);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    formsLabel_ = NewLabel("lblStoryTypes");
+    forms_ = new QListWidget(column);
+    forms_->setObjectName(QStringLiteral("lstStoryTypes"));
+    layout->addWidget(formsLabel_);
+    layout->addWidget(forms_, 1);
+    connect(forms_, &QListWidget::currentRowChanged, this, &StoryPanel::FormClicked);
+    return column;
+}
+
+QWidget* StoryPanel::BuildBox(int box) {
+    BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
+    widgets.row = new QWidget(this);
+    auto* header = new QHBoxLayout;
+    if (box < kAllCapsBoxCount) {
+        widgets.allCaps = NewLabel(NumberedName("ImageAllCaps", box));
+        widgets.allCaps->setText(QLatin1String(kAllCapsMark));
+        header->addWidget(widgets.allCaps);
+    }
+    widgets.label = NewLabel(TextBoxLabelName(box));
+    widgets.limits = NewLabel(LimitsLabelName(box));
+    widgets.count = NewLabel(CountLabelName(box));
+    widgets.writeLess = NewLabel(WriteLessIconName(box));
+    widgets.writeMore = NewLabel(WriteMoreIconName(box));
+    widgets.writeLess->setPixmap(style()->standardIcon(QStyle::SP_ArrowDown).pixmap(kIconSize));
+    widgets.writeMore->setPixmap(style()->standardIcon(QStyle::SP_ArrowUp).pixmap(kIconSize));
+    header->addWidget(widgets.label);
+    header->addStretch(1);
+    for (QLabel* label : {widgets.limits, widgets.count, widgets.writeLess, widgets.writeMore})
+        header->addWidget(label);
+
+    widgets.edit = new StoryTextBox(box, widgets.row);
+    widgets.edit->setObjectName(ToQString(TextBoxControlName(box)));
+    if (box != kMainTextBox) widgets.edit->setFixedHeight(kShortBoxHeight);
+    widgets.bridge = std::make_unique<StyledTextBridge>(*widgets.edit->document());
+    auto* layout = new QVBoxLayout(widgets.row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(header);
+    layout->addWidget(widgets.edit, 1);
+
+    StoryTextBox* edit = widgets.edit;
+    connect(
+        edit, &StoryTextBox::editRequested, this,
+        [this, box](int start, int end, const QString& text) { TypeInto(box, start, end, text); });
+    connect(edit, &StoryTextBox::pasteRequested, this,
+            [this, box](const QString& text) { PasteInto(box, text); });
+    connect(edit, &StoryTextBox::cutRequested, this, &StoryPanel::Cut);
+    connect(edit, &StoryTextBox::copyRequested, this, &StoryPanel::Copy);
+    connect(edit, &StoryTextBox::undoRequested, this, &StoryPanel::Undo);
+    connect(edit, &StoryTextBox::redoRequested, this, &StoryPanel::Redo);
+    connect(edit, &StoryTextBox::focused, this, [this, box] { FocusBox(box); });
+    connect(edit, &StoryTextBox::cursorPositionChanged, this, [this, box] { SelectionMoved(box); });
+    connect(edit, &StoryTextBox::selectionChanged, this, [this, box] { SelectionMoved(box); });
+    connect(edit, &StoryTextBox::contextMenuRequested, this,
+            [this, box](const QPoint& where) { ShowContextMenu(box, where); });
+    connect(edit->document(), &QTextDocument::contentsChanged, this,
+            [this, box] { DocumentChanged(box); });
+
+    OnClick(widgets.count, [this, box] {
+        ToggleBoxWords(session_, box);
+        ShowBoxControls(box);
+        Changed();
+    });
+    if (box == kMainTextBox) {
+        OnClick(widgets.limits, [this] {
+            ShowImageAllowanceParts(session_);
+            Changed();
+        });
+    }
+    for (QLabel* icon : {widgets.writeLess, widgets.writeMore}) {
+        OnHover(icon, [this, box] {
+            ShowBoxWarning(session_, box);
+            Changed();
+        });
+    }
+    return widgets.row;
+}
+
+QWidget* StoryPanel::BuildSignature() {
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (int button = 0; button < 2; ++button) {
+        auto* signatureButton = new QPushButton(row);
+        signatureButton->setObjectName(ToQString(NumberedName("cmdSignature", button)));
+        signatureButton->setCheckable(true);
+        connect(signatureButton, &QPushButton::clicked, this, [this, button] {
+            PressSignatureButton(session_, button);
+            ShowSignature();
+            Changed();
+        });
+        signatureButtons_[static_cast<std::size_t>(button)] = signatureButton;
+        layout->addWidget(signatureButton);
+    }
+    signature_ = new QLineEdit(row);
+    signature_->setObjectName(QStringLiteral("txtSignature"));
+    connect(signature_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        TypeSignature(session_, text.toStdString());
+        Changed();
+    });
+    layout->addWidget(signature_, 1);
+    total_ = NewLabel(std::string(kTotalCountLabel));
+    layout->addWidget(total_);
+    OnClick(total_, [this] {
+        ToggleTotalWords(session_);
+        ShowTotal();
+        Changed();
+    });
+    return row;
+}
+
+void StoryPanel::Refresh() {
+    ShowForms();
+    ShowAllBoxes();
+    ShowSignature();
+}
+
+void StoryPanel::ShowAllBoxes() {
+    for (int box = 0; box < kTextBoxCount; ++box)
+        ShowBox(box);
+    ShowTotal();
+}
+
+void StoryPanel::ShowForms() {
+    const WindowState& window = session_.window;
+    const QSignalBlocker blocker(forms_);
+    const ListModel* list = window.FindList("lstStoryTypes");
+    const std::size_t items = list ? list->items.size() : 0;
+    bool same = static_cast<std::size_t>(forms_->count()) == items;
+    for (std::size_t row = 0; same && row < items; ++row) {
+        same = forms_->item(static_cast<int>(row))->text() == ToQString(list->items[row].text);
+    }
+    if (!same) {
+        forms_->clear();
+        for (std::size_t row = 0; row < items; ++row)
+            forms_->addItem(ToQString(list->items[row].text));
+    }
+    forms_->setCurrentRow(list ? list->selected : -1);
+    forms_->setVisible(Visible(window, "lstStoryTypes", true));
+    forms_->setEnabled(Enabled(window, "lstStoryTypes"));
+    formsLabel_->setText(Caption(window, "lblStoryTypes"));
+    formsLabel_->setVisible(Visible(window, "lblStoryTypes", true));
+}
+
+void StoryPanel::ShowBox(int box) {
+    BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
+    const QFont font = BoxFont(session_.preferences, box);
+    if (widgets.edit->document()->defaultFont() != font) {
+        widgets.edit->document()->setDefaultFont(font);
+    }
+    widgets.bridge->Show(session_.story.boxes[static_cast<std::size_t>(box)]);
+    ShowBoxControls(box);
+}
+
+void StoryPanel::ShowBoxControls(int box) {
+    const WindowState& window = session_.window;
+    BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
+    widgets.row->setVisible(Visible(window, TextBoxControlName(box), true));
+    widgets.edit->setEnabled(Enabled(window, TextBoxControlName(box)));
+    widgets.edit->setReadOnly(box == kMainTextBox && session_.mainBoxLocked);
+    widgets.label->setText(Caption(window, TextBoxLabelName(box)));
+    SetTextColour(*widgets.label, BoxLabelColour(session_, box));
+    widgets.count->setText(Caption(window, CountLabelName(box)));
+    widgets.count->setVisible(Visible(window, CountLabelName(box), true));
+    widgets.limits->setText(Caption(window, LimitsLabelName(box)));
+    widgets.limits->setVisible(Visible(window, LimitsLabelName(box), false));
+    widgets.writeLess->setVisible(Visible(window, WriteLessIconName(box), false));
+    widgets.writeMore->setVisible(Visible(window, WriteMoreIconName(box), false));
+    if (widgets.allCaps != nullptr) {
+        widgets.allCaps->setVisible(Visible(window, NumberedName("ImageAllCaps", box), false));
+    }
+}
+
+void StoryPanel::ShowSignature() {
+    const WindowState& window = session_.window;
+    const StoryRecord& story = session_.story;
+    const QString text = ToQString(story.signature);
+    if (signature_->text() != text) signature_->setText(text);
+    signature_->setVisible(Visible(window, "txtSignature", true));
+    signature_->setEnabled(story.signatureEnabled);
+    const ControlState* buttons = window.FindControl("cmdSignature");
+    for (int button = 0; button < 2; ++button) {
+        QPushButton& signatureButton = *signatureButtons_[static_cast<std::size_t>(button)];
+        const bool configured =
+            button == kNameSignatureButton && buttons != nullptr && !buttons->caption.empty();
+        signatureButton.setText(configured ? ToQString(buttons->caption)
+                                : button == kNameSignatureButton
+                                    ? QLatin1String(kNameSignatureCaption)
+                                    : QLatin1String(kInitialsSignatureCaption));
+        signatureButton.setToolTip(buttons ? ToQString(buttons->toolTip) : QString());
+        signatureButton.setVisible(!buttons || buttons->visible);
+        signatureButton.setEnabled(!buttons || buttons->enabled);
+        signatureButton.setChecked(SignatureButtonPressed(story, button));
+    }
+}
+
+void StoryPanel::ShowTotal() {
+    total_->setText(Caption(session_.window, kTotalCountLabel));
+}
+
+}  // namespace tessarin

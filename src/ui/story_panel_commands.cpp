@@ -1,0 +1,220 @@
+// The story panel: the user's gestures, forwarded to the core.
+
+#include "ui/story_panel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QListWidget>
+#include <QMenu>
+#include <QTimer>
+
+#include "editing/copy_fit.h"
+#include "editing/formatting.h"
+#include "editing/selection_state.h"
+#include "editing/story_forms.h"
+#include "metadata/metadata_changed.h"
+#include "ui/story_text_box.h"
+#include "ui/styled_text_bridge.h"
+
+namespace tessarin {
+namespace {
+
+bool IsBox(int box) {
+    return box >= 0 && box < kTextBoxCount;
+}
+
+// The system clipboard holds line ends as the desktop writes them.
+void PutOnSystemClipboard(const TextClipboard& clipboard) {
+    QApplication::clipboard()->setText(QString::fromStdString(clipboard.text)
+                                           .replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+}
+
+QString PopupCaption(const WindowState& window, std::string_view name, const char* designed) {
+    const ControlState* control = window.FindControl(name);
+    return control && !control->caption.empty() ? QString::fromStdString(control->caption)
+                                                : QLatin1String(designed);
+}
+
+}  // namespace
+
+void StoryPanel::Changed() {
+    emit sessionChanged();
+}
+
+void StoryPanel::FormClicked(int row) {
+    tessarin::ChooseForm(session_, row);
+    MetadataChanged(session_);
+    Refresh();
+    Changed();
+}
+
+TextSelection StoryPanel::SelectionOf(int box) const {
+    const BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
+    const QTextCursor cursor = widgets.edit->textCursor();
+    const std::size_t start = widgets.bridge->ToBoxPosition(cursor.selectionStart());
+    const std::size_t end = widgets.bridge->ToBoxPosition(cursor.selectionEnd());
+    return {box, start, end - start};
+}
+
+void StoryPanel::Select(const TextSelection& selection) {
+    const BoxWidgets& widgets = boxes_[static_cast<std::size_t>(selection.box)];
+    QTextCursor cursor = widgets.edit->textCursor();
+    cursor.setPosition(widgets.bridge->ToDocumentPosition(selection.start));
+    cursor.setPosition(widgets.bridge->ToDocumentPosition(selection.start + selection.length),
+                       QTextCursor::KeepAnchor);
+    widgets.edit->setTextCursor(cursor);
+}
+
+void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
+    BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
+    const std::size_t from = widgets.bridge->ToBoxPosition(start);
+    const std::size_t to = widgets.bridge->ToBoxPosition(end);
+    const StyledText& text = session_.story.boxes[static_cast<std::size_t>(box)];
+    const std::size_t lengthBefore = text.Length();
+    const std::optional<std::size_t> caret =
+        burst_.Type(session_, box, from, typed.toStdU16String(), to - from);
+    if (!caret) return;
+    const std::size_t newLength = to - from + text.Length() - lengthBefore;
+    widgets.bridge->ShowEdit(text, {from, to - from, newLength}, start, end);
+    QTextCursor cursor = widgets.edit->textCursor();
+    cursor.setPosition(start + static_cast<int>(DocumentLength(text.Text(from, *caret - from))));
+    widgets.edit->setTextCursor(cursor);
+    ShowBoxControls(box);
+    ShowTotal();
+    ShowSelection(session_, SelectionOf(box));
+    Changed();
+}
+
+void StoryPanel::FocusBox(int box) {
+    burst_.FocusBox(session_, box);
+    SelectionMoved(box);
+}
+
+void StoryPanel::SelectionMoved(int box) {
+    if (box != session_.activeBox || boxes_[static_cast<std::size_t>(box)].bridge->Changing()) {
+        return;
+    }
+    if (ShowSelection(session_, SelectionOf(box))) Changed();
+}
+
+void StoryPanel::DocumentChanged(int box) {
+    if (boxes_[static_cast<std::size_t>(box)].bridge->Changing()) return;
+    // Something other than the core changed the box on screen: once it is done, the box shows
+    // the core's text again.
+    QTimer::singleShot(0, this, [this, box] {
+        StyledTextBridge& bridge = *boxes_[static_cast<std::size_t>(box)].bridge;
+        if (bridge.Diverged()) bridge.Load(session_.story.boxes[static_cast<std::size_t>(box)]);
+    });
+}
+
+void StoryPanel::RunOnSelection(const Command& command) {
+    const int box = session_.activeBox;
+    if (!IsBox(box)) return;
+    // What was typed before the command is an undo step of its own.
+    burst_.End(session_);
+    TextSelection selection = SelectionOf(box);
+    if (command(session_, selection)) {
+        ShowBox(box);
+        ShowTotal();
+        Select(selection);
+    }
+    ShowSelection(session_, SelectionOf(box));
+    Changed();
+}
+
+void StoryPanel::Bold() {
+    RunOnSelection(ToggleBold);
+}
+
+void StoryPanel::Italic() {
+    RunOnSelection(ToggleItalic);
+}
+
+void StoryPanel::Underline() {
+    RunOnSelection(ToggleUnderline);
+}
+
+void StoryPanel::Superscript() {
+    RunOnSelection(ToggleSuperscript);
+}
+
+void StoryPanel::Inter(int style) {
+    RunOnSelection([style](EditorSession& session, TextSelection& selection) {
+        return ToggleInter(session, selection, style);
+    });
+}
+
+void StoryPanel::ToUpperCase() {
+    RunOnSelection(ChangeToUpperCase);
+}
+
+void StoryPanel::ToLowerCase() {
+    RunOnSelection(ChangeToLowerCase);
+}
+
+void StoryPanel::InsertDate() {
+    RunOnSelection(tessarin::InsertDate);
+}
+
+void StoryPanel::InsertTime() {
+    RunOnSelection(tessarin::InsertTime);
+}
+
+void StoryPanel::InsertNonBreakingSpace() {
+    RunOnSelection(tessarin::InsertNonBreakingSpace);
+}
+
+void StoryPanel::Cut() {
+    RunOnSelection([this](EditorSession& session, TextSelection& selection) {
+        if (!CutSelection(session, selection, clipboard_)) return false;
+        PutOnSystemClipboard(clipboard_);
+        return true;
+    });
+}
+
+void StoryPanel::Copy() {
+    if (IsBox(session_.activeBox) &&
+        CopySelection(session_, SelectionOf(session_.activeBox), clipboard_)) {
+        PutOnSystemClipboard(clipboard_);
+    }
+}
+
+void StoryPanel::Paste() {
+    PasteInto(session_.activeBox, QApplication::clipboard()->text());
+}
+
+void StoryPanel::PasteInto(int box, const QString& text) {
+    if (!IsBox(box)) return;
+    if (box != session_.activeBox) FocusBox(box);
+    clipboard_.text = text.toStdString();
+    RunOnSelection([this](EditorSession& session, TextSelection& selection) {
+        return PasteClipboard(session, selection, clipboard_);
+    });
+}
+
+void StoryPanel::Undo() {
+    burst_.Undo(session_);
+    ShowAllBoxes();
+    Changed();
+}
+
+void StoryPanel::Redo() {
+    burst_.Redo(session_);
+    ShowAllBoxes();
+    Changed();
+}
+
+void StoryPanel::ShowContextMenu(int box, const QPoint& where) {
+    const ContextMenuState state = ContextMenuStateOf(session_, SelectionOf(box));
+    if (state.selection.length > 0) Select(state.selection);
+    const WindowState& window = session_.window;
+    QMenu menu(this);
+    menu.addAction(PopupCaption(window, "mnuPopupCut", "Cut"), this, &StoryPanel::Cut)
+        ->setEnabled(state.cut);
+    menu.addAction(PopupCaption(window, "mnuPopupCopy", "Copy"), this, &StoryPanel::Copy)
+        ->setEnabled(state.copy);
+    menu.addAction(PopupCaption(window, "mnuPopupPaste", "Paste"), this, &StoryPanel::Paste);
+    menu.exec(where);
+}
+
+}  // namespace tessarin

@@ -1,0 +1,300 @@
+#include "ui/editor_session_qt.h"  // first: before any header that includes the session
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QtTest>
+#include <memory>
+#include <random>
+#include <utility>
+
+#include "editing/copy_fit.h"
+#include "editing/panel_session.h"
+#include "editing/story_forms.h"
+#include "ui/story_panel.h"
+#include "ui/styled_text_bridge.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+// A story panel on a session with three forms: "Brief" (boxes 0, 1 and 6 and the signature;
+// box 0 takes 3 to 5 characters), "Caps" (boxes 0 to 3 and 6; box 1 all caps) and "Main"
+// (box 6 alone). Brief is in force.
+struct PanelBench {
+    PanelBench() {
+        auto& forms = bench.session.configuration.forms;
+        forms = {{"Brief", "1270", "", 0, -1, {}},
+                 {"Caps", "12347", "2", 0, -1, {}},
+                 {"Main", "7", "", 0, -1, {}}};
+        forms[0].characterLimits[0] = CharacterLimit{"3", 5};
+        for (const StoryForm& form : forms)
+            bench.session.window.List("lstStoryTypes").items.push_back({form.name, {}});
+        bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
+        ChooseForm(bench.session, 0);
+        panel = std::make_unique<StoryPanel>(bench.session, nullptr);
+        panel->show();
+        QApplication::setActiveWindow(panel.get());
+    }
+
+    template <typename Widget>
+    Widget& Find(const QString& name) {
+        auto* widget = panel->findChild<Widget*>(name);
+        if (widget == nullptr) qFatal("no control %s", qPrintable(name));
+        return *widget;
+    }
+    QTextEdit& Box(int box) { return Find<QTextEdit>(QStringLiteral("TextBox%1").arg(box)); }
+    QString Label(const QString& name) { return Find<QLabel>(name).text(); }
+    bool Shown(const QString& name) { return Find<QWidget>(name).isVisible(); }
+    QString Core(int box) {
+        return QString::fromStdU16String(bench.session.story.boxes[box].Text());
+    }
+
+    // Puts the caret (and the selection from anchor) into a box that has the focus.
+    void Select(int box, int anchor, int position) {
+        QTextEdit& edit = Box(box);
+        edit.setFocus();
+        QTextCursor cursor = edit.textCursor();
+        cursor.setPosition(anchor);
+        cursor.setPosition(position, QTextCursor::KeepAnchor);
+        edit.setTextCursor(cursor);
+    }
+
+    // What the box's document holds, read back as styled text.
+    StyledText Shown(int box) { return StyledTextBridge(*Box(box).document()).Read(); }
+
+    testing::PanelSession bench;
+    std::unique_ptr<StoryPanel> panel;
+};
+
+CharFormat Bold() {
+    CharFormat format;
+    format.bold = true;
+    return format;
+}
+
+class StoryPanelTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void TypingMovesTheCounterAndTheWarnings() {
+        PanelBench panel;
+        QCOMPARE(panel.Label("lblNbTextBox0"), QStringLiteral("0  [0%]"));
+        QVERIFY(panel.Shown("ImageWarningMore0") && !panel.Shown("ImageWarningLess0"));
+        QCOMPARE(panel.Label("lblMinMaxTextBox0"), QStringLiteral("[3,5]"));
+
+        panel.Select(0, 0, 0);
+        QTest::keyClicks(&panel.Box(0), "abcd");
+        QCOMPARE(panel.Label("lblNbTextBox0"), QStringLiteral("4"));
+        QVERIFY(!panel.Shown("ImageWarningMore0") && !panel.Shown("ImageWarningLess0"));
+        QTest::keyClick(&panel.Box(0), Qt::Key_Return);
+        QTest::keyClicks(&panel.Box(0), "ef");
+        QCOMPARE(panel.Core(0), QStringLiteral("abcd\r\nef"));
+        QCOMPARE(panel.Box(0).document()->blockCount(), 2);
+        QCOMPARE(panel.Label("lblNbTextBox0"), QStringLiteral("6  [120%]"));
+        QVERIFY(panel.Shown("ImageWarningLess0") && !panel.Shown("ImageWarningMore0"));
+        QCOMPARE(panel.Label("lblNbTotal"), QStringLiteral("Total chars=6"));
+
+        // Backspace takes the "f", the "e", then the whole line break.
+        for (int key = 0; key < 3; ++key)
+            QTest::keyClick(&panel.Box(0), Qt::Key_Backspace);
+        QCOMPARE(panel.Core(0), QStringLiteral("abcd"));
+        QCOMPARE(panel.Box(0).toPlainText(), QStringLiteral("abcd"));
+        QVERIFY(panel.bench.session.storyModified);
+    }
+
+    void AFormIsChosenOnlyWhenItsQuestionsAreAgreed() {
+        PanelBench panel;
+        panel.Select(1, 0, 0);
+        QTest::keyClicks(&panel.Box(1), "text");
+        QListWidget& forms = panel.Find<QListWidget>(QStringLiteral("lstStoryTypes"));
+        const auto click = [&forms](int row) {
+            QTest::mouseClick(forms.viewport(), Qt::LeftButton, {},
+                              forms.visualItemRect(forms.item(row)).center());
+        };
+        panel.bench.user.QueueAnswer(Answer::No);
+        click(2);  // "Main" has no box 1
+        QCOMPARE(QString::fromStdString(panel.bench.user.questions.back()),
+                 QStringLiteral("Following text will be deleted:\nBox1"));
+        QCOMPARE(forms.currentRow(), 0);
+        QCOMPARE(panel.Box(1).toPlainText(), QStringLiteral("text"));
+
+        panel.bench.user.QueueAnswer(Answer::No);  // keep the mixed case
+        click(1);
+        QCOMPARE(forms.currentRow(), 1);
+        QVERIFY(panel.Shown("ImageAllCaps1") && !panel.Shown("ImageAllCaps0"));
+        QTest::keyClicks(&panel.Box(1), "s");
+        QCOMPARE(panel.Core(1), QStringLiteral("textS"));  // typed in upper case from now on
+
+        panel.bench.user.QueueAnswer(Answer::Yes);
+        click(2);
+        QCOMPARE(forms.currentRow(), 2);
+        QVERIFY(!panel.Box(1).isVisible() && !panel.Shown("lblTextBox1"));
+        QCOMPARE(panel.Core(1), QString());
+        QCOMPARE(panel.Box(1).toPlainText(), QString());
+    }
+
+    void BoldUndoAndRedoGoThroughTheCore() {
+        PanelBench panel;
+        panel.Select(6, 0, 0);
+        QTest::keyClicks(&panel.Box(6), "hello world");
+        panel.Select(6, 6, 11);
+        panel.panel->Bold();
+        const auto boldOnScreen = [&panel] { return panel.Shown(6).FormatAt(8).bold; };
+        QVERIFY(panel.bench.session.story.boxes[6].FormatAt(8).bold && boldOnScreen());
+        QVERIFY(!panel.Shown(6).FormatAt(2).bold);
+        QVERIFY(panel.bench.session.window.Control("Bold").checked);
+
+        QTest::keyClick(&panel.Box(6), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!boldOnScreen());
+        QCOMPARE(panel.Box(6).toPlainText(), QStringLiteral("hello world"));
+        panel.panel->Redo();
+        QVERIFY(boldOnScreen());
+        for (int step = 0; step < 3; ++step)
+            panel.panel->Undo();  // "hello world", "hello ", then the empty box
+        QCOMPARE(panel.Box(6).toPlainText(), QString());
+        panel.panel->Undo();
+        QCOMPARE(QString::fromStdString(panel.bench.session.window.Status().text),
+                 QStringLiteral("Undo not possible"));
+    }
+
+    void ANoteAnchorResistsEditing() {
+        PanelBench panel;
+        CharFormat anchor;
+        anchor.isProtected = anchor.waveUnderline = anchor.highlighted = true;
+        anchor.highlight = Rgb(255, 255, 0);
+        StyledText& box = panel.bench.session.story.boxes[6];
+        box = StyledText(u"see ");
+        box.Insert(4, u"JD 12:00", anchor);
+        box.Insert(12, u" end", {});
+        panel.panel->Refresh();
+        QVERIFY(panel.Shown(6) == box);
+
+        panel.Select(6, 7, 7);  // inside the anchor
+        QTest::keyClicks(&panel.Box(6), "x");
+        QTest::keyClick(&panel.Box(6), Qt::Key_Delete);
+        panel.Select(6, 12, 12);  // just behind it
+        QTest::keyClick(&panel.Box(6), Qt::Key_Backspace);
+        QCOMPARE(panel.Core(6), QStringLiteral("see JD 12:00 end"));
+        panel.Select(6, 2, 10);  // across its start: only "e " goes
+        QTest::keyClicks(&panel.Box(6), "Z");
+        QCOMPARE(panel.Core(6), QStringLiteral("seZJD 12:00 end"));
+        QVERIFY(panel.Shown(6) == box);
+    }
+
+    void TheNonBreakingMarkIsAGreyMiddleDot() {
+        PanelBench panel;
+        panel.Select(6, 0, 0);
+        QTest::keyClicks(&panel.Box(6), "50");
+        panel.panel->InsertNonBreakingSpace();
+        QTest::keyClicks(&panel.Box(6), "%");
+        QCOMPARE(panel.Box(6).toPlainText(), QString::fromUtf16(u"50\u00B7%"));
+        QTextCursor dot(panel.Box(6).document());
+        dot.setPosition(3);
+        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
+    }
+
+    void TheSignatureButtonsSignAndRelease() {
+        PanelBench panel;
+        QLineEdit& field = panel.Find<QLineEdit>(QStringLiteral("txtSignature"));
+        QPushButton& initials = panel.Find<QPushButton>(QStringLiteral("cmdSignature1"));
+        QTest::mouseClick(&initials, Qt::LeftButton);
+        QVERIFY(initials.isChecked() && field.isEnabled());
+        QCOMPARE(field.text(), QStringLiteral("JD"));
+        QTest::keyClicks(&field, "!");
+        QCOMPARE(QString::fromStdString(panel.bench.session.story.signature),
+                 QStringLiteral("JD!"));
+        QTest::mouseClick(&initials, Qt::LeftButton);
+        QVERIFY(!initials.isChecked() && !field.isEnabled());
+        QCOMPARE(field.text(), QString());
+    }
+
+    // Paragraphs of one to two units in the document against two in the box, both ways.
+    void PositionsMapBetweenParagraphsAndLineBreaks() {
+        QTextDocument document;
+        StyledTextBridge bridge(document);
+        StyledText text(u"ab\r", Bold());
+        text.Insert(3, u"\n\r\ncd\ref", {});  // a line break whose CR and LF differ in format
+        bridge.Load(text);
+        QCOMPARE(document.blockCount(), 3);  // the lone CR is a line separator
+        StyledText expected = text;
+        expected.Replace(8, 1, u"\u2028");
+        expected.ApplyFormat(2, 2, [](CharFormat& format) { format.bold = true; });
+        QVERIFY(bridge.Read() == expected);
+        const std::size_t boxPositions[] = {0, 1, 2, 4, 6, 7, 8, 9, 10, 11};
+        QCOMPARE(document.characterCount(), 10);
+        for (int position = 0; position < document.characterCount(); ++position) {
+            QCOMPARE(bridge.ToBoxPosition(position), boxPositions[position]);
+            QCOMPARE(bridge.ToDocumentPosition(boxPositions[position]), position);
+        }
+    }
+
+    // A change made elsewhere replaces only the stretch that differs, and a line break that
+    // the change makes or undoes at the stretch's edge is one paragraph separator or none.
+    void ShowingAChangeReplacesOnlyWhatDiffers() {
+        QTextDocument document;
+        StyledTextBridge bridge(document);
+        std::u16string lines;
+        for (int line = 0; line < 1000; ++line)
+            lines += u"one more line\r\n";
+        StyledText text(lines);
+        bridge.Load(text);
+        int changed = 0;
+        connect(&document, &QTextDocument::contentsChange,
+                [&changed](int, int removed, int added) { changed += removed + added; });
+        text.ApplyFormat(7005, 4, [](CharFormat& format) { format.bold = true; });
+        bridge.Show(text);
+        QVERIFY(changed <= 8);
+        QVERIFY(bridge.Read() == text);
+
+        const std::pair<std::u16string_view, std::u16string_view> steps[] = {
+            {u"x\ry", u"x\u2028y"},
+            {u"x\r\ny", u"x\u2029y"},
+            {u"x\ny", u"x\u2028y"},
+            {u"x\n\r\ny", u"x\u2028\u2029y"},
+            {u"xy", u"xy"}};
+        for (const auto& [box, shown] : steps) {
+            bridge.Show(StyledText(box));
+            QCOMPARE(document.toRawText(), QString::fromStdU16String(std::u16string(shown)));
+        }
+    }
+
+    // Random keys at random places: the document always reads back as the box, and a key
+    // in a long box replaces a few characters of the document, never the whole.
+    void TypingKeepsTheDocumentInStepChangeByChange() {
+        PanelBench panel;
+        std::u16string paragraphs;
+        for (int line = 0; line < 5000; ++line)
+            paragraphs += u"A line of the long main text.\r\n";
+        panel.bench.session.story.boxes[6] = StyledText(paragraphs);
+        panel.panel->Refresh();
+        int changed = 0;
+        connect(panel.Box(6).document(), &QTextDocument::contentsChange,
+                [&changed](int, int removed, int added) { changed += removed + added; });
+        std::mt19937 random(7);
+        for (int step = 0; step < 200; ++step) {
+            const int end = panel.Box(6).document()->characterCount() - 1;
+            const int anchor = static_cast<int>(random() % (end + 1));
+            panel.Select(6, anchor, std::min(end, anchor + static_cast<int>(random() % 4)));
+            const Qt::Key keys[] = {Qt::Key_A, Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete,
+                                    Qt::Key_Space};
+            changed = 0;
+            QTest::keyClick(&panel.Box(6), keys[random() % 5]);
+            QVERIFY(changed <= 8);
+        }
+        QVERIFY(panel.Shown(6) == panel.bench.session.story.boxes[6]);
+        QCOMPARE(panel.Label("lblNbTextBox6").toStdString(),
+                 std::to_string(panel.bench.session.story.counters[6].count));
+    }
+};
+
+TESSARIN_UI_TEST(StoryPanelTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "story_panel_test.moc"
