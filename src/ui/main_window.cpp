@@ -15,6 +15,7 @@
 #include "ui/main_window_chrome.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/session_view.h"
+#include "ui/story_panel.h"
 
 namespace tessarin {
 namespace {
@@ -66,10 +67,14 @@ MainWindow::MainWindow(const AppPaths& paths, UserInteraction* user)
     resize(kDesignWidth, kDesignHeight);
     setStatusBar(statusBar_);
     BuildTabs();
+    ComposeViews();
     backupTimer_->setObjectName(QStringLiteral("TimerBackupAuto"));
     backupTimer_->setInterval(kBackupTickMs);
     connect(backupTimer_, &QTimer::timeout, this, &MainWindow::AutomaticSaveTick);
     ConnectCommands();
+    auto* storyPanel = new StoryPanel(session_, this);
+    AddView(storyPanel, QStringLiteral("pageStory"));
+    storyPanel->ConnectCommands([this](const QString& key) { return chrome_->Entry(key); });
 }
 
 MainWindow::~MainWindow() = default;

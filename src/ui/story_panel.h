@@ -15,6 +15,7 @@
 #include "story/story_record.h"
 #include "ui/session_view.h"
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -44,6 +45,10 @@ class StoryPanel : public SessionView {
     ~StoryPanel() override;
 
     void Refresh() override;
+
+    // Connects the main window's menu entries, found by their Interface key ("FormatBold";
+    // null when the window has none), to the commands below.
+    void ConnectCommands(const std::function<QAction*(const QString& key)>& entry);
 
   public slots:
     void Bold();

@@ -2,11 +2,13 @@
 
 #include "ui/story_panel.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QListWidget>
 #include <QMenu>
 #include <QTimer>
+#include <utility>
 
 #include "editing/copy_fit.h"
 #include "editing/formatting.h"
@@ -36,6 +38,33 @@ QString PopupCaption(const WindowState& window, std::string_view name, const cha
 }
 
 }  // namespace
+
+void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key)>& entry) {
+    const std::pair<const char*, std::function<void()>> commands[] = {
+        {"EditionUndo", [this] { Undo(); }},
+        {"EditionRedo", [this] { Redo(); }},
+        {"EditionCut", [this] { Cut(); }},
+        {"EditionCopy", [this] { Copy(); }},
+        {"EditionPaste", [this] { Paste(); }},
+        {"InsertDate", [this] { InsertDate(); }},
+        {"InsertTime", [this] { InsertTime(); }},
+        {"InsertNonBreakingSpace", [this] { InsertNonBreakingSpace(); }},
+        {"FormatBold", [this] { Bold(); }},
+        {"FormatItalic", [this] { Italic(); }},
+        {"FormatUnderline", [this] { Underline(); }},
+        {"FormatSuperscript", [this] { Superscript(); }},
+        {"FormatInter1", [this] { Inter(1); }},
+        {"FormatInter2", [this] { Inter(2); }},
+        {"FormatInter3", [this] { Inter(3); }},
+        {"FormatToUppercase", [this] { ToUpperCase(); }},
+        {"FormatToLowercase", [this] { ToLowerCase(); }},
+    };
+    for (const auto& [key, command] : commands) {
+        if (QAction* action = entry(QLatin1String(key))) {
+            connect(action, &QAction::triggered, this, command);
+        }
+    }
+}
 
 void StoryPanel::Changed() {
     emit sessionChanged();
