@@ -1,0 +1,286 @@
+#include "ui/preferences_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFontDialog>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "config/story_section.h"
+#include "ui/colour_button.h"
+
+namespace tessarin {
+
+namespace {
+
+QString FromUtf8(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// A row of a label, the control it names and, when given, a button that serves the control.
+void AddLabelled(QBoxLayout& layout, const QString& caption, QWidget* control,
+                 QWidget* button = nullptr) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(new QLabel(caption));
+    row->addWidget(control, button ? 1 : 0);
+    if (button) {
+        row->addWidget(button);
+    } else {
+        row->addStretch();
+    }
+    layout.addLayout(row);
+}
+
+}  // namespace
+
+PreferencesDialog::PreferencesDialog(EditorSession& session, QWidget* parent)
+    : QDialog(parent), session_(session), choice_(BeginPreferencesChoice(session)) {
+    setObjectName(QStringLiteral("frmPreferences"));
+    QString title = Caption("ToolsPreferences", "Preferences");
+    if (title.endsWith(QLatin1String("..."))) title.chop(3);
+    setWindowTitle(title.remove(QLatin1Char('&')));
+
+    auto* pages = new QTabWidget;
+    pages->setObjectName(QStringLiteral("tabPreferences"));
+    pages->addTab(DisplayPage(), QStringLiteral("Display"));
+    pages->addTab(EditingPage(), QStringLiteral("Editing"));
+    pages->addTab(MetadataPage(), QStringLiteral("Metadata"));
+    pages->addTab(FilesPage(), QStringLiteral("Photos and files"));
+    pages->addTab(SendingPage(), QStringLiteral("Sending"));
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdOK"));
+    QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    cancel->setText(Caption("Cancel", "Cancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(pages);
+    layout->addWidget(buttons);
+}
+
+void PreferencesDialog::accept() {
+    AcceptPreferences(session_, choice_);
+    QDialog::accept();
+}
+
+QString PreferencesDialog::Caption(const char* key, const char* designCaption) const {
+    const std::string configured = key ? session_.configuration.interface.Caption(key) : "";
+    return configured.empty() ? QString::fromUtf8(designCaption) : FromUtf8(configured);
+}
+
+QBoxLayout& PreferencesDialog::Group(QBoxLayout& page, const char* key, const char* designCaption) {
+    auto* group = new QGroupBox(Caption(key, designCaption));
+    page.addWidget(group);
+    return *new QVBoxLayout(group);
+}
+
+QCheckBox* PreferencesDialog::AddFlag(QBoxLayout& layout, const char* key, const char* captionKey,
+                                      const char* designCaption, Flag flag) {
+    auto* box = new QCheckBox(Caption(captionKey, designCaption));
+    box->setObjectName(QStringLiteral("chk") + QLatin1String(key));
+    box->setChecked(choice_.preferences.*flag);
+    connect(box, &QCheckBox::toggled, this,
+            [this, flag](bool checked) { choice_.preferences.*flag = checked; });
+    layout.addWidget(box);
+    return box;
+}
+
+void PreferencesDialog::AddFlagOptions(QBoxLayout& layout, Flag flag, const char* onName,
+                                       const char* onKey, const char* onCaption,
+                                       const char* offName, const char* offKey,
+                                       const char* offCaption) {
+    auto* on = new QRadioButton(Caption(onKey, onCaption));
+    auto* off = new QRadioButton(Caption(offKey, offCaption));
+    on->setObjectName(QLatin1String(onName));
+    off->setObjectName(QLatin1String(offName));
+    (choice_.preferences.*flag ? on : off)->setChecked(true);
+    connect(on, &QRadioButton::toggled, this,
+            [this, flag](bool checked) { choice_.preferences.*flag = checked; });
+    layout.addWidget(on);
+    layout.addWidget(off);
+}
+
+void PreferencesDialog::AddColour(QBoxLayout& layout, const char* key, const char* captionKey,
+                                  const char* designCaption, Colour colour) {
+    auto* button =
+        new ColourButton(QStringLiteral("cmd") + QLatin1String(key), choice_.preferences.*colour);
+    connect(button, &ColourButton::colourChosen, this,
+            [this, colour](OleColour chosen) { choice_.preferences.*colour = chosen; });
+    AddLabelled(layout, Caption(captionKey, designCaption), button);
+}
+
+void PreferencesDialog::AddHighlightColour(QBoxLayout& layout) {
+    auto* button = new ColourButton(QStringLiteral("cmdColorInformations"),
+                                    choice_.preferences.ColorInformations);
+    connect(button, &ColourButton::colourChosen, this,
+            [this](OleColour chosen) { ChooseHighlightColour(session_, choice_, chosen); });
+    AddLabelled(layout, Caption(nullptr, "Highlight colour"), button);
+}
+
+void PreferencesDialog::AddNumber(QBoxLayout& layout, const char* key, const char* captionKey,
+                                  const char* designCaption, Number number, IntegerRange range) {
+    auto* entry = new QSpinBox;
+    entry->setObjectName(QStringLiteral("txt") + QLatin1String(key));
+    entry->setRange(range.minimum, range.maximum);
+    entry->setValue(choice_.preferences.*number);
+    connect(entry, &QSpinBox::valueChanged, this,
+            [this, number](int value) { choice_.preferences.*number = value; });
+    AddLabelled(layout, Caption(captionKey, designCaption), entry);
+}
+
+QLineEdit* PreferencesDialog::AddText(QBoxLayout& layout, const char* key, const char* captionKey,
+                                      const char* designCaption, Text text, QWidget* button) {
+    auto* entry = new QLineEdit(FromUtf8(choice_.preferences.*text));
+    entry->setObjectName(QStringLiteral("txt") + QLatin1String(key));
+    connect(entry, &QLineEdit::textChanged, this, [this, text](const QString& value) {
+        choice_.preferences.*text = value.toStdString();
+    });
+    AddLabelled(layout, Caption(captionKey, designCaption), entry, button);
+    return entry;
+}
+
+void PreferencesDialog::AddFonts(QBoxLayout& page) {
+    QBoxLayout& layout = Group(page, "PreferencesFontsLabel", "Fonts");
+    fontViews_ = new QComboBox;
+    fontViews_->setObjectName(QStringLiteral("lstFonts"));
+    for (std::size_t entry : kOfferedFontEntries) {
+        QString view;
+        if (entry == kTeleprompterFont) {
+            view = Caption("DisplayTeleprompter", "Teleprompter");
+        } else {
+            const int box = static_cast<int>(entry);
+            view = FromUtf8(session_.window.Control(TextBoxLabelName(box)).caption);
+            if (view.isEmpty()) view = QStringLiteral("Text box %1").arg(box + 1);
+        }
+        fontViews_->addItem(view, static_cast<qulonglong>(entry));
+    }
+    fontSample_ = new QLabel;
+    fontSample_->setObjectName(QStringLiteral("lblFontSample"));
+    auto* button = new QPushButton(Caption("PreferencesFontsLabel", "Fonts") + "...");
+    button->setObjectName(QStringLiteral("cmdFont"));
+    connect(fontViews_, &QComboBox::currentIndexChanged, this, &PreferencesDialog::ShowFont);
+    connect(button, &QPushButton::clicked, this, &PreferencesDialog::ChooseFontOfView);
+    auto* row = new QHBoxLayout;
+    row->addWidget(fontViews_);
+    row->addWidget(fontSample_, 1);
+    row->addWidget(button);
+    layout.addLayout(row);
+    ShowFont();
+}
+
+void PreferencesDialog::ShowFont() {
+    const std::size_t entry = fontViews_->currentData().toULongLong();
+    const Preferences& preferences = choice_.preferences;
+    QFont font(FromUtf8(preferences.FontName[entry]), preferences.FontSize[entry]);
+    font.setBold(preferences.FontBold[entry]);
+    font.setItalic(preferences.FontItalic[entry]);
+    fontSample_->setFont(font);
+    fontSample_->setText(
+        QStringLiteral("%1, %2").arg(font.family()).arg(preferences.FontSize[entry]));
+}
+
+void PreferencesDialog::ChooseFontOfView() {
+    bool chosen = false;
+    const QFont font = QFontDialog::getFont(&chosen, fontSample_->font(), this);
+    if (!chosen) return;
+    const std::size_t entry = fontViews_->currentData().toULongLong();
+    ChooseFont(session_, choice_, entry,
+               {font.family().toStdString(), font.pointSize(), font.bold(), font.italic()});
+    ShowFont();
+}
+
+void PreferencesDialog::AddSpellChecker(QBoxLayout& page) {
+    QBoxLayout& layout = Group(page, "ToolsSpellChecker", "Spell checker");
+    struct Checker {
+        const char* key;
+        const char* caption;
+    };
+    constexpr Checker kCheckers[] = {{"PreferencesSpellCheckerWord", "Word"},
+                                     {"PreferencesSpellCheckerCordial", "Cordial"},
+                                     {"PreferencesSpellCheckerProLexis", "ProLexis"}};
+    std::vector<QRadioButton*> options;
+    for (std::int32_t type = 0; type < 3; ++type) {
+        auto* option = new QRadioButton(Caption(kCheckers[type].key, kCheckers[type].caption));
+        option->setObjectName(QStringLiteral("optSpellChecker%1").arg(type));
+        option->setChecked(choice_.preferences.CheckSpellingType == type);
+        layout.addWidget(option);
+        options.push_back(option);
+    }
+    QCheckBox* suggest = AddFlag(layout, "CheckSpellingAlwaysSuggest", "PreferencesAlwaysSuggest",
+                                 "Always suggest", &Preferences::CheckSpellingAlwaysSuggest);
+    QCheckBox* uppercase =
+        AddFlag(layout, "CheckSpellingIgnoreUppercase", "PreferencesIgnoreUppercase",
+                "Ignore words in uppercase", &Preferences::CheckSpellingIgnoreUppercase);
+    const auto showOptions = [this, suggest, uppercase] {
+        const bool apply = SpellingOptionsApply(choice_.preferences.CheckSpellingType);
+        suggest->setEnabled(apply);
+        uppercase->setEnabled(apply);
+    };
+    for (std::int32_t type = 0; type < 3; ++type) {
+        connect(options[type], &QRadioButton::toggled, this, [this, type, showOptions](bool on) {
+            if (!on) return;
+            choice_.preferences.CheckSpellingType = type;
+            showOptions();
+        });
+    }
+    showOptions();
+}
+
+void PreferencesDialog::AddDailyInterval(QBoxLayout& layout) {
+    auto* daily = new QRadioButton(Caption("PreferencesDailyInterval", "Daily interval"));
+    auto* weekly = new QRadioButton(Caption("PreferencesWeeklyInterval", "Weekly interval"));
+    daily->setObjectName(QStringLiteral("optDailyInterval"));
+    weekly->setObjectName(QStringLiteral("optWeeklyInterval"));
+    (choice_.preferences.DailyInterval == kWeeklyStep ? weekly : daily)->setChecked(true);
+    connect(weekly, &QRadioButton::toggled, this,
+            [this](bool on) { choice_.preferences.DailyInterval = on ? kWeeklyStep : kDailyStep; });
+    layout.addWidget(daily);
+    layout.addWidget(weekly);
+}
+
+void PreferencesDialog::AddRecentFiles(QBoxLayout& page) {
+    QBoxLayout& layout = Group(page, "PreferencesRecentlyOpenedStories", "Recently opened stories");
+    auto* keep = new QCheckBox(Caption("PreferencesKeepList", "Keep the list"));
+    keep->setObjectName(QStringLiteral("chkUseMRU"));
+    keep->setChecked(choice_.preferences.FileMRU.UseMRU);
+    connect(keep, &QCheckBox::toggled, this,
+            [this](bool checked) { choice_.preferences.FileMRU.UseMRU = checked; });
+    auto* clear = new QPushButton(Caption("PreferencesClearList", "Clear the list"));
+    clear->setObjectName(QStringLiteral("cmdClearMRU"));
+    connect(clear, &QPushButton::clicked, this, [this, clear] {
+        choice_.clearRecentFiles = true;
+        clear->setEnabled(false);
+    });
+    layout.addWidget(keep);
+    layout.addWidget(clear);
+}
+
+void PreferencesDialog::AddStyleSheet(QBoxLayout& page) {
+    QBoxLayout& layout = Group(page, "PreferencesXSLTLabel", "XSL transformation");
+    AddFlagOptions(layout, &Preferences::UseXSLT, "optAddXSLT", "PreferencesAddXSLT",
+                   "Add the XSL transformation to stories", "optNotAddXSLT",
+                   "PreferencesNotAddXSLT", "Do not add it");
+    auto* browse = new QPushButton(QStringLiteral("..."));
+    browse->setObjectName(QStringLiteral("cmdXSLT"));
+    QLineEdit* entry =
+        AddText(layout, "XSLT", "PreferencesXSLTLabel", "Style sheet", &Preferences::XSLT, browse);
+    connect(browse, &QPushButton::clicked, this, [this, entry] {
+        const auto sheet = session_.user.ChooseFileToOpen(
+            Caption("PreferencesXSLTLabel", "XSL transformation").toStdString(),
+            "XSLT (*.xsl)|*.xsl", session_.paths.xsltDir);
+        if (sheet) entry->setText(QString::fromStdString(sheet->string()));
+    });
+}
+
+}  // namespace tessarin

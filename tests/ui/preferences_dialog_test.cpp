@@ -1,0 +1,118 @@
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QtTest>
+
+#include "ui/editor_session_qt.h"
+
+#include "app/session_start.h"
+#include "config/configuration_document.h"
+#include "support/temp_dir.h"
+#include "ui/preferences_dialog.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ReadBytes;
+using testing::TempDir;
+
+const char kStoredPreferences[] =
+    "[FileMRU]\r\nFile1=/s/a.xml\r\n[Preferences]\r\nStatusTime=1\r\n";
+
+// An editor session started on a newsroom that renames the tool-bar option, over a
+// preferences file that already holds a few keys.
+struct Session {
+    Session() {
+        testing::ConfigurationDocument document;
+        document.interface =
+            "<Interface><PreferencesDisplayToolBar>Show the tool bar</PreferencesDisplayToolBar>"
+            "</Interface>";
+        dir.Write("Tessarin.xml", document.Text());
+        dir.Write("Tessarin.ini", kStoredPreferences);
+        StartEditor(session);
+    }
+    template <typename Control>
+    Control* Find(PreferencesDialog& dialog, const char* name) {
+        return dialog.findChild<Control*>(QLatin1String(name));
+    }
+    // Two options turned over and a number typed, as the user would.
+    void Edit(PreferencesDialog& dialog) {
+        Find<QCheckBox>(dialog, "chkToolBarVisible")->click();
+        Find<QCheckBox>(dialog, "chkIPTCByline")->click();
+        Find<QSpinBox>(dialog, "txtBackupAutoTime")->setValue(25);
+    }
+    std::optional<std::string> Stored(std::string_view key) {
+        return session.profile.Read(kPreferencesSection, key);
+    }
+
+    TempDir dir;
+    ScriptedInteraction user;
+    EditorSession session{MakeAppPaths(dir.path()), user};
+};
+
+class PreferencesDialogTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void okWritesTheChangedPreferences();
+    void cancelChangesNothing();
+    void optionsShowAndSetTheirPreference();
+};
+
+void PreferencesDialogTest::okWritesTheChangedPreferences() {
+    Session editor;
+    PreferencesDialog dialog(editor.session);
+    QCOMPARE(editor.Find<QCheckBox>(dialog, "chkToolBarVisible")->text(),
+             QStringLiteral("Show the tool bar"));
+    editor.Edit(dialog);
+    editor.Find<QPushButton>(dialog, "cmdOK")->click();
+
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(editor.Stored("ToolBarVisible"), std::optional<std::string>("0"));
+    QCOMPARE(editor.Stored("IPTCByline"), std::optional<std::string>("1"));
+    QCOMPARE(editor.Stored("BackupAutoTime"), std::optional<std::string>("25"));
+    QVERIFY(!editor.session.preferences.ToolBarVisible);
+    QCOMPARE(editor.session.preferences.BackupAutoTime, 25);
+    QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"),
+             std::optional<std::string>("/s/a.xml"));
+}
+
+void PreferencesDialogTest::cancelChangesNothing() {
+    Session editor;
+    const Preferences before = editor.session.preferences;
+    PreferencesDialog dialog(editor.session);
+    editor.Edit(dialog);
+    editor.Find<QPushButton>(dialog, "cmdClearMRU")->click();
+    editor.Find<QPushButton>(dialog, "cmdCancel")->click();
+
+    QCOMPARE(dialog.result(), int(QDialog::Rejected));
+    QCOMPARE(ReadBytes(editor.session.profile.Path()), std::string(kStoredPreferences));
+    QVERIFY(editor.session.preferences == before);
+}
+
+void PreferencesDialogTest::optionsShowAndSetTheirPreference() {
+    Session editor;
+    PreferencesDialog dialog(editor.session);
+    QVERIFY(editor.Find<QRadioButton>(dialog, "optDailyInterval")->isChecked());
+    QVERIFY(editor.Find<QCheckBox>(dialog, "chkCheckSpellingAlwaysSuggest")->isEnabled());
+
+    editor.Find<QRadioButton>(dialog, "optWeeklyInterval")->click();
+    editor.Find<QRadioButton>(dialog, "optSpellChecker1")->click();
+    QVERIFY(!editor.Find<QCheckBox>(dialog, "chkCheckSpellingAlwaysSuggest")->isEnabled());
+    editor.Find<QRadioButton>(dialog, "optNotAddXSLT")->click();
+    editor.Find<QPushButton>(dialog, "cmdClearMRU")->click();
+    editor.Find<QPushButton>(dialog, "cmdOK")->click();
+
+    QCOMPARE(editor.Stored("DailyInterval"), std::optional<std::string>("7"));
+    QCOMPARE(editor.Stored("CheckSpellingType"), std::optional<std::string>("1"));
+    QCOMPARE(editor.Stored("UseXSLT"), std::optional<std::string>("0"));
+    QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"), std::nullopt);
+}
+
+TESSARIN_UI_TEST(PreferencesDialogTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "preferences_dialog_test.moc"
