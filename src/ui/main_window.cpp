@@ -13,6 +13,7 @@
 #include "story/file_operations.h"
 #include "ui/main_status_bar.h"
 #include "ui/main_window_chrome.h"
+#include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/session_view.h"
 #include "ui/story_panel.h"
@@ -110,6 +111,7 @@ void MainWindow::ConnectCommands() {
     on("DisplayMetadata", [this] { SelectView(session_.window, DisplayView::Informations); });
     on("DisplayStory", [this] { SelectView(session_.window, DisplayView::Story); });
     on("DisplayImages", [this] { SelectView(session_.window, DisplayView::Images); });
+    on("ToolsPreferences", [this] { PreferencesDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
         Run([this, row] { OpenRecentFile(session_, static_cast<std::size_t>(row)); });
