@@ -16,7 +16,6 @@
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/session_view.h"
-#include "ui/story_panel.h"
 
 namespace tessarin {
 namespace {
@@ -73,9 +72,6 @@ MainWindow::MainWindow(const AppPaths& paths, UserInteraction* user)
     backupTimer_->setInterval(kBackupTickMs);
     connect(backupTimer_, &QTimer::timeout, this, &MainWindow::AutomaticSaveTick);
     ConnectCommands();
-    auto* storyPanel = new StoryPanel(session_, this);
-    AddView(storyPanel, QStringLiteral("pageStory"));
-    storyPanel->ConnectCommands([this](const QString& key) { return chrome_->Entry(key); });
 }
 
 MainWindow::~MainWindow() = default;

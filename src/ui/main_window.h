@@ -51,6 +51,7 @@ class MainWindow : public QMainWindow {
 
   private:
     void BuildTabs();
+    void ComposeViews();  // the views in the tabs, with the menu entries that act on them
     void ConnectCommands();
     void AddView(SessionView* view, const QString& pageName);
     void ApplyStoredGeometry();

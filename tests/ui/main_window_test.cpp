@@ -1,12 +1,12 @@
 #include <QAction>
 #include <QSignalSpy>
 #include <QTabWidget>
+#include <QTextEdit>
 #include <QtTest>
 
 #include "ui/editor_session_qt.h"
 
 #include "app/missing_configuration.h"
-#include "editing/copy_fit.h"
 #include "support/temp_dir.h"
 #include "ui/main_window.h"
 #include "ui/qt_user_interaction.h"
@@ -50,10 +50,18 @@ struct Editor {
 
     QAction* Action(const char* name) { return window.findChild<QAction*>(name); }
     void Trigger(const char* name) { Action(name)->trigger(); }
-    void Type(std::u16string_view text) {
-        TypeText(window.Session(), kMainBox, window.Session().story.boxes[kMainBox].Length(), text);
+    // Types at the end of the main box of the story panel.
+    void Type(const char* text) {
+        auto* box = window.findChild<QTextEdit*>("TextBox6");
+        box->moveCursor(QTextCursor::End);
+        QTest::keyClicks(box, text);
     }
-    std::u16string MainBox() { return window.Session().story.boxes[kMainBox].Text(); }
+    // The main box as the session holds it and as the story panel shows it, when they agree.
+    std::u16string MainBox() {
+        const std::u16string held = window.Session().story.boxes[kMainBox].Text();
+        const QString shown = window.findChild<QTextEdit*>("TextBox6")->toPlainText();
+        return shown.toStdU16String() == held ? held : u"(the panel shows something else)";
+    }
 
     ScriptedInteraction user{Answer::Yes};
     MainWindow window;
@@ -132,7 +140,7 @@ void MainWindowTest::newSaveReopenAndRecentFiles() {
     QVERIFY(editor.StartAndShow());
     const std::filesystem::path story = dir / "brief.xml";
 
-    editor.Type(u"Council votes the budget");
+    editor.Type("Council votes the budget");
     editor.user.QueuePath(story);
     editor.Trigger("Save");
     QVERIFY(std::filesystem::exists(story));
@@ -163,7 +171,7 @@ void MainWindowTest::closingAsksAboutTheModifiedStory() {
     dir.Write("Tessarin.xml", Configuration());
     Editor editor(dir);
     QVERIFY(editor.StartAndShow());
-    editor.Type(u"Unsaved lead");
+    editor.Type("Unsaved lead");
 
     editor.user.QueueAnswer(Answer::Cancel);
     QVERIFY(!editor.window.close());
