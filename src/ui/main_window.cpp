@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include "app/display_view.h"
 #include "app/missing_configuration.h"
@@ -45,11 +45,12 @@ UserInteraction& UserOr(UserInteraction* given, std::unique_ptr<UserInteraction>
     return *own;
 }
 
-QWidget* NewPage(const char* name) {
-    auto* page = new QWidget;
+// A tab's page scrolls its view, so that the window can be smaller than the view.
+QScrollArea* NewPage(const char* name) {
+    auto* page = new QScrollArea;
     page->setObjectName(QLatin1String(name));
-    new QVBoxLayout(page);
-    page->layout()->setContentsMargins(0, 0, 0, 0);
+    page->setWidgetResizable(true);
+    page->setFrameShape(QFrame::NoFrame);
     return page;
 }
 
@@ -86,7 +87,7 @@ void MainWindow::BuildTabs() {
 }
 
 void MainWindow::AddView(SessionView* view, const QString& pageName) {
-    tabs_->findChild<QWidget*>(pageName)->layout()->addWidget(view);
+    tabs_->findChild<QScrollArea*>(pageName)->setWidget(view);
     views_.push_back(view);
     connect(view, &SessionView::sessionChanged, this, [this, view] {
         RefreshWindow();

@@ -76,6 +76,7 @@ class MainWindowTest : public QObject {
     void newSaveReopenAndRecentFiles();
     void closingAsksAboutTheModifiedStory();
     void aWithdrawnInformationsViewLeavesTheStoryView();
+    void thePreferencesPlaceTheWindowAndRunTheAutomaticSave();
     void fileDialogFiltersKeepEveryEntry();
 };
 
@@ -200,6 +201,22 @@ void MainWindowTest::aWithdrawnInformationsViewLeavesTheStoryView() {
     QVERIFY(!editor.Action("Informations")->isVisible());
     editor.Trigger("mnuDisplayMetadata");
     QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+}
+
+void MainWindowTest::thePreferencesPlaceTheWindowAndRunTheAutomaticSave() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Configuration());
+    dir.Write("Tessarin.ini",
+              "[MainWindow]\r\nWidth=640\r\nHeight=480\r\n"
+              "[Preferences]\r\nBackupAuto=1\r\nStatusTime=0\r\n");
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    QCOMPARE(editor.window.size(), QSize(640, 480));
+    auto* timer = editor.window.findChild<QTimer*>("TimerBackupAuto");
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 60000);
+    QVERIFY(editor.window.findChild<QWidget*>("StatusDate")->isVisible());
+    QVERIFY(!editor.window.findChild<QWidget*>("StatusTime")->isVisible());
 }
 
 void MainWindowTest::fileDialogFiltersKeepEveryEntry() {
