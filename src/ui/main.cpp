@@ -3,7 +3,7 @@
 // The desktop story editor. CONFIG is a configuration document installed over the
 // application directory's Tessarin.xml before anything is read. --screenshot FILE starts as
 // usual and, once the main window shows the new story after its first activation, writes
-// the window's picture to the PNG FILE and ends.
+// the window's picture to the PNG FILE and ends; such a run shows no dialog.
 
 #include <QApplication>
 #include <QStringList>
@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "app/app_paths.h"
+#include "app/user_interaction.h"
 #include "ui/main_window.h"
 
 namespace {
@@ -64,6 +65,24 @@ void TakeScreenshotOnceShown(tessarin::MainWindow& window, const QString& file) 
     });
 }
 
+// What an unattended run was asked and told, on standard error.
+void ReportTold(const tessarin::ScriptedInteraction& user) {
+    for (const auto* texts : {&user.questions, &user.messages}) {
+        for (const std::string& text : *texts)
+            std::fprintf(stderr, "%s\n", text.c_str());
+    }
+}
+
+int Run(const CommandLine& commandLine, tessarin::UserInteraction* user) {
+    const std::filesystem::path appDir = tessarin::ResolveAppDir(
+        commandLine.appDir, QCoreApplication::applicationFilePath().toStdString());
+    tessarin::MainWindow window(tessarin::MakeAppPaths(appDir), user);
+    if (const std::optional<int> status = window.Start(commandLine.configuration)) return *status;
+    if (!commandLine.screenshot.isEmpty()) TakeScreenshotOnceShown(window, commandLine.screenshot);
+    window.show();
+    return QApplication::exec();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -73,12 +92,11 @@ int main(int argc, char** argv) {
         std::fputs(kUsage, stderr);
         return kExitUsage;
     }
-    const std::filesystem::path appDir = tessarin::ResolveAppDir(
-        commandLine->appDir, QCoreApplication::applicationFilePath().toStdString());
-    tessarin::MainWindow window(tessarin::MakeAppPaths(appDir));
-    if (const std::optional<int> status = window.Start(commandLine->configuration)) return *status;
-    if (!commandLine->screenshot.isEmpty())
-        TakeScreenshotOnceShown(window, commandLine->screenshot);
-    window.show();
-    return QApplication::exec();
+    if (commandLine->screenshot.isEmpty()) return Run(*commandLine, nullptr);
+    // A screenshot run waits for nobody: questions take "Yes", and what the user would have
+    // been asked or told goes to standard error.
+    tessarin::ScriptedInteraction unattended;
+    const int status = Run(*commandLine, &unattended);
+    ReportTold(unattended);
+    return status;
 }

@@ -122,6 +122,13 @@ void MainWindowTest::aFirstStartWithoutConfigurationSaysWhereItGoes() {
              std::vector<std::string>{MissingConfigurationMessage(MakeAppPaths(dir.path()))});
     QVERIFY(std::filesystem::is_directory(dir / "Upload/Logs"));
     QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
+
+    // A configuration named on the command line is installed first, and the editor starts.
+    TempDir elsewhere;
+    const std::filesystem::path given = elsewhere.Write("newsroom.xml", Configuration());
+    Editor installed(dir);
+    QCOMPARE(installed.window.Start(given.string()), std::optional<int>());
+    QCOMPARE(ReadBytes(dir / "Tessarin.xml"), Configuration());
 }
 
 void MainWindowTest::aSecondInstanceEndsWhenTheConfigurationForbidsIt() {
