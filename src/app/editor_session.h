@@ -44,7 +44,7 @@ struct UndoSlot {
     StyledText text;
 };
 struct UndoRing {
-    std::array<UndoSlot, kUndoSlots + 1> slots;  // slots[1] to slots[100]; slots[0] unused
+    std::array<UndoSlot, kUndoSlots + 1> snapshots;  // [1] to [100]; [0] unused
     int position = 1;
     int lastBox = kNoBox;
 };

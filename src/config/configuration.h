@@ -20,6 +20,10 @@ namespace tessarin {
 // The number of story text boxes; box index 0 to 6 is read from TextBox1 to TextBox7.
 inline constexpr int kTextBoxCount = 7;
 
+// Box 6 is the story's main text: the only box with the inter styles, the one that pictures
+// shorten, and the one that can never be all caps.
+inline constexpr int kMainTextBox = 6;
+
 // The attributes of the document element.
 struct GeneralSettings {
     std::string version = "???";                 // Version

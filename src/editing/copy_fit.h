@@ -28,7 +28,6 @@ namespace tessarin {
 // choosing a form and replacing a box whole count again from the text (RecountBox,
 // RecountAllBoxes).
 
-inline constexpr int kMainTextBox = 6;      // the main text, which pictures shorten
 inline constexpr int kAllCapsBoxCount = 6;  // boxes 0 to 5 may be all caps, never the main text
 inline constexpr std::string_view kTotalCountLabel = "lblNbTotal";
 

@@ -25,7 +25,7 @@ int CurrentPosition(UndoRing& ring) {
 bool StepTo(EditorSession& session, int slot, std::string_view refusalKey) {
     session.window.ClearStatus();
     UndoRing& ring = session.undo;
-    const UndoSlot& step = ring.slots[static_cast<std::size_t>(slot)];
+    const UndoSlot& step = ring.snapshots[static_cast<std::size_t>(slot)];
     if (step.box == kNoBox) {
         session.window.ShowStatusError(session.Message(refusalKey));
         return false;
@@ -44,14 +44,14 @@ bool RecordUndo(EditorSession& session, int box) {
     UndoRing& ring = session.undo;
     const StyledText& text = session.story.boxes[static_cast<std::size_t>(box)];
     const int position = CurrentPosition(ring);
-    if (box == ring.lastBox && ring.slots[static_cast<std::size_t>(position)].text == text) {
+    if (box == ring.lastBox && ring.snapshots[static_cast<std::size_t>(position)].text == text) {
         return false;
     }
     ring.position = NextSlot(position);
-    UndoSlot& next = ring.slots[static_cast<std::size_t>(NextSlot(ring.position))];
+    UndoSlot& next = ring.snapshots[static_cast<std::size_t>(NextSlot(ring.position))];
     next.box = kNoBox;
     next.text.Clear();
-    UndoSlot& slot = ring.slots[static_cast<std::size_t>(ring.position)];
+    UndoSlot& slot = ring.snapshots[static_cast<std::size_t>(ring.position)];
     slot.box = box;
     slot.text = text;
     ring.lastBox = box;

@@ -5,13 +5,6 @@
 
 namespace tessarin {
 
-std::string UpperCaseText(std::string_view text) {
-    std::u16string units = Utf8ToUtf16(text);
-    for (char16_t& unit : units)
-        unit = ToUpperUnit(unit);
-    return Utf16ToUtf8(units);
-}
-
 std::string ItemsCountText(std::size_t count) {
     return " [" + std::to_string(count) + " items]";
 }

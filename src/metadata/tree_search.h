@@ -8,15 +8,14 @@
 
 #include "app/window_state.h"
 #include "metadata/tree_highlight.h"
+#include "story/styled_text_case.h"
 
 namespace tessarin {
 
 // What the publications and taxonomy trees share: the searches and the tool tips.
 
-// The text in upper case, as both sides of a tree search are compared: the letters of ASCII,
-// Latin-1, Latin Extended-A, Greek and Cyrillic take their capital, and keep their accent
-// ("é" gives "É", never "E"). The search is thus blind to case but not to accents.
-std::string UpperCaseText(std::string_view text);
+// Both sides of a tree search are compared in upper case (UpperCaseText): letters take their
+// capital and keep their accent, so the search is blind to case but not to accents.
 
 // The count of a tree's nodes as the search dialogs show it: " [", count, " items]".
 std::string ItemsCountText(std::size_t count);

@@ -5,13 +5,11 @@
 #include <string_view>
 
 #include "app/editor_session.h"
+#include "story/styled_text_case.h"
 
 namespace tessarin {
 
 // Steps that the File menu's commands share (file_operations.h is their interface).
-
-// A text in upper case, letter by letter, as the directory and extension tests compare.
-std::string UpperCaseText(std::string_view utf8);
 
 // The directory chosen in a story dialog, after the personal directory rule: it becomes the
 // last story directory and is written to DirStories at once.

@@ -44,13 +44,6 @@ DialogSave SaveThroughDialog(EditorSession& session, std::string_view titleKey) 
 
 }  // namespace
 
-std::string UpperCaseText(std::string_view utf8) {
-    std::u16string units = Utf8ToUtf16(utf8);
-    for (char16_t& unit : units)
-        unit = ToUpperUnit(unit);
-    return Utf16ToUtf8(units);
-}
-
 fs::path ApplyPersonalDirectoryRule(EditorSession& session, const fs::path& chosen) {
     const WorkflowSettings& workflow = session.configuration.workflow;
     const std::string& personal = workflow.PersonalTextsDirectory;

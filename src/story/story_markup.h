@@ -12,9 +12,6 @@
 
 namespace tessarin {
 
-// The story's main text box: the only one whose text carries the inter styles.
-inline constexpr int kMainTextBox = 6;
-
 // The preferences and the configuration value that the story text markup depends on.
 struct MarkupSettings {
     std::array<OleColour, 3> interColours = {Rgb(0, 0, 255), Rgb(255, 0, 0), Rgb(0, 255, 0)};

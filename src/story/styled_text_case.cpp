@@ -1,5 +1,7 @@
 #include "story/styled_text_case.h"
 
+#include "common/utf8.h"
+
 namespace tessarin {
 namespace {
 
@@ -74,6 +76,13 @@ bool IsWordUnit(char16_t unit) {
     if (InRange(unit, 0x00C0, 0x024F)) return unit != 0x00D7 && unit != 0x00F7;
     if (InRange(unit, 0x0386, 0x03FF)) return unit != 0x0387;
     return InRange(unit, 0x0400, 0x0481) || InRange(unit, 0x048A, 0x052F);
+}
+
+std::string UpperCaseText(std::string_view utf8) {
+    std::u16string units = Utf8ToUtf16(utf8);
+    for (char16_t& unit : units)
+        unit = ToUpperUnit(unit);
+    return Utf16ToUtf8(units);
 }
 
 }  // namespace tessarin
