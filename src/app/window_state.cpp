@@ -91,4 +91,9 @@ void AppendTagWord(ControlState& control, std::string_view word) {
     control.tag = control.tag.empty() ? std::string(word) : control.tag + "/" + std::string(word);
 }
 
+bool TagHolds(const WindowState& window, std::string_view control, std::string_view word) {
+    const ControlState* state = window.FindControl(control);
+    return state && state->tag.find(word) != std::string::npos;
+}
+
 }  // namespace tessarin

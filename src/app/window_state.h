@@ -125,4 +125,7 @@ class WindowState {
 void PrependTagWord(ControlState& control, std::string_view word);
 void AppendTagWord(ControlState& control, std::string_view word);
 
+// True when the named control exists and its tag holds word ("mandatory", "invisible").
+bool TagHolds(const WindowState& window, std::string_view control, std::string_view word);
+
 }  // namespace tessarin

@@ -31,14 +31,6 @@ std::int32_t Clamp32(std::int64_t value) {
         value, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }
 
-std::int64_t CountLineBreaks(std::u16string_view text) {
-    std::int64_t pairs = 0;
-    for (std::size_t position = 0; position + 1 < text.size(); ++position) {
-        if (text[position] == u'\r' && text[position + 1] == u'\n') ++pairs;
-    }
-    return pairs;
-}
-
 const std::string& Caption(const EditorSession& session, std::string_view key) {
     return session.configuration.interface.Caption(key);
 }
@@ -154,8 +146,7 @@ std::string WriteMoreIconName(int box) {
 }
 
 bool BoxTaggedInvisible(const WindowState& window, int box) {
-    const ControlState* control = window.FindControl(TextBoxControlName(box));
-    return control && control->tag.find("invisible") != std::string::npos;
+    return TagHolds(window, TextBoxControlName(box), "invisible");
 }
 
 BoxTextChange MeasureBoxEdit(const StyledText& box, std::size_t start, std::size_t length,

@@ -48,11 +48,6 @@ constexpr TextField kEventDate{&StoryRecord::eventDate, "txtEventDate", "lblEven
 constexpr TextField kPublicationNumber{&StoryRecord::publicationNumber, "txtPublicationNumber",
                                        "lblPublicationNumber"};
 
-bool TagHolds(const WindowState& window, std::string_view control, std::string_view word) {
-    const ControlState* state = window.FindControl(control);
-    return state && state->tag.find(word) != std::string::npos;
-}
-
 class MandatoryRules {
   public:
     MandatoryRules(const StoryRecord& story, const WindowState& window,

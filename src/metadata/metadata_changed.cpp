@@ -76,11 +76,6 @@ constexpr std::array<SummaryField, 20> kSummaryFields{{
      [](const EditorSession& s) { return ChoiceName(s.configuration.genre, s.story.genreIndex); }},
 }};
 
-bool Invisible(const WindowState& window, std::string_view control) {
-    const ControlState* state = window.FindControl(control);
-    return state && state->tag.find("invisible") != std::string::npos;
-}
-
 void AddList(std::string& text, std::string_view label, const std::vector<std::string>& values) {
     if (values.empty()) return;
     text += "\n" + std::string(label) + ":";
@@ -120,7 +115,7 @@ std::string MetadataToolText(const EditorSession& session) {
     std::string text =
         std::to_string(session.story.images.size()) + " " + session.Message("ImagesLabel");
     for (const SummaryField& field : kSummaryFields) {
-        if (Invisible(window, field.control)) continue;
+        if (TagHolds(window, field.control, "invisible")) continue;
         const std::string value = field.value(session);
         if (!value.empty()) AddList(text, LabelCaption(window, field.label), {value});
     }

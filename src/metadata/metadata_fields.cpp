@@ -51,11 +51,6 @@ bool BeforeToday(const LocalDateTime& date) {
     return std::tie(date.year, date.month, date.day) < std::tie(today.year, today.month, today.day);
 }
 
-bool Invisible(const WindowState& window, std::string_view control) {
-    const ControlState* state = window.FindControl(control);
-    return state && state->tag.find("invisible") != std::string::npos;
-}
-
 template <std::size_t N>
 bool Contains(const std::array<std::string_view, N>& controls, std::string_view control) {
     return std::find(controls.begin(), controls.end(), control) != controls.end();
@@ -75,10 +70,13 @@ std::string SteppedNumber(std::string_view text, int step) {
 template <std::size_t N>
 bool SwitchColdControls(WindowState& window, const std::array<std::string_view, N>& controls,
                         bool cold) {
-    if (cold && (Invisible(window, controls[0]) || Invisible(window, controls[1]))) return false;
+    if (cold &&
+        (TagHolds(window, controls[0], "invisible") || TagHolds(window, controls[1], "invisible")))
+        return false;
     const bool locked = MetadataLocked(window);
     for (std::string_view control : controls) {
-        if (!cold && (Invisible(window, control) || (locked && Contains(kLockedControls, control))))
+        if (!cold && (TagHolds(window, control, "invisible") ||
+                      (locked && Contains(kLockedControls, control))))
             continue;
         window.Control(control).enabled = !cold;
     }
@@ -180,7 +178,7 @@ void ApplyMetadataLock(EditorSession& session, bool locked) {
         const bool heldByColdStory =
             session.story.coldStory && (Contains(kPublicationDateControls, control) ||
                                         Contains(kPublicationNumberControls, control));
-        if (!locked && (Invisible(window, control) || heldByColdStory)) continue;
+        if (!locked && (TagHolds(window, control, "invisible") || heldByColdStory)) continue;
         window.Control(control).enabled = !locked;
     }
     window.Control(kMetadataLockedLabel).visible = locked;

@@ -10,15 +10,30 @@
 
 namespace tessarin {
 
+std::int64_t CountLineBreaks(std::u16string_view text) {
+    std::int64_t pairs = 0;
+    for (std::size_t position = 0; position + 1 < text.size(); ++position) {
+        if (text[position] == u'\r' && text[position + 1] == u'\n') ++pairs;
+    }
+    return pairs;
+}
+
 std::int32_t CountBoxCharacters(const StyledText& text, std::int32_t noteCharacters,
                                 std::int32_t paragraphMarks) {
-    const std::u16string plain = text.Text();
+    // The box is read a chunk at a time, so that a large box is never copied whole; a line
+    // break may stand across the end of one chunk and the start of the next.
+    constexpr std::size_t kChunkLength = 64 * 1024;
+    const std::size_t length = text.Length();
     std::int64_t lineBreaks = 0;
-    for (std::size_t position = 0; position + 1 < plain.size(); ++position) {
-        if (plain[position] == u'\r' && plain[position + 1] == u'\n') ++lineBreaks;
+    char16_t previous = u'\0';
+    for (std::size_t start = 0; start < length; start += kChunkLength) {
+        const std::u16string chunk = text.Text(start, kChunkLength);
+        lineBreaks += CountLineBreaks(chunk);
+        if (previous == u'\r' && chunk.front() == u'\n') ++lineBreaks;
+        previous = chunk.back();
     }
     const std::int64_t count =
-        static_cast<std::int64_t>(plain.size()) - 2 * lineBreaks - noteCharacters - paragraphMarks;
+        static_cast<std::int64_t>(length) - 2 * lineBreaks - noteCharacters - paragraphMarks;
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(
         count, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }

@@ -7,6 +7,9 @@
 
 namespace tessarin {
 
+// The line breaks in text: each CR directly followed by LF.
+std::int64_t CountLineBreaks(std::u16string_view text);
+
 // The character count of a text box that the copy-fit shows and a story file records: the
 // length of its text, less two for each line break (CR LF), less the box's note characters
 // (the length of its note anchors as the box's counter keeps it), less the paragraph marks

@@ -115,7 +115,7 @@ StoryReadOutcome ReadStoryAsSimpleText(const std::filesystem::path& path,
     for (int index = 0; index < kTextBoxCount; ++index) {
         story.boxes[index] = std::move((*boxes)[index]);
         story.counters[index] = {};
-        if (TaggedInvisible(context.window, TextBoxControlName(index))) continue;
+        if (TagHolds(context.window, TextBoxControlName(index), "invisible")) continue;
         story.counters[index].count = CountBoxCharacters(story.boxes[index], 0, 0);
     }
     return StoryReadOutcome::ReadAsSimpleText;

@@ -50,11 +50,6 @@ bool IsUtf8(const Configuration& configuration) {
     return configuration.general.storiesEncoding == kUtf8;
 }
 
-bool TagHolds(const WindowState& window, std::string_view control, std::string_view word) {
-    const ControlState* state = window.FindControl(control);
-    return state && state->tag.find(word) != std::string::npos;
-}
-
 // Replaces each "--" of a comment's text by "__", as a comment may not hold "--".
 std::string CommentSafe(std::string text) {
     for (std::size_t at = text.find("--"); at != std::string::npos; at = text.find("--", at + 2)) {

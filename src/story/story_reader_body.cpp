@@ -53,11 +53,6 @@ MarkupSettings MarkupSettingsOf(const StoryContext& context) {
     return settings;
 }
 
-bool TaggedInvisible(const WindowState& window, std::string_view control) {
-    const ControlState* state = window.FindControl(control);
-    return state != nullptr && state->tag.find("invisible") != std::string::npos;
-}
-
 // The counters are recomputed from the text, as the copy-fit does for every box that the
 // configuration has not made invisible.
 void ReadStoryBody(const XmlNode& body, const StoryContext& context, StoryRecord& story) {
@@ -70,7 +65,7 @@ void ReadStoryBody(const XmlNode& body, const StoryContext& context, StoryRecord
         story.boxes[index] = std::move(box.text);
         BoxCounters& counters = story.counters[index];
         counters.noteCharacters += box.noteCharacters;
-        if (TaggedInvisible(context.window, TextBoxControlName(index))) continue;
+        if (TagHolds(context.window, TextBoxControlName(index), "invisible")) continue;
         counters.count = CountBoxCharacters(story.boxes[index], counters.noteCharacters,
                                             counters.paragraphMarks);
     }

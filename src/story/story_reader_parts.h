@@ -33,7 +33,4 @@ void ReadStoryNotes(const XmlNode& root, const Configuration& configuration, Sto
 void ReadStoryAttachments(const XmlNode& root, const std::filesystem::path& storyPath,
                           const StoryContext& context, StoryRecord& story);
 
-// True when the control's tag holds "invisible".
-bool TaggedInvisible(const WindowState& window, std::string_view control);
-
 }  // namespace tessarin

@@ -41,5 +41,16 @@ TEST(CharCount, LineBreaksNotesAndParagraphMarks) {
     EXPECT_EQ(CountBoxCharacters(StyledText(), 0, 0), 0);
 }
 
+TEST(CharCount, LineBreaksAnywhereInALargeBox) {
+    // A CR LF pair, a CR CR LF run and a lone CR at each of many places around the 64 KiB
+    // steps at which a box is read: every pair takes two off, whatever its place.
+    for (const std::size_t before : {65531u, 65532u, 65533u, 65534u, 65535u, 65536u, 131071u}) {
+        const std::u16string text = std::u16string(before, u'a') + u"\r\nb\r\r\nc\r";
+        EXPECT_EQ(CountBoxCharacters(StyledText(text), 0, 0),
+                  static_cast<std::int32_t>(text.size()) - 4)
+            << before;
+    }
+}
+
 }  // namespace
 }  // namespace tessarin
