@@ -77,12 +77,16 @@ std::string CutNotes(std::string_view text) {
     return result;
 }
 
-std::string BoxMarkupWithoutFrame(const XmlNode& box, int index) {
-    std::string markup = CutNotes(SerialisedWithoutAttributes(box));
+void RemoveBoxTags(std::string& markup, int index) {
     const std::string name = "TextBox" + std::to_string(index);
     ReplaceAllInText(markup, "<" + name + ">", "");
     ReplaceAllInText(markup, "</" + name + ">", "");
     ReplaceAllInText(markup, "<" + name + "/>", "");
+}
+
+std::string BoxMarkupWithoutFrame(const XmlNode& box, int index) {
+    std::string markup = CutNotes(SerialisedWithoutAttributes(box));
+    RemoveBoxTags(markup, index);
     return markup;
 }
 

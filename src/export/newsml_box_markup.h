@@ -25,6 +25,10 @@ std::string SerialisedWithoutAttributes(const XmlNode& element);
 // a note that follows a cut one within six characters.
 std::string CutNotes(std::string_view text);
 
+// Removes "<TextBoxN>", "</TextBoxN>" and "<TextBoxN/>" (N: index) from box markup, the
+// frame that every writer strips from a serialised text box.
+void RemoveBoxTags(std::string& markup, int index);
+
 // The markup of text box `index` as both writers start from it: serialised without
 // attributes, notes cut, and "<TextBoxN>", "</TextBoxN>" and "<TextBoxN/>" removed.
 std::string BoxMarkupWithoutFrame(const XmlNode& box, int index);

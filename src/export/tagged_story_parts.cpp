@@ -28,10 +28,7 @@ std::string CutEveryNote(std::string_view text) {
 
 std::string BoxMarkupWithNotesCut(const XmlNode& box, int index) {
     std::string markup = CutEveryNote(SerialisedWithoutAttributes(box));
-    const std::string name = "TextBox" + std::to_string(index);
-    ReplaceAllInText(markup, "<" + name + ">", "");
-    ReplaceAllInText(markup, "</" + name + ">", "");
-    ReplaceAllInText(markup, "<" + name + "/>", "");
+    RemoveBoxTags(markup, index);
     return markup;
 }
 
