@@ -36,34 +36,6 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
     return true;
 }
 
-// The value of the encoding pseudo-attribute of the XML declaration at the start of the
-// bytes; empty when there is no declaration or it names no encoding.
-std::string_view DeclaredEncoding(std::string_view bytes) {
-    if (!bytes.starts_with("<?xml")) return {};
-    const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
-    std::size_t position = declaration.find("encoding");
-    if (position == std::string_view::npos) return {};
-    position = declaration.find_first_not_of(" \t\r\n", position + 8);
-    if (position == std::string_view::npos || declaration[position] != '=') return {};
-    position = declaration.find_first_not_of(" \t\r\n", position + 1);
-    if (position == std::string_view::npos) return {};
-    const char quote = declaration[position];
-    if (quote != '"' && quote != '\'') return {};
-    const std::size_t end = declaration.find(quote, position + 1);
-    if (end == std::string_view::npos) return {};
-    return declaration.substr(position + 1, end - position - 1);
-}
-
-bool IsWindows1252Family(std::string_view encoding) {
-    static constexpr std::array<std::string_view, 8> kNames = {
-        "ISO-8859-1", "ISO_8859-1", "ISO8859-1",    "LATIN1",
-        "LATIN-1",    "L1",         "WINDOWS-1252", "CP1252"};
-    for (const std::string_view name : kNames) {
-        if (EqualsIgnoringCase(encoding, name)) return true;
-    }
-    return false;
-}
-
 // The bytes as the parser gets them. Documents in the 8-bit code page and documents that
 // claim UTF-8 are turned into valid UTF-8 here, and the parser is told to ignore the
 // declared encoding; anything else (UTF-16, other declared encodings) is left to the parser.
@@ -160,6 +132,32 @@ void InitialiseParserOnce() {
 constexpr int kParseOptions = XML_PARSE_NONET;
 
 }  // namespace
+
+std::string_view DeclaredEncoding(std::string_view bytes) {
+    if (!bytes.starts_with("<?xml")) return {};
+    const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
+    std::size_t position = declaration.find("encoding");
+    if (position == std::string_view::npos) return {};
+    position = declaration.find_first_not_of(" \t\r\n", position + 8);
+    if (position == std::string_view::npos || declaration[position] != '=') return {};
+    position = declaration.find_first_not_of(" \t\r\n", position + 1);
+    if (position == std::string_view::npos) return {};
+    const char quote = declaration[position];
+    if (quote != '"' && quote != '\'') return {};
+    const std::size_t end = declaration.find(quote, position + 1);
+    if (end == std::string_view::npos) return {};
+    return declaration.substr(position + 1, end - position - 1);
+}
+
+bool IsWindows1252Family(std::string_view encoding) {
+    static constexpr std::array<std::string_view, 8> kNames = {
+        "ISO-8859-1", "ISO_8859-1", "ISO8859-1",    "LATIN1",
+        "LATIN-1",    "L1",         "WINDOWS-1252", "CP1252"};
+    for (const std::string_view name : kNames) {
+        if (EqualsIgnoringCase(encoding, name)) return true;
+    }
+    return false;
+}
 
 std::string FormatParseErrorStatus(std::string_view path, const XmlParseError& error) {
     std::string status = "Parsing error: ";

@@ -103,6 +103,14 @@ class XmlNode {
     _xmlNode* node_ = nullptr;
 };
 
+// The value of the encoding pseudo-attribute of the XML declaration at the start of the
+// bytes; empty when there is no declaration or it names no encoding.
+std::string_view DeclaredEncoding(std::string_view bytes);
+
+// True for the names, in any case, under which a file declares the 8-bit code page read as
+// Windows-1252: ISO-8859-1, ISO_8859-1, ISO8859-1, LATIN1, LATIN-1, L1, WINDOWS-1252, CP1252.
+bool IsWindows1252Family(std::string_view encoding);
+
 // An XML document read from a file or from bytes. No network access, no DTD loading, no
 // external entities. A document that declares ISO-8859-1 (or latin1, Windows-1252) is read
 // as Windows-1252; one that declares UTF-8 (or nothing) has its stray bytes read as
