@@ -4,8 +4,7 @@
 #include <QStyle>
 #include <QTimer>
 
-#include "ui/editor_session_qt.h"
-
+#include "app/editor_session.h"
 #include "common/clock.h"
 #include "common/date_format.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/editor_session_qt.h"
+#include "app/editor_session.h"
 
 class QTabWidget;
 class QTimer;

@@ -6,8 +6,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 
-#include "ui/editor_session_qt.h"
-
+#include "app/editor_session.h"
 #include "config/interface_section.h"
 #include "config/recent_files.h"
 #include "ui/main_menu_layout.h"

@@ -4,8 +4,6 @@
 #include <QTextEdit>
 #include <QtTest>
 
-#include "ui/editor_session_qt.h"
-
 #include "app/missing_configuration.h"
 #include "support/temp_dir.h"
 #include "ui/main_window.h"
