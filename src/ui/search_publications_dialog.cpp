@@ -1,0 +1,121 @@
+#include "ui/search_publications_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "config/publications_tree.h"
+#include "metadata/field_labels.h"
+#include "metadata/publication_selection.h"
+#include "ui/window_state_binding.h"
+
+namespace tessarin {
+namespace {
+
+constexpr const char* kTitleDesign = "Search publications";
+constexpr const char* kPreferredDesign = "Preferred publications";
+constexpr const char* kAllDesign = "All publications";
+constexpr const char* kNameDesign = "Name";
+constexpr const char* kCancelDesign = "Cancel";
+
+// The configured caption of an Interface key, else the design one; a menu entry's trailing
+// "..." and "&" marks are not part of a title or an option.
+QString InterfaceCaption(const EditorSession& session, std::string_view key, const char* design) {
+    const std::string& caption = session.configuration.interface.Caption(key);
+    QString text = caption.empty() ? QString::fromUtf8(design) : ToQString(caption);
+    text.remove(QLatin1Char('&'));
+    while (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
+}
+
+QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent) {
+    auto* option = new QRadioButton(caption, parent);
+    option->setObjectName(name);
+    return option;
+}
+
+}  // namespace
+
+SearchPublicationsDialog::SearchPublicationsDialog(EditorSession& session, QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      title_(InterfaceCaption(session, "SearchPublications", kTitleDesign)),
+      text_(new QLineEdit(this)),
+      byName_(NewOption(QStringLiteral("optSearchName"), QString::fromUtf8(kNameDesign), this)),
+      byFirstCode_(NewOption(QStringLiteral("optSearchCode1"),
+                             ToQString(LabelCaption(session.window, "lblCodeLocal1")), this)) {
+    setObjectName(QStringLiteral("frmSearchPublications"));
+    const WindowState& window = session.window;
+    auto* bySecondCode = NewOption(QStringLiteral("optSearchCode2"),
+                                   ToQString(LabelCaption(window, "lblCodeLocal2")), this);
+    auto* preferred = NewOption(
+        QStringLiteral("optPreferredPublications"),
+        InterfaceCaption(session, "DisplayPublicationsPreferred", kPreferredDesign), this);
+    auto* all = NewOption(QStringLiteral("optAllPublications"),
+                          InterfaceCaption(session, "DisplayPublicationsFull", kAllDesign), this);
+    (session.configuration.publications.allPublications ? all : preferred)->setChecked(true);
+    byName_->setChecked(true);
+    text_->setObjectName(QStringLiteral("txtSearch"));
+
+    auto* views = new QGroupBox(this);
+    auto* viewsLayout = new QVBoxLayout(views);
+    viewsLayout->addWidget(preferred);
+    viewsLayout->addWidget(all);
+    auto* modes = new QGroupBox(this);
+    auto* modesLayout = new QVBoxLayout(modes);
+    modesLayout->addWidget(byName_);
+    modesLayout->addWidget(byFirstCode_);
+    modesLayout->addWidget(bySecondCode);
+
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* ok = buttons->addButton(QDialogButtonBox::Ok);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    QPushButton* cancel = buttons->addButton(QDialogButtonBox::Cancel);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    cancel->setText(InterfaceCaption(session, "Cancel", kCancelDesign));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(views);
+    layout->addWidget(modes);
+    layout->addWidget(text_);
+    layout->addWidget(buttons);
+
+    connect(preferred, &QRadioButton::clicked, this, [this] { SwitchView(false); });
+    connect(all, &QRadioButton::clicked, this, [this] { SwitchView(true); });
+    connect(ok, &QPushButton::clicked, this, &SearchPublicationsDialog::Search);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    ShowCount();
+}
+
+void SearchPublicationsDialog::SwitchView(bool allPublications) {
+    const auto& document = session_.paths.configurationFile;
+    if (allPublications) {
+        ShowAllPublications(document, session_.preferences, session_.configuration,
+                            session_.window);
+    } else {
+        ShowPreferredPublications(document, session_.preferences, session_.configuration,
+                                  session_.window);
+    }
+    ShowCount();
+    emit viewChanged();
+}
+
+void SearchPublicationsDialog::Search() {
+    const PublicationSearchMode mode = byName_->isChecked() ? PublicationSearchMode::Name
+                                       : byFirstCode_->isChecked()
+                                           ? PublicationSearchMode::FirstCode
+                                           : PublicationSearchMode::SecondCode;
+    firstMatch_ =
+        SearchPublications(session_.window, session_.highlights, ToUtf8(text_->text()), mode);
+    accept();
+}
+
+void SearchPublicationsDialog::ShowCount() {
+    setWindowTitle(title_ + ToQString(PublicationsCountText(session_.window)));
+}
+
+}  // namespace tessarin

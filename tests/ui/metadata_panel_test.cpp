@@ -1,0 +1,263 @@
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "editing/story_forms.h"
+#include "metadata/metadata_fields.h"
+#include "metadata/metadata_session.h"
+#include "ui/metadata_panel.h"
+#include "ui/session_tree_widget.h"
+#include "ui/ui_test_registry.h"
+#include "ui/up_down_control.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ConfigurationDocument;
+
+// One publication with a local classification, and a general one in the full view only.
+constexpr const char* kPublications =
+    R"(<Publications><Publication Name="Herald"><Classification Name="City" Type="Local">)"
+    R"(<Section Name="Lyon"><SubSection Name="Croix-Rousse" Code1="69" Code2="004"/>)"
+    R"(<SubSection Name="Vaise" Code1="69" Code2="009"/></Section></Classification>)"
+    R"(<Classification Name="Nation" Type="General" Preferred="false"><Section Name="Sport">)"
+    R"(<SubSection Name="Rugby"/></Section></Classification></Publication></Publications>)";
+
+// The metadata tab on a loaded newsroom, shown offscreen, on Monday 10 March 2025.
+struct Bench {
+    Bench() {
+        ConfigurationDocument document;
+        document.metadata = R"(<Metadata><Status Name="State"><StatusItem Name="Draft" )"
+                            R"(FormalName="Draft"/><StatusItem Name="Ready" FormalName="Usable"/>)"
+                            R"(</Status><CodeLocal1 Name="Town"/></Metadata>)";
+        document.publications = kPublications;
+        document.keywords = R"(<Keywords Name="Keywords"><KeywordsCategory CategoryIndex="1" )"
+                            R"(Name="Places" Mandatory="false"/></Keywords>)";
+        document.taxonomy = R"(<Taxonomy Name="Topics"><Topic FormalName="15000000">Sport)"
+                            R"(</Topic></Taxonomy>)";
+        bench.Load(document);
+        RefreshStoryPanel(session);
+        PrepareMetadataAtStart(session);
+        panel.Refresh();
+        panel.resize(1100, 700);
+        panel.show();
+    }
+
+    template <typename Widget>
+    Widget* Find(const char* name) {
+        return panel.findChild<Widget*>(QString::fromUtf8(name));
+    }
+    QTreeWidget* Tree(const char* name) { return Find<QTreeWidget>(name); }
+    QString Text(const char* name) { return Find<QLineEdit>(name)->text(); }
+    QTreeWidgetItem* Item(const char* tree, const char* key) {
+        for (QTreeWidgetItemIterator it(Tree(tree)); *it; ++it) {
+            if ((*it)->data(0, Qt::UserRole).toString() == QLatin1String(key)) return *it;
+        }
+        return nullptr;
+    }
+    void Click(const char* tree, const char* key) {
+        QTreeWidget* widget = Tree(tree);
+        QTest::mouseClick(widget->viewport(), Qt::LeftButton, {},
+                          widget->visualItemRect(Item(tree, key)).center());
+    }
+    // Runs the dialog that action opens, answering it with answer once it is shown; a dialog
+    // that the answer left open is cancelled.
+    void AnswerDialog(const std::function<void()>& action,
+                      const std::function<void(QDialog&)>& answer) {
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            answer(*dialog);
+            if (dialog->isVisible()) dialog->reject();
+        });
+        action();
+    }
+
+    testing::MetadataSession bench;
+    EditorSession& session = bench.session;
+    MetadataPanel panel{session, nullptr};
+};
+
+class MetadataPanelTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void aClickInThePublicationsFilesTheStoryAndHighlightsTheChain();
+    void keywordsAreAddedInPlaceAndRemovedWithDel();
+    void aCheckedTopicIsTheStorysAndBold();
+    void datesFollowTypingStepsAndTheCalendar();
+    void coldStoryLockAndStatus();
+    void theSearchDialogCountsFindsAndSwitchesViews();
+    void theMetadataDialogEditsTheClassification();
+};
+
+void MetadataPanelTest::aClickInThePublicationsFilesTheStoryAndHighlightsTheChain() {
+    Bench bench;
+    QSignalSpy changed(&bench.panel, &SessionView::sessionChanged);
+    bench.Click("treePublications", "T1");
+
+    QCOMPARE(bench.Text("txtPublication"), QStringLiteral("Herald"));
+    QCOMPARE(bench.Text("txtClassification"), QStringLiteral("City"));
+    QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon"));
+    QCOMPARE(bench.Text("txtSubSectionLocal"), QStringLiteral("Croix-Rousse"));
+    QCOMPARE(bench.Text("txtCodeLocal1"), QStringLiteral("69"));
+    QCOMPARE(bench.Text("txtCodeLocal2"), QStringLiteral("004"));
+    QCOMPARE(bench.Find<QLabel>("lblCodeLocal1")->text(), QStringLiteral("Town"));
+    QVERIFY(bench.Find<QLineEdit>("txtPublication")->isReadOnly());
+    QCOMPARE(changed.count(), 1);
+
+    const QColor highlight(255, 255, 0);
+    for (const char* key : {"P1", "C1", "S1", "T1"}) {
+        QVERIFY(bench.Item("treePublications", key)->font(0).bold());
+        QCOMPARE(bench.Item("treePublications", key)->background(0).color(), highlight);
+    }
+    QTreeWidgetItem* sibling = bench.Item("treePublications", "T2");
+    QVERIFY(!sibling->font(0).bold());
+    QCOMPARE(sibling->background(0).color(), QColor(Qt::white));
+
+    // The pointer over a sub-section shows its code and name.
+    emit bench.Tree("treePublications")->itemEntered(sibling, 0);
+    QCOMPARE(bench.Tree("treePublications")->toolTip(), QStringLiteral("69/009 - Vaise"));
+}
+
+void MetadataPanelTest::keywordsAreAddedInPlaceAndRemovedWithDel() {
+    Bench bench;
+    QTreeWidget* tree = bench.Tree("treeKeywords");
+    auto type = [&](const char* text) {
+        tree->setCurrentItem(bench.Item("treeKeywords", "K1/new"));
+        QTest::keyClick(tree, Qt::Key_Return);
+        auto* editor = tree->viewport()->findChild<QLineEdit*>();
+        QVERIFY(editor != nullptr);
+
+        editor->selectAll();
+        QTest::keyClicks(editor, QString::fromUtf8(text));
+        QTest::keyClick(editor, Qt::Key_Return);
+    };
+    type("Lyon");
+    QTRY_COMPARE(bench.session.story.keywords, (std::vector<StoryKeyword>{{"K1", "Lyon"}}));
+    QCOMPARE(bench.Item("treeKeywords", "K1/1")->text(0), QStringLiteral("Lyon"));
+    QCOMPARE(bench.Item("treeKeywords", "K1/new")->text(0), QStringLiteral("New keyword"));
+    QCOMPARE(SessionTreeWidget::KeyOf(tree->currentItem()), std::string("K1/new"));
+    QVERIFY(bench.session.storyModified);
+
+    type("Lyon");
+    QTRY_COMPARE(bench.session.window.Status().text,
+                 std::string("Lyon: Keyword already present in list"));
+    QCOMPARE(bench.session.story.keywords.size(), std::size_t{1});
+
+    tree->setCurrentItem(bench.Item("treeKeywords", "K1/1"));
+    QTest::keyClick(tree, Qt::Key_Delete);
+    QVERIFY(bench.session.story.keywords.empty());
+    QCOMPARE(bench.Item("treeKeywords", "K1/1"), nullptr);
+}
+
+void MetadataPanelTest::aCheckedTopicIsTheStorysAndBold() {
+    Bench bench;
+    QTreeWidgetItem* sport = bench.Item("treeTaxonomy", "T0/1");
+    QVERIFY(sport->flags() & Qt::ItemIsUserCheckable);
+    sport->setCheckState(0, Qt::Checked);
+    QCOMPARE(bench.session.story.taxonomy, (std::vector<TaxonomyTopic>{{"Sport", 15000000}}));
+    QVERIFY(bench.Item("treeTaxonomy", "T0/1")->font(0).bold());
+    QVERIFY(bench.Tree("treeTaxonomy")->isVisible());
+}
+
+void MetadataPanelTest::datesFollowTypingStepsAndTheCalendar() {
+    Bench bench;
+    QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("11/03/2025"));
+    auto* date = bench.Find<QLineEdit>("txtPublicationDate");
+    date->clear();
+    QTest::keyClicks(date, QStringLiteral("09/03/2025"));
+    QCOMPARE(bench.session.story.publicationDate, std::string("09/03/2025"));
+    emit date->editingFinished();
+    QCOMPARE(bench.session.window.Status().text, std::string("Expired publication date"));
+
+    bench.Find<UpDownControl>("udDate")->stepBy(1);
+    QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("10/03/2025"));
+    QCOMPARE(bench.session.window.Status().text, std::string());
+
+    QTest::mouseClick(bench.Find<QToolButton>("cmdDate"), Qt::LeftButton);
+    auto* monthView = bench.Find<QCalendarWidget>("MonthViewPublicationDate");
+    QVERIFY(monthView->isVisible());
+    QCOMPARE(monthView->selectedDate(), QDate(2025, 3, 10));
+    emit monthView->clicked(QDate(2025, 4, 2));
+    QVERIFY(!monthView->isVisible());
+    QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("02/04/2025"));
+    QVERIFY(!bench.Find<QToolButton>("cmdDate")->icon().isNull());
+
+    bench.Find<QLineEdit>("txtPublicationNumber")->setText(QStringLiteral("12"));
+    emit bench.Find<QLineEdit>("txtPublicationNumber")->textEdited(QStringLiteral("12"));
+    bench.Find<UpDownControl>("udNumber")->stepBy(-1);
+    QCOMPARE(bench.Text("txtPublicationNumber"), QStringLiteral("11"));
+}
+
+void MetadataPanelTest::coldStoryLockAndStatus() {
+    Bench bench;
+    QTest::mouseClick(bench.Find<QCheckBox>("chkColdStory"), Qt::LeftButton);
+    QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
+    QCOMPARE(bench.Text("txtPublicationDate"), QString());
+    QVERIFY(!bench.Find<UpDownControl>("udNumber")->isEnabled());
+
+    bench.panel.LockMetadata(true);
+    QVERIFY(bench.Find<QLabel>("lblMetadataLocked")->isVisible());
+    QVERIFY(!bench.Tree("treePublications")->isEnabled());
+    QVERIFY(!bench.Find<QComboBox>("lstStatus")->isEnabled());
+    bench.panel.LockMetadata(false);
+    QVERIFY(!bench.Find<QLabel>("lblMetadataLocked")->isVisible());
+    QVERIFY(bench.Tree("treeKeywords")->isEnabled());
+    QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
+
+    auto* status = bench.Find<QComboBox>("lstStatus");
+    QCOMPARE(status->currentText(), QStringLiteral("Ready"));
+    emit status->activated(0);
+    QCOMPARE(bench.session.story.statusIndex, 0);
+}
+
+void MetadataPanelTest::theSearchDialogCountsFindsAndSwitchesViews() {
+    Bench bench;
+    bench.AnswerDialog([&] { bench.panel.SearchPublications(); },
+                       [](QDialog& dialog) {
+                           QCOMPARE(dialog.objectName(), QStringLiteral("frmSearchPublications"));
+                           QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [5 items]")));
+                           dialog.findChild<QRadioButton*>("optAllPublications")->click();
+                           QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [8 items]")));
+                           dialog.findChild<QRadioButton*>("optSearchCode1")->click();
+                           dialog.findChild<QLineEdit*>("txtSearch")->setText(" 69 ");
+                           dialog.findChild<QPushButton*>("cmdOK")->click();
+                       });
+    QVERIFY(bench.session.configuration.publications.allPublications);
+    QCOMPARE(bench.Tree("treePublications")->topLevelItem(0)->childCount(), 2);
+    QVERIFY(bench.Item("treePublications", "T1")->font(0).bold());
+    QVERIFY(bench.Item("treePublications", "T2")->font(0).bold());
+    QVERIFY(!bench.Item("treePublications", "T3")->font(0).bold());
+}
+
+void MetadataPanelTest::theMetadataDialogEditsTheClassification() {
+    Bench bench;
+    bench.Click("treePublications", "S1");
+    bench.session.storyModified = false;
+    bench.AnswerDialog([&] { bench.panel.EditClassification(); },
+                       [](QDialog& dialog) {
+                           QCOMPARE(dialog.windowTitle(), QStringLiteral("Metadata..."));
+                           auto* field = dialog.findChild<QLineEdit*>("txtSectionLocal");
+                           QCOMPARE(field->text(), QStringLiteral("Lyon"));
+                           field->setText(QStringLiteral("Lyon Ouest"));
+                           dialog.findChild<QPushButton*>("cmdOK")->click();
+                       });
+    QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon Ouest"));
+    QVERIFY(bench.session.storyModified);
+}
+
+TESSARIN_UI_TEST(MetadataPanelTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "metadata_panel_test.moc"
