@@ -206,8 +206,10 @@ void AttachmentsPanel::ShowPreview() {
         preview_->clear();
         return;
     }
+    // A picture is made smaller to fit the frame, never larger.
+    const QSize room = previewPicture_.size().boundedTo(preview_->size());
     preview_->setPixmap(
-        previewPicture_.scaled(preview_->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        previewPicture_.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
 void AttachmentsPanel::resizeEvent(QResizeEvent* event) {

@@ -13,7 +13,7 @@ constexpr int kIconSize = 20;
 constexpr int kHeaderHeight = 6;
 const QColor kHeaderColour(192, 0, 0);
 
-// A leaf of a calendar with the month's number on it.
+// A leaf of a calendar with the month's number on it; a blank leaf for month 0.
 QIcon MonthIcon(int month) {
     QPixmap picture(kIconSize, kIconSize);
     picture.fill(Qt::transparent);
@@ -23,13 +23,16 @@ QIcon MonthIcon(int month) {
     painter.fillRect(QRect(0, 0, kIconSize, kHeaderHeight), kHeaderColour);
     painter.setPen(Qt::darkGray);
     painter.drawRect(page);
-    QFont font = painter.font();
-    font.setPixelSize(kIconSize - kHeaderHeight - 3);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(Qt::black);
-    painter.drawText(QRect(0, kHeaderHeight, kIconSize, kIconSize - kHeaderHeight), Qt::AlignCenter,
-                     QString::number(month));
+    if (month != 0) {
+        QFont font = painter.font();
+        font.setPixelSize(kIconSize - kHeaderHeight - 3);
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(Qt::black);
+        painter.drawText(QRect(0, kHeaderHeight, kIconSize, kIconSize - kHeaderHeight),
+                         Qt::AlignCenter, QString::number(month));
+    }
+    painter.end();
     return QIcon(picture);
 }
 
@@ -40,6 +43,7 @@ DateCalendarButton::DateCalendarButton(const QString& name, const QString& month
     : QToolButton(parent), monthView_(new QCalendarWidget(this)) {
     setObjectName(name);
     setIconSize(QSize(kIconSize, kIconSize));
+    setIcon(MonthIcon(shownMonth_));
     monthView_->setObjectName(monthViewName);
     monthView_->setWindowFlags(Qt::Popup);
     monthView_->hide();

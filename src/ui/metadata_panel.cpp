@@ -190,10 +190,10 @@ void MetadataPanel::BuildDates(QGridLayout& grid) {
     dateRow->addWidget(publicationDate_.field, 1);
     dateRow->addWidget(publicationDate_.upDown);
     dateRow->addWidget(publicationDate_.calendar);
-    dateRow->addWidget(coldStory_);
     const int dateLine = grid.rowCount();
     AddLabel(grid, dateLine, "lblPublicationDate");
     grid.addLayout(dateRow, dateLine, 1);
+    grid.addWidget(coldStory_, dateLine + 1, 1, Qt::AlignLeft);
 
     publicationNumber_ = Bound(new QLineEdit(this), "txtPublicationNumber");
     auto* numberUpDown = Bound(new UpDownControl(QStringLiteral("udNumber"), this), "udNumber");

@@ -5,7 +5,7 @@
 namespace tessarin {
 namespace {
 
-constexpr int kArrowsWidth = 20;
+constexpr int kArrowsWidth = 18;
 
 }  // namespace
 
@@ -15,6 +15,7 @@ UpDownControl::UpDownControl(const QString& name, QWidget* parent) : QAbstractSp
     setFrame(false);
     setFixedWidth(kArrowsWidth);
     lineEdit()->setReadOnly(true);
+    lineEdit()->hide();
     setFocusPolicy(Qt::NoFocus);
 }
 
