@@ -31,7 +31,8 @@ std::optional<std::size_t> IptcPictureIndex(const EditorSession& session,
 std::optional<IptcData> ReadSelectedPictureIptc(EditorSession& session,
                                                 std::string_view selectedKey);
 
-// The tool tip of a tree: ImagesToolTipText or OtherFilesToolTipText.
+// The tool tip of a tree: ImagesToolTipText or OtherFilesToolTipText, else the tip it was
+// designed with, "Enter key to add / Del key to delete".
 std::string AttachmentTreeTip(const EditorSession& session, AttachmentKind kind);
 
 // The tool tip of the picture node of key, with the preference ImagesTooltips on: the
