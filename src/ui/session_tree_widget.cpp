@@ -1,6 +1,5 @@
 #include "ui/session_tree_widget.h"
 
-#include <QHeaderView>
 #include <QSignalBlocker>
 
 #include "ui/styled_text_bridge.h"
