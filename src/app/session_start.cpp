@@ -53,7 +53,11 @@ void TakePersonalDirectories(EditorSession& session) {
     }
 }
 
+// The new story of the start takes the user's identity and the status and genre that the
+// configuration chooses by default ("Usable", "Current").
 void TakeIdentity(EditorSession& session) {
+    session.story.statusIndex = session.configuration.status.defaultIndex;
+    session.story.genreIndex = session.configuration.genre.defaultIndex;
     const Identity& identity = session.configuration.identity;
     session.story.author = identity.author;
     session.story.email = identity.email;

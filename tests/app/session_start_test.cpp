@@ -20,8 +20,9 @@ class SessionStartTest : public ::testing::Test {
   protected:
     void Configure(const std::string& workflow, const std::string& interface = "") {
         testing::ConfigurationDocument document;
-        document.metadata =
-            R"(<Metadata><Forms><Form Name="A" TextBoxes="17"/></Forms></Metadata>)";
+        document.metadata = R"(<Metadata><Forms><Form Name="A" TextBoxes="17"/></Forms>)"
+                            R"(<Status><StatusItem Name="Draft" FormalName="Draft"/>)"
+                            R"(<StatusItem Name="Ready" FormalName="Usable"/></Status></Metadata>)";
         document.story = "<Story/>" + workflow;
         document.interface = interface;
         document.messages = "<Messages/>";
@@ -100,6 +101,7 @@ TEST_F(SessionStartTest, TheNewStoryIsReadyAndClosingAsksAboutItsChangesBeforeTh
     EXPECT_FALSE(session_.window.Control("mnuFileMRU1").visible);
     EXPECT_EQ(session_.window.Control("mnuFileMRU2").caption, "today.xml");
     EXPECT_EQ(session_.story.publicationDate, "01/03/2025");
+    EXPECT_EQ(session_.story.statusIndex, 1);  // the status whose formal name is "Usable"
     FirstActivation(session_);
     EXPECT_TRUE(session_.panel.formInForce == 0 && session_.panel.activeBoxes[6] &&
                 !session_.panel.activeBoxes[1]);
