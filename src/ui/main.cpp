@@ -5,6 +5,7 @@
 // usual and, once the main window shows the new story after its first activation, writes
 // the window's picture to the PNG FILE and ends; such a run shows no dialog.
 
+#include <QAction>
 #include <QApplication>
 #include <QStringList>
 #include <QTimer>
@@ -20,13 +21,24 @@ namespace {
 constexpr int kExitDone = 0;
 constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
-constexpr const char* kUsage = "usage: tessarin [--app-dir DIR] [--screenshot FILE] [CONFIG]\n";
+constexpr const char* kUsage =
+    "usage: tessarin [--app-dir DIR] [--screenshot FILE [--view informations|story|images]] "
+    "[CONFIG]\n";
 
 struct CommandLine {
     std::optional<std::filesystem::path> appDir;
     QString screenshot;
+    QString view;  // the menu entry of the view a screenshot shows; empty: as the start leaves it
     std::string configuration;
 };
+
+// The Display menu entry that shows a view named on the command line.
+std::optional<QString> ViewMenuEntry(const QString& name) {
+    if (name == QLatin1String("informations")) return QStringLiteral("mnuDisplayMetadata");
+    if (name == QLatin1String("story")) return QStringLiteral("mnuDisplayStory");
+    if (name == QLatin1String("images")) return QStringLiteral("mnuDisplayImages");
+    return std::nullopt;
+}
 
 // The arguments after the program's name, once Qt has taken its own.
 std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
@@ -34,14 +46,19 @@ std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
     bool haveConfiguration = false;
     for (qsizetype index = 1; index < arguments.size(); ++index) {
         const QString& argument = arguments[index];
-        const bool takesValue =
-            argument == QLatin1String("--app-dir") || argument == QLatin1String("--screenshot");
+        const bool takesValue = argument == QLatin1String("--app-dir") ||
+                                argument == QLatin1String("--screenshot") ||
+                                argument == QLatin1String("--view");
         if (takesValue) {
             if (++index >= arguments.size()) return std::nullopt;
             if (argument == QLatin1String("--app-dir")) {
                 parsed.appDir = arguments[index].toStdString();
-            } else {
+            } else if (argument == QLatin1String("--screenshot")) {
                 parsed.screenshot = arguments[index];
+            } else if (const auto entry = ViewMenuEntry(arguments[index])) {
+                parsed.view = *entry;
+            } else {
+                return std::nullopt;
             }
         } else if (!argument.startsWith(QLatin1Char('-')) && !haveConfiguration) {
             parsed.configuration = argument.toStdString();
@@ -53,16 +70,23 @@ std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
     return parsed;
 }
 
-// Once the first activation is done, the window's picture goes to file and the program ends.
-void TakeScreenshotOnceShown(tessarin::MainWindow& window, const QString& file) {
-    QObject::connect(&window, &tessarin::MainWindow::firstActivationDone, &window, [&window, file] {
-        QTimer::singleShot(0, &window, [&window, file] {
-            const bool saved = window.grab().save(file, "PNG");
-            if (!saved)
-                std::fprintf(stderr, "tessarin: cannot write %s\n", file.toLocal8Bit().constData());
-            QApplication::exit(saved ? kExitDone : kExitFailed);
-        });
-    });
+// Once the first activation is done, the chosen view is shown as its menu entry would show
+// it, the window's picture goes to file and the program ends.
+void TakeScreenshotOnceShown(tessarin::MainWindow& window, const QString& file,
+                             const QString& view) {
+    QObject::connect(&window, &tessarin::MainWindow::firstActivationDone, &window,
+                     [&window, file, view] {
+                         if (!view.isEmpty()) {
+                             if (auto* entry = window.findChild<QAction*>(view)) entry->trigger();
+                         }
+                         QTimer::singleShot(0, &window, [&window, file] {
+                             const bool saved = window.grab().save(file, "PNG");
+                             if (!saved)
+                                 std::fprintf(stderr, "tessarin: cannot write %s\n",
+                                              file.toLocal8Bit().constData());
+                             QApplication::exit(saved ? kExitDone : kExitFailed);
+                         });
+                     });
 }
 
 // What an unattended run was asked and told, on standard error.
@@ -78,7 +102,8 @@ int Run(const CommandLine& commandLine, tessarin::UserInteraction* user) {
         commandLine.appDir, QCoreApplication::applicationFilePath().toStdString());
     tessarin::MainWindow window(tessarin::MakeAppPaths(appDir), user);
     if (const std::optional<int> status = window.Start(commandLine.configuration)) return *status;
-    if (!commandLine.screenshot.isEmpty()) TakeScreenshotOnceShown(window, commandLine.screenshot);
+    if (!commandLine.screenshot.isEmpty())
+        TakeScreenshotOnceShown(window, commandLine.screenshot, commandLine.view);
     window.show();
     return QApplication::exec();
 }
