@@ -18,6 +18,7 @@
 
 #include "attachments/attachment_fields.h"
 #include "attachments/attachments.h"
+#include "attachments/story_attachment_trees.h"
 #include "metadata/field_labels.h"
 #include "ui/iptc_dialog.h"
 #include "ui/session_tree_widget.h"
@@ -162,6 +163,7 @@ void AttachmentsPanel::Refresh() {
     // Showing the session moves the selection; what the trees report meanwhile is no gesture
     // of the writer.
     const QScopedValueRollback showing(refreshing_, true);
+    ShowStoryAttachmentTrees(session_);
     const WindowState& window = session_.window;
     for (AttachmentKind kind : {AttachmentKind::Image, AttachmentKind::OtherFile}) {
         SessionTreeWidget* tree = TreeOf(kind);

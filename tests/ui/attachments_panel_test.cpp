@@ -10,7 +10,6 @@
 #include <QtTest>
 
 #include "attachments/jpeg_bytes.h"
-#include "editing/story_forms.h"
 #include "metadata/metadata_session.h"
 #include "ui/attachments_panel.h"
 #include "ui/ui_test_registry.h"
@@ -36,7 +35,6 @@ std::string TaggedPicture() {
 // The pictures and files tab on a loaded newsroom, shown offscreen.
 struct Bench {
     Bench() {
-        RefreshStoryPanel(session);
         panel.Refresh();
         panel.show();
     }
