@@ -19,8 +19,9 @@ constexpr OleColour kWarningColour = 255;  // red, as 0x00BBGGRR
 constexpr std::string_view kWordsFallbackLabel = "Words";
 
 constexpr std::string_view kMenusThatNeedText[] = {
-    "mnuAutoTypography",    "mnuSearchText",    "mnuReplaceText",        "mnuSearchNextOccurrence",
-    "mnuToolsSpellChecker", "mnuToolsSynonyms", "mnuToolsWordStatistics"};
+    "mnuFormatAutoTypography", "mnuSearchText",        "mnuSearchReplace",
+    "mnuSearchNextOccurrence", "mnuToolsSpellChecker", "mnuToolsSynonyms",
+    "mnuToolsWordStatistics"};
 
 bool IsBox(int box) {
     return box >= 0 && box < kTextBoxCount;

@@ -127,7 +127,7 @@ TEST_F(CopyFitTest, MenusWordsAndSelection) {
     TypeText(session, 0, 0, u" ");
     EXPECT_TRUE(menuEnabled());
     TypeText(session, 0, 0, u"", 1);
-    EXPECT_FALSE(menuEnabled() || Control("mnuAutoTypography").enabled);
+    EXPECT_FALSE(menuEnabled() || Control("mnuFormatAutoTypography").enabled);
 
     Fill(1, u"l'homme porte-avions");
     Fill(2, u"deux mots");
