@@ -131,11 +131,7 @@ std::string PictureLines(const XmlNode& root, const EditWorksExportSettings& set
 // The box's markup in QTrans form: bold, italic, underline and superscript are switches,
 // so an opening and a closing tag give the same switch.
 std::string QTransBoxText(std::string_view markup, const EditWorksExportSettings& settings) {
-    std::string text;
-    text.reserve(markup.size());
-    for (const char c : markup) {
-        if (c != '\r' && c != '\n' && c != '\t') text += c;
-    }
+    std::string text(markup);
     const std::pair<std::string_view, std::string_view> rows[] = {
         {"<p>", ""},
         {"<p/>", kCrLf},
@@ -191,7 +187,7 @@ std::string ComposeEditWorks(const XmlDocument& story, const ExportContext& cont
         const XmlNode box = body.SelectSingleNode("TextBox" + std::to_string(index));
         if (!box) continue;
         out += settings.TextBox[index];
-        out += QTransBoxText(BoxMarkupWithNotesCut(box, index), settings);
+        out += QTransBoxText(BoxMarkupOnOneLine(box, index), settings);
         out += kCrLf;
     }
     if (const XmlNode signature = body.SelectSingleNode("Signature")) {

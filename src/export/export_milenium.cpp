@@ -152,7 +152,7 @@ std::string ComposeMilenium(const XmlDocument& story, std::string_view storyName
         const XmlNode box = body.SelectSingleNode("TextBox" + std::to_string(index));
         if (!box) continue;
         out += Element(settings.TextBox[index],
-                       Paragraph(MileniumBoxText(BoxMarkupWithNotesCut(box, index))));
+                       Paragraph(MileniumBoxText(BoxMarkupOnOneLine(box, index))));
     }
     if (const XmlNode signature = body.SelectSingleNode("Signature")) {
         out += Element(settings.Signature, Paragraph(signature.Text()));

@@ -66,8 +66,9 @@ void AppendTextBoxes(std::string& out, TaggedTextLayout layout,
             marks.inter[inter] =
                 MarkOf(layout, settings, formName + "_Inter" + std::to_string(inter + 1));
         }
-        out += marks.box;
-        out += TaggedBoxText(layout, BoxMarkupWithoutFrame(box, index), marks);
+        std::string markup = BoxMarkupWithoutFrame(box, index);
+        RemoveLineEndsAndTabs(markup);
+        out += TaggedBoxText(layout, markup, marks);
         if (boxBreak && index < 6) out += "<cNextXChars:Box>";
         out += kCrLf;
         if (layout == TaggedTextLayout::XPress) {

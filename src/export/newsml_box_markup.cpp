@@ -84,6 +84,10 @@ void RemoveBoxTags(std::string& markup, int index) {
     ReplaceAllInText(markup, "<" + name + "/>", "");
 }
 
+void RemoveLineEndsAndTabs(std::string& markup) {
+    std::erase_if(markup, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
+}
+
 std::string BoxMarkupWithoutFrame(const XmlNode& box, int index) {
     std::string markup = CutNotes(SerialisedWithoutAttributes(box));
     RemoveBoxTags(markup, index);

@@ -29,6 +29,10 @@ std::string CutNotes(std::string_view text);
 // frame that every writer strips from a serialised text box.
 void RemoveBoxTags(std::string& markup, int index);
 
+// Removes every CR, LF and tab of serialised markup: the line ends that the story file puts
+// after each "<p/>" and any indentation, so that the tags stand next to each other.
+void RemoveLineEndsAndTabs(std::string& markup);
+
 // The markup of text box `index` as both writers start from it: serialised without
 // attributes, notes cut, and "<TextBoxN>", "</TextBoxN>" and "<TextBoxN/>" removed.
 std::string BoxMarkupWithoutFrame(const XmlNode& box, int index);

@@ -26,9 +26,10 @@ std::string CutEveryNote(std::string_view text) {
     return result;
 }
 
-std::string BoxMarkupWithNotesCut(const XmlNode& box, int index) {
+std::string BoxMarkupOnOneLine(const XmlNode& box, int index) {
     std::string markup = CutEveryNote(SerialisedWithoutAttributes(box));
     RemoveBoxTags(markup, index);
+    RemoveLineEndsAndTabs(markup);
     return markup;
 }
 

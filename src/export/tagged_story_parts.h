@@ -17,8 +17,9 @@ std::string ChildText(const XmlNode& node, std::string_view name);
 std::string CutEveryNote(std::string_view text);
 
 // The markup of text box `index` as both writers start from it: the element serialised
-// without its attributes, every note cut, and "<TextBoxN>", "</TextBoxN>" and "<TextBoxN/>"
-// removed. Line ends stay as the story file holds them.
-std::string BoxMarkupWithNotesCut(const XmlNode& box, int index);
+// without its attributes, every note cut, "<TextBoxN>", "</TextBoxN>" and "<TextBoxN/>"
+// removed, and every CR, LF and tab of the serialised form removed, so that "<p/>" stands
+// directly before the next tag as the replacement rows expect.
+std::string BoxMarkupOnOneLine(const XmlNode& box, int index);
 
 }  // namespace tessarin

@@ -80,15 +80,6 @@ std::vector<Row> XPressRows(const TaggedTextMarks& marks) {
     return rows;
 }
 
-std::string WithoutLineEndsAndTabs(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (const char c : text) {
-        if (c != '\r' && c != '\n' && c != '\t') result += c;
-    }
-    return result;
-}
-
 }  // namespace
 
 std::string ParagraphStyleMark(TaggedTextLayout layout, const std::string& styleName) {
@@ -98,14 +89,16 @@ std::string ParagraphStyleMark(TaggedTextLayout layout, const std::string& style
 
 std::string TaggedBoxText(TaggedTextLayout layout, std::string_view markup,
                           const TaggedTextMarks& marks) {
-    std::string text = WithoutLineEndsAndTabs(markup);
+    std::string text(markup);
     const std::vector<Row> rows =
         layout == TaggedTextLayout::InDesign ? InDesignRows(marks) : XPressRows(marks);
     for (const auto& [from, to] : rows)
         ReplaceAllInText(text, from, to);
     if (layout == TaggedTextLayout::InDesign) ReplaceAllInText(text, "\r\n\r\n", kCrLf);
-    // The box's own mark followed by a break: the break goes. Without a mark every break of
-    // the box goes, and its paragraphs run together.
+    // The box's own mark followed by a break: the break goes, also in front of the text, so
+    // that a box opening on an empty paragraph starts right after its mark. Without a mark
+    // every break of the box goes, and its paragraphs run together.
+    text.insert(0, marks.box);
     ReplaceAllInText(text, marks.box + std::string(kCrLf), marks.box);
     return text;
 }

@@ -21,11 +21,11 @@ struct TaggedTextMarks {
 // "@" name ":" in XPress.
 std::string ParagraphStyleMark(TaggedTextLayout layout, const std::string& styleName);
 
-// Turns the markup of one text box (notes and the TextBoxN tags already cut) into the
-// layout program's tagged text, as UTF-8: line ends and tabs of the serialised form go,
+// Turns the markup of one text box (notes, the TextBoxN tags, line ends and tabs already
+// cut) into the layout program's tagged text, as UTF-8, with the box's own mark in front:
 // the inline tags and entities become the program's tags by a fixed table in a fixed
-// order, and a paragraph break right after the box's own mark is dropped (in InDesign,
-// doubled breaks are first made single). The box's mark in front is the caller's.
+// order, then a paragraph break right after the box's mark is dropped, the mark in front
+// included (in InDesign, doubled breaks are first made single).
 std::string TaggedBoxText(TaggedTextLayout layout, std::string_view markup,
                           const TaggedTextMarks& marks);
 

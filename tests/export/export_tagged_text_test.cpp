@@ -152,6 +152,24 @@ TEST(ExportTaggedTextTest, IntertitleAtTheStartAndRunsOfBreaks) {
               "@Inter:Chapeau\r\n@Texte:Suite\r\n\r\n\r\n<I><B>x<B><I>\r\n\r\nfin\r\n");
 }
 
+// A box that opens on an empty paragraph, with several paragraphs and an intertitle right
+// after a paragraph end: the text starts directly after the box's mark.
+TEST(ExportTaggedTextTest, BoxOpeningOnAnEmptyParagraphStartsAfterItsMark) {
+    const ExportSettings settings = ReadSettings(kSections);
+    const std::string story = StoryFile(
+        "<Story AppName=\"Tessarin\"><Metadata><Form>News</Form></Metadata><Body>"
+        "<TextBox6><p/>\nUn<p/>\n<inter1>Inter</inter1><p/>\nDeux<p/>\nTrois</TextBox6>"
+        "</Body></Story>");
+    EXPECT_EQ(Compose(TaggedTextLayout::InDesign, story, settings.InDesign),
+              "<ANSI-WIN>\r\n<Version:5>\r\n"
+              "<Def:Titre>\r\n<Def:Texte>\r\n<Def:Inter>\r\n<Def:Legende>\r\n<Def:Titre2>\r\n"
+              "<ParaStyle:Texte>Un\r\n<ParaStyle:Inter>Inter\r\n"
+              "<ParaStyle:Texte>Deux\r\nTrois\r\n");
+    EXPECT_EQ(Compose(TaggedTextLayout::XPress, story, settings.XPress),
+              "<v5>\r\n@Titre=<B>\r\n@Texte=<P>\r\n@Inter=<B>\r\n@Credit=<I>\r\n"
+              "@Texte:Un\r\n@Inter:Inter\r\n@Texte:Deux\r\nTrois\r\n");
+}
+
 TEST(ExportTaggedTextTest, StoryWithoutStylesIsWrittenBare) {
     const ExportSettings settings = ReadSettings(kSections);
     // No Metadata: no head, no form, no marks; without a mark the box's breaks go too.
