@@ -1,8 +1,13 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
 
 #include "app/window_state.h"
+#include "common/xml_document.h"
 #include "config/configuration.h"
 #include "config/load_configuration.h"
 #include "config/preferences.h"
@@ -11,8 +16,8 @@
 
 namespace tessarin::testing {
 
-// A configuration document made of its sections, each replaceable by a test. The defaults
-// make the smallest document that loads completely.
+// A configuration document made of its sections, each replaceable by a test.
+// The defaults make the smallest document that loads completely.
 struct ConfigurationDocument {
     std::string rootAttributes = R"(Version="3.2" StoriesEncoding="UTF-8")";
     std::string ftpTransmission =
@@ -27,6 +32,14 @@ struct ConfigurationDocument {
     std::string interface;
     std::string messages;
 
+    // This document with one section replaced; calls chain.
+    ConfigurationDocument With(std::string ConfigurationDocument::*section,
+                               std::string text) const {
+        ConfigurationDocument changed = *this;
+        changed.*section = std::move(text);
+        return changed;
+    }
+
     std::string Text() const {
         return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Tessarin " + rootAttributes + ">" +
                ftpTransmission + metadata + keywords + taxonomy + story + newsServices +
@@ -34,8 +47,9 @@ struct ConfigurationDocument {
     }
 };
 
-// The configuration load with everything it needs: a folder for the document and the
-// preferences file, the preferences read from that file, the record and the window.
+// The configuration load with everything it needs: a folder for the document
+// and the preferences file, the preferences read from that file, the record and
+// the window.
 struct LoadBench {
     TempDir folder;
     std::filesystem::path document = folder / "Tessarin.xml";
@@ -68,13 +82,56 @@ inline std::vector<std::string> ItemTexts(const ListModel& list) {
     return texts;
 }
 
-// Key, text and tag of every node of a tree, depth first, one "key|text|tag" string each.
+// Key, text and tag of every node of a tree, depth first, one "key|text|tag"
+// string each.
 inline std::vector<std::string> NodeLines(const TreeModel& tree) {
     std::vector<std::string> lines;
     for (const TreeNode* node : tree.AllNodes()) {
         lines.push_back(node->key + "|" + node->text + "|" + node->tag);
     }
     return lines;
+}
+
+// A section given as XML text, parsed; the test fails when the text does not
+// parse.
+inline XmlDocument ParseSection(std::string_view xml) {
+    XmlDocument document;
+    EXPECT_TRUE(document.LoadBytes(xml)) << xml;
+    return document;
+}
+
+// Several values read at once, joined with "|", to compare with one expected
+// text.
+template <typename Texts>
+std::string Joined(const Texts& texts) {
+    std::string joined;
+    bool first = true;
+    for (const auto& text : texts) {
+        if (!first) joined += '|';
+        joined += text;
+        first = false;
+    }
+    return joined;
+}
+inline std::string Joined(std::initializer_list<std::string_view> texts) {
+    return Joined<std::initializer_list<std::string_view>>(texts);
+}
+
+// Several flags at once: "1" for each that is on, "0" for each that is off, in
+// order.
+inline std::string Bits(std::initializer_list<bool> flags) {
+    std::string bits;
+    for (bool flag : flags)
+        bits += flag ? '1' : '0';
+    return bits;
+}
+
+// Which of the named controls are visible, as Bits gives it.
+inline std::string Shown(WindowState& window, std::initializer_list<std::string_view> names) {
+    std::string bits;
+    for (std::string_view name : names)
+        bits += window.Control(name).visible ? '1' : '0';
+    return bits;
 }
 
 }  // namespace tessarin::testing
