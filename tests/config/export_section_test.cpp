@@ -165,24 +165,5 @@ TEST(ExportFormatsSection, EditWorksSettings) {
     EXPECT_EQ(Bits({slashFirst.AccentsInPath, slashFirst.IncludePublication}), "01");
 }
 
-TEST(ExportFormatsSection, MileniumElementNames) {
-    const MileniumExportSettings milenium = Read(R"(<ExportFormats><MileniumInsert>
-      <Publication>PUB</Publication><Section Level="3">SEC</Section><Story>STO</Story>
-      <StoryName>NAME</StoryName><ExpirationDate AddToPublicationDate="30">EXP</ExpirationDate>
-      <Form>FORM</Form><Author>AUT</Author><Classification>CLA</Classification>
-      <Taxonomy>TAX</Taxonomy><TextBox2>TB2</TextBox2><Signature>SIG</Signature>
-      <Image>IMG</Image><CaptionElement>CAP:x</CaptionElement><CreditElement>CRE</CreditElement>
-    </MileniumInsert></ExportFormats>)")
-                                                .MileniumInsert;
-    // The caption element is an element name here, not cut.
-    EXPECT_EQ(Joined({milenium.Publication, milenium.Section, milenium.Level, milenium.Story,
-                      milenium.StoryName, milenium.ExpirationDate, milenium.AddToPublicationDate,
-                      milenium.Form, milenium.Author, milenium.Classification, milenium.Taxonomy,
-                      milenium.Signature, milenium.Image, milenium.CaptionElement,
-                      milenium.CreditElement}),
-              "PUB|SEC|3|STO|NAME|EXP|30|FORM|AUT|CLA|TAX|SIG|IMG|CAP:x|CRE");
-    EXPECT_EQ(milenium.TextBox, (std::array<std::string, 7>{"", "TB2", "", "", "", "", ""}));
-}
-
 }  // namespace
 }  // namespace tessarin
