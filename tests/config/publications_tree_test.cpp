@@ -19,31 +19,18 @@ constexpr OleColour kLocal = Rgb(128, 0, 0);
 // Publications whose sections share names, a classification of each kind, one of an unknown
 // type, elements that only the full view shows, and a "False" that is not "false".
 const char* const kPublications = R"(<Publications>
-    <Publication Name="Herald">
-        <Classification Name="Nation" Type="General">
-            <Section Name="Politics">
-                <SubSection Name="Parliament" Code1="11" Code2="A"/>
-                <SubSection Name="Old" Code1="19" Preferred="false"/>
-            </Section>
-        </Classification>
-        <Classification Name="Riverside" Type="Local" Preferred="false">
-            <Section Name="Politics">
-                <SubSection Name="Council" Code1="21" Preferred="true"/>
-            </Section>
-        </Classification>
-        <Classification Name="Hilltop" Type="Local">
-            <Section Name="Politics" Preferred="False">
-                <SubSection Name="Mayor" Code2="7"/>
-            </Section>
-        </Classification>
-    </Publication>
-    <Publication Name="Archive" Preferred="false">
-        <Classification Name="Past" Type="General"/>
-    </Publication>
-    <Publication Name="Weekly">
-        <Classification Name="Magazine" Type="general"/>
-    </Publication>
-    <Publication Name="Empty"/>
+  <Publication Name="Herald">
+    <Classification Name="Nation" Type="General"><Section Name="Politics">
+      <SubSection Name="Parliament" Code1="11" Code2="A"/>
+      <SubSection Name="Old" Code1="19" Preferred="false"/></Section></Classification>
+    <Classification Name="Riverside" Type="Local" Preferred="false"><Section Name="Politics">
+      <SubSection Name="Council" Code1="21" Preferred="true"/></Section></Classification>
+    <Classification Name="Hilltop" Type="Local"><Section Name="Politics" Preferred="False">
+      <SubSection Name="Mayor" Code2="7"/></Section></Classification></Publication>
+  <Publication Name="Archive" Preferred="false"><Classification Name="Past" Type="General"/>
+  </Publication>
+  <Publication Name="Weekly"><Classification Name="Magazine" Type="general"/></Publication>
+  <Publication Name="Empty"/>
 </Publications>)";
 
 struct PublicationsBench : LoadBench {
