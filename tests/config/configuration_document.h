@@ -16,8 +16,8 @@
 
 namespace tessarin::testing {
 
-// A configuration document made of its sections, each replaceable by a test.
-// The defaults make the smallest document that loads completely.
+// A configuration document made of its sections, each replaceable by a test. The defaults
+// make the smallest document that loads completely.
 struct ConfigurationDocument {
     std::string rootAttributes = R"(Version="3.2" StoriesEncoding="UTF-8")";
     std::string ftpTransmission =
@@ -47,9 +47,8 @@ struct ConfigurationDocument {
     }
 };
 
-// The configuration load with everything it needs: a folder for the document
-// and the preferences file, the preferences read from that file, the record and
-// the window.
+// The configuration load with everything it needs: a folder for the document and the
+// preferences file, the preferences read from that file, the record and the window.
 struct LoadBench {
     TempDir folder;
     std::filesystem::path document = folder / "Tessarin.xml";
@@ -82,8 +81,7 @@ inline std::vector<std::string> ItemTexts(const ListModel& list) {
     return texts;
 }
 
-// Key, text and tag of every node of a tree, depth first, one "key|text|tag"
-// string each.
+// Key, text and tag of every node of a tree, depth first, one "key|text|tag" string each.
 inline std::vector<std::string> NodeLines(const TreeModel& tree) {
     std::vector<std::string> lines;
     for (const TreeNode* node : tree.AllNodes()) {
@@ -92,16 +90,14 @@ inline std::vector<std::string> NodeLines(const TreeModel& tree) {
     return lines;
 }
 
-// A section given as XML text, parsed; the test fails when the text does not
-// parse.
+// A section given as XML text, parsed; the test fails when the text does not parse.
 inline XmlDocument ParseSection(std::string_view xml) {
     XmlDocument document;
     EXPECT_TRUE(document.LoadBytes(xml)) << xml;
     return document;
 }
 
-// Several values read at once, joined with "|", to compare with one expected
-// text.
+// Several values read at once, joined with "|", to compare with one expected text.
 template <typename Texts>
 std::string Joined(const Texts& texts) {
     std::string joined;
@@ -117,8 +113,7 @@ inline std::string Joined(std::initializer_list<std::string_view> texts) {
     return Joined<std::initializer_list<std::string_view>>(texts);
 }
 
-// Several flags at once: "1" for each that is on, "0" for each that is off, in
-// order.
+// Several flags at once: "1" for each that is on, "0" for each that is off, in order.
 inline std::string Bits(std::initializer_list<bool> flags) {
     std::string bits;
     for (bool flag : flags)

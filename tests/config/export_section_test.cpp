@@ -114,8 +114,7 @@ TEST(ExportFormatsSection, TaggedTextStylesAreKeyedByFormAndEntry) {
         return rows;
     };
     EXPECT_EQ(settings.InDesign.Prologue, "<ANSI>");
-    // Style names are not converted; XPress keeps arrays of its own and has no
-    // box break.
+    // Style names are not converted; XPress keeps arrays of its own and has no box break.
     EXPECT_EQ(
         rows(settings.InDesign),
         (std::vector<std::string>{
