@@ -109,19 +109,9 @@ TEST(InterfaceSection, NeverShowsAButtonThatTransmissionHid) {
     EXPECT_EQ(window.Control("SendMail").toolTip, "Mail");
 }
 
-TEST(InterfaceSection, RootAttributes) {
-    InterfaceRead read(R"(<Interface MultipleInstances="false"
-        MetadataVisible="false" TextZoomVisible="false" ImagesVisible="False"
-        OtherFilesVisible="false"/>)");
-    const InterfaceSettings& settings = read.settings;
-    EXPECT_EQ(Bits({settings.MultipleInstances, settings.MetadataVisible, settings.TextZoomVisible,
-                    settings.ImagesVisible, settings.OtherFilesVisible}),
-              "00010");
-    EXPECT_EQ(Shown(read.window, {"Informations", "Zoom", "Images", "Story"}), "0011");
-}
-
-TEST(InterfaceSection, KeyAttributesAndTheirDefaults) {
-    InterfaceRead read(R"(<Interface>
+TEST(InterfaceSection, RootAndKeyAttributesWithTheirDefaults) {
+    InterfaceRead read(R"(<Interface MultipleInstances="false" MetadataVisible="false"
+        TextZoomVisible="false" ImagesVisible="False" OtherFilesVisible="false">
       <EditionMultipleClipboard File="clips.txt"/>
       <ToolsInternet1 URL="https://paper.test/">Site</ToolsInternet1>
       <ToolsApplication Path="/usr/bin/app"/>
@@ -129,11 +119,15 @@ TEST(InterfaceSection, KeyAttributesAndTheirDefaults) {
       <DisplayMetadata Short="Info"/><ImageCaption Mandatory="true"/>
       <TrackingDispatchByAuthor Enabled="false"/></Interface>)");
     const InterfaceSettings& settings = read.settings;
+    EXPECT_EQ(Bits({settings.MultipleInstances, settings.MetadataVisible, settings.TextZoomVisible,
+                    settings.ImagesVisible, settings.OtherFilesVisible}),
+              "00010");
+    EXPECT_EQ(Shown(read.window, {"Informations", "Zoom", "Images", "Story"}), "0011");
+
     const InterfaceEntry& clipboard = settings.Entry("EditionMultipleClipboard");
     EXPECT_EQ(Joined({clipboard.File, clipboard.ToolTipText, clipboard.Copy, clipboard.Sorted}),
-              "clips.txt|Drag and drop to and from multiple clipboard.|Copy to "
-              "multiple "
-              "clipboard|Sorted texts");
+              "clips.txt|Drag and drop to and from multiple clipboard.|"
+              "Copy to multiple clipboard|Sorted texts");
     const InterfaceEntry& cordial = settings.Entry("PreferencesSpellCheckerCordial");
     EXPECT_EQ(Joined({settings.Entry("ToolsSynonyms").File, settings.Entry("ToolsInternet1").URL,
                       settings.Entry("ToolsApplication").Path, cordial.Link, cordial.UserDict,
