@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "config/configuration_document.h"
+#include "config/section_reading.h"
 
 namespace tessarin {
 namespace {

@@ -5,7 +5,7 @@
 #include <set>
 #include <string_view>
 
-#include "config/configuration_document.h"
+#include "config/section_reading.h"
 
 namespace tessarin {
 namespace {

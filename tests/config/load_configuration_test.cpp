@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "config/configuration_document.h"
+#include "config/section_reading.h"
 
 namespace tessarin {
 namespace {

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <string>
 
-#include "config/configuration_document.h"
 #include "config/profile_values.h"
+#include "config/section_reading.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
