@@ -31,24 +31,19 @@ TEST(UpdateMRU, NewPathsGoOnTopAndKnownPathsMoveThere) {
     }
 }
 
-TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnter) {
-    RecentFiles list;
-    list.File = {"a.xml", "", "", ""};
+TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnterAListThatIsOn) {
+    TempDir dir;
+    RecentFiles list = ReadRecentFiles(
+        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")));
+    EXPECT_FALSE(UpdateMRU(list, "b.xml"));
+    list.UseMRU = true;
     for (const char* path : {"/s/story.doc", "/s/story.bml", "/s/story.xml.bak", "/s/xml",
                              "/s/dir.xml/story", "C:\\dir.xml\\story", ""}) {
         EXPECT_FALSE(UpdateMRU(list, path)) << path;
     }
     EXPECT_EQ(list.File, (Entries{"a.xml", "", "", ""}));
     EXPECT_TRUE(UpdateMRU(list, "C:\\News\\Story.XmL"));
-    EXPECT_EQ(list.File[0], "C:\\News\\Story.XmL");
-}
-
-TEST(UpdateMRU, NothingHappensWhenTheListIsOff) {
-    TempDir dir;
-    RecentFiles list = ReadRecentFiles(
-        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")));
-    EXPECT_FALSE(UpdateMRU(list, "b.xml"));
-    EXPECT_EQ(list.File, (Entries{"a.xml", "", "", ""}));
+    EXPECT_EQ(list.File, (Entries{"C:\\News\\Story.XmL", "a.xml", "", ""}));
 }
 
 TEST(RecentFiles, WrittenBackAsFile1ToFile4AndClearedAsEmptyKeys) {
