@@ -67,30 +67,25 @@ TEST(Taxonomy, TopicsAreKeyedByTheirPlaceUnderTheirParent) {
 }
 
 TEST(Taxonomy, VisibilityAndMandatoryGoToTheTreesTag) {
-    struct Case {
-        std::string section;
-        std::string tag;
-        bool on;
-        std::string rootText;  // empty: no root
-    };
-    const std::vector<Case> cases = {
+    // Each row: the section, the tree's tag, whether the taxonomy is on, the root's text
+    // (empty: no root).
+    const std::tuple<std::string, std::string, bool, std::string> cases[] = {
         {"", "invisible", false, ""},
         {R"(<Taxonomy Name="Subjects"/>)", "", true, "Subjects"},
         {R"(<Taxonomy Name="Subjects" Mandatory="true"/>)", "mandatory", true, "Subjects [*]"},
         {R"(<Taxonomy Name="Subjects" Visible="false" Mandatory="true"/>)", "invisible/mandatory",
          false, "Subjects [*]"},
         {R"(<Taxonomy Visible="False" Mandatory="TRUE"><Topic>Lost</Topic></Taxonomy>)", "", true,
-         ""},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.section);
+         ""}};
+    for (const auto& [section, tag, on, rootText] : cases) {
+        SCOPED_TRACE(section);
         LoadBench bench;
-        ASSERT_TRUE(bench.Load(Document().With(&Document::taxonomy, test.section)));
-        EXPECT_EQ(bench.Control("treeTaxonomy").tag, test.tag);
-        EXPECT_EQ(bench.configuration.taxonomyOn, test.on);
+        ASSERT_TRUE(bench.Load(Document().With(&Document::taxonomy, section)));
+        EXPECT_EQ(bench.Control("treeTaxonomy").tag, tag);
+        EXPECT_EQ(bench.configuration.taxonomyOn, on);
         const TreeNode* root = bench.Tree("treeTaxonomy").Find("T0");
-        EXPECT_EQ(root ? root->text : "", test.rootText);
-        if (test.rootText.empty()) {
+        EXPECT_EQ(root ? root->text : "", rootText);
+        if (rootText.empty()) {
             EXPECT_TRUE(bench.Tree("treeTaxonomy").Empty());
         }
     }

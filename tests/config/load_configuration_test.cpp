@@ -79,12 +79,8 @@ TEST(LoadConfiguration, WhatWasReadBeforeAFailureStaysInForce) {
 TEST(LoadConfiguration, ADocumentThatDoesNotParseGivesFalseAndAClearedStatus) {
     const std::string complete = Document().Text();
     const std::string broken[] = {
-        complete.substr(0, complete.size() / 2),
-        std::string("\x00\xff\xfe\x01<Tess\x00arin>", 14),
-        "",
-        "<Tessarin><FTPTransmission></Tessarin>",
-        "<Tessarin Version=\"1\" Version=\"2\"/>",
-    };
+        complete.substr(0, complete.size() / 2), std::string("\x00\xff\xfe\x01<Tess\x00arin>", 14),
+        "", "<Tessarin><FTPTransmission></Tessarin>", "<Tessarin Version=\"1\" Version=\"2\"/>"};
     for (const std::string& bytes : broken) {
         LoadBench bench;
         bench.window.ShowStatusError("earlier message");
