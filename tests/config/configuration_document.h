@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "app/window_state.h"
 #include "config/configuration.h"
@@ -26,6 +27,14 @@ struct ConfigurationDocument {
         R"(<Publications><Publication Name="Morning Herald"/></Publications>)";
     std::string interface;
     std::string messages;
+
+    // This document with one section replaced; calls chain.
+    ConfigurationDocument With(std::string ConfigurationDocument::*section,
+                               std::string text) const {
+        ConfigurationDocument changed = *this;
+        changed.*section = std::move(text);
+        return changed;
+    }
 
     std::string Text() const {
         return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Tessarin " + rootAttributes + ">" +

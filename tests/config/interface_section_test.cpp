@@ -5,21 +5,29 @@
 #include <set>
 #include <string_view>
 
+#include "config/section_reading.h"
+
 namespace tessarin {
 namespace {
 
-XmlDocument Parse(std::string_view xml) {
-    XmlDocument document;
-    EXPECT_TRUE(document.LoadBytes(xml)) << xml;
-    return document;
-}
+using testing::Bits;
+using testing::Joined;
+using testing::Shown;
 
-TEST(InterfaceSection, KeysInReadingOrderWithoutRepeats) {
+struct InterfaceRead {
+    InterfaceSettings settings;
+    WindowState window;
+
+    explicit InterfaceRead(std::string_view xml) { Read(xml); }
+    void Read(std::string_view xml) {
+        const XmlDocument document = testing::ParseSection(xml);
+        ReadInterface(document.DocumentElement(), settings, window);
+    }
+};
+
+TEST(InterfaceSection, KeysWithoutRepeats) {
     const std::span<const std::string_view> keys = InterfaceKeys();
-    ASSERT_EQ(keys.size(), 356u);
-    EXPECT_EQ(keys.front(), "FileNew");
-    EXPECT_EQ(keys[7], "FilePrint");
-    EXPECT_EQ(keys.back(), "TrackingAutomaticUpdate");
+    EXPECT_EQ(keys.size(), 356u);
     EXPECT_EQ(std::set<std::string_view>(keys.begin(), keys.end()).size(), keys.size());
 }
 
@@ -28,164 +36,121 @@ TEST(InterfaceSection, MissingSectionKeepsDesignTimeCaptionsAndAllowsInstances) 
     settings.MultipleInstances = false;
     WindowState window;
     ReadInterface(XmlNode(), settings, window);
-    EXPECT_TRUE(settings.MultipleInstances);
-    EXPECT_TRUE(settings.MetadataVisible);
-    EXPECT_TRUE(settings.OtherFilesVisible);
-    EXPECT_EQ(settings.Caption("TooMuchChars"), "");
-    EXPECT_EQ(settings.Caption("IPTCObjectName"), "");
-    EXPECT_EQ(settings.Caption("FilePrint"), "");
-    EXPECT_EQ(window.Control("mnuFilePrint").caption, "");
-    EXPECT_TRUE(window.Control("mnuFilePrint").visible);
-    EXPECT_TRUE(window.Control("Print").visible);
+    EXPECT_EQ(
+        Bits({settings.MultipleInstances, settings.MetadataVisible, settings.OtherFilesVisible}),
+        "111");
+    EXPECT_EQ(Joined({settings.Caption("TooMuchChars"), settings.Caption("IPTCObjectName"),
+                      settings.Caption("FilePrint"), window.Control("mnuFilePrint").caption}),
+              "|||");
+    EXPECT_EQ(Shown(window, {"mnuFilePrint", "Print"}), "11");
 }
 
 TEST(InterfaceSection, CaptionsFromTextThenDefaults) {
-    const XmlDocument document = Parse(R"(<Interface>
-      <FilePrint>Imprimer</FilePrint>
-      <TooMuchChars></TooMuchChars>
-      <NotEnoughChars>il manque ### signes</NotEnoughChars>
-      <FileNew> </FileNew>
-      <Unknown>ignored</Unknown>
-    </Interface>)");
-    InterfaceSettings settings;
-    WindowState window;
-    ReadInterface(document.DocumentElement(), settings, window);
-
-    EXPECT_EQ(settings.Caption("FilePrint"), "Imprimer");
-    EXPECT_EQ(window.Control("mnuFilePrint").caption, "Imprimer");
-    EXPECT_EQ(window.Control("Print").toolTip, "Imprimer");
-    EXPECT_EQ(window.Control("SepPrint").toolTip, "");
-
-    EXPECT_EQ(settings.Caption("TooMuchChars"), "too much chars: ###");  // empty text
-    EXPECT_EQ(settings.Caption("NotEnoughChars"), "il manque ### signes");
-    EXPECT_EQ(settings.Caption("ClearLogsConfirm"), "Confirm Logs clearing");  // missing
-    EXPECT_EQ(settings.Caption("ToolsConfigurationTipOfTheDay"),
-              "Select 'Tip of the Day' configuration file");
-    EXPECT_EQ(settings.Caption("FileNew"), " ");
-    EXPECT_EQ(settings.Caption("FileOpen"), "");  // design-time caption
-    EXPECT_EQ(window.Control("mnuFileOpen").caption, "");
-    EXPECT_EQ(settings.Caption("Unknown"), "");
-    EXPECT_EQ(settings.Caption("EditionMultipleClipboard"), "Multiple clipboard");
-    EXPECT_EQ(window.Control("mnuEditionMultipleClipboard").caption, "Multiple clipboard");
-}
-
-TEST(InterfaceSection, IptcKeysDefaultToTheFieldNames) {
-    const XmlDocument document = Parse("<Interface><IPTCCity>Ville</IPTCCity></Interface>");
-    InterfaceSettings settings;
-    WindowState window;
-    ReadInterface(document.DocumentElement(), settings, window);
-    EXPECT_EQ(settings.Caption("IPTCObjectName"), "Object Name");
-    EXPECT_EQ(settings.Caption("IPTCEditStatus"), "Edit Status");
-    EXPECT_EQ(settings.Caption("IPTCUrgency"), "Urgency");
-    EXPECT_EQ(settings.Caption("IPTCSupplementalCategory"), "Supplemental Category");
-    EXPECT_EQ(settings.Caption("IPTCOriginalTransmissionReference"),
-              "Original Transmission Reference");
-    EXPECT_EQ(settings.Caption("IPTCProvinceState"), "Province/State");
-    EXPECT_EQ(settings.Caption("IPTCCaptionAbstract"), "Caption/Abstract");
-    EXPECT_EQ(settings.Caption("IPTCCity"), "Ville");
+    InterfaceRead read(R"(<Interface>
+      <FilePrint>Imprimer</FilePrint><TooMuchChars></TooMuchChars>
+      <NotEnoughChars>il manque ### signes</NotEnoughChars><FileNew> </FileNew>
+      <Unknown>ignored</Unknown><IPTCCity>Ville</IPTCCity></Interface>)");
+    // An empty or missing text takes the code's default; a key without one keeps
+    // the design-time caption (empty). IPTC keys default to the field's name.
+    const std::pair<std::string_view, std::string_view> captions[] = {
+        {"FilePrint", "Imprimer"},
+        {"TooMuchChars", "too much chars: ###"},
+        {"NotEnoughChars", "il manque ### signes"},
+        {"ClearLogsConfirm", "Confirm Logs clearing"},
+        {"ToolsConfigurationTipOfTheDay", "Select 'Tip of the Day' configuration file"},
+        {"FileNew", " "},
+        {"FileOpen", ""},
+        {"Unknown", ""},
+        {"EditionMultipleClipboard", "Multiple clipboard"},
+        {"IPTCObjectName", "Object Name"},
+        {"IPTCEditStatus", "Edit Status"},
+        {"IPTCUrgency", "Urgency"},
+        {"IPTCSupplementalCategory", "Supplemental Category"},
+        {"IPTCOriginalTransmissionReference", "Original Transmission Reference"},
+        {"IPTCProvinceState", "Province/State"},
+        {"IPTCCaptionAbstract", "Caption/Abstract"},
+        {"IPTCCity", "Ville"}};
+    for (const auto& [key, caption] : captions) {
+        SCOPED_TRACE(key);
+        EXPECT_EQ(read.settings.Caption(key), caption);
+    }
+    // The caption goes to the menu entry and becomes its button's tool tip.
+    WindowState& window = read.window;
+    EXPECT_EQ(Joined({window.Control("mnuFilePrint").caption, window.Control("Print").toolTip,
+                      window.Control("SepPrint").toolTip, window.Control("mnuFileOpen").caption,
+                      window.Control("mnuEditionMultipleClipboard").caption}),
+              "Imprimer|Imprimer|||Multiple clipboard");
 }
 
 TEST(InterfaceSection, HidingAnEntryHidesItsButtonAndSeparator) {
-    const XmlDocument document = Parse(R"(<Interface>
+    InterfaceRead read(R"(<Interface>
       <FilePrint Visible="false">Print</FilePrint><EditionUndo Visible="False"/>
       <FormatInter1 Visible="false"/><FileSave Visible="true"/></Interface>)");
-    InterfaceSettings settings;
-    WindowState window;
-    ReadInterface(document.DocumentElement(), settings, window);
-    EXPECT_FALSE(settings.Entry("FilePrint").Visible);
-    EXPECT_FALSE(window.Control("mnuFilePrint").visible);
-    EXPECT_FALSE(window.Control("Print").visible);
-    EXPECT_FALSE(window.Control("SepPrint").visible);
-    EXPECT_FALSE(window.Control("Inter").visible);
-    EXPECT_FALSE(window.Control("SepInter").visible);
-    EXPECT_TRUE(window.Control("mnuFormatInter2").visible);
-    EXPECT_TRUE(window.Control("Undo").visible);  // "False" is not "false"
-    EXPECT_TRUE(window.Control("SepUndo").visible);
-    EXPECT_TRUE(window.Control("Save").visible);
+    EXPECT_FALSE(read.settings.Entry("FilePrint").Visible);
+    // "False" is not "false".
+    EXPECT_EQ(Shown(read.window, {"mnuFilePrint", "Print", "SepPrint", "Inter", "SepInter",
+                                  "mnuFormatInter2", "Undo", "SepUndo", "Save"}),
+              "000001111");
 
     // A later configuration that keeps the entry shows it again.
-    const XmlDocument next = Parse("<Interface/>");
-    ReadInterface(next.DocumentElement(), settings, window);
-    EXPECT_TRUE(window.Control("mnuFilePrint").visible);
-    EXPECT_TRUE(window.Control("Print").visible);
-    EXPECT_TRUE(window.Control("SepPrint").visible);
+    read.Read("<Interface/>");
+    EXPECT_EQ(Shown(read.window, {"mnuFilePrint", "Print", "SepPrint"}), "111");
 }
 
 TEST(InterfaceSection, NeverShowsAButtonThatTransmissionHid) {
     WindowState window;
     window.Control("SendFTP").visible = false;
     window.Control("Logs").visible = false;
-    const XmlDocument document =
-        Parse(R"(<Interface><ToolsSMTP Visible="false">Mail</ToolsSMTP></Interface>)");
+    const XmlDocument document = testing::ParseSection(
+        R"(<Interface><ToolsSMTP Visible="false">Mail</ToolsSMTP></Interface>)");
     InterfaceSettings settings;
     ReadInterface(document.DocumentElement(), settings, window);
-    EXPECT_FALSE(window.Control("SendFTP").visible);
-    EXPECT_FALSE(window.Control("Logs").visible);
-    EXPECT_FALSE(window.Control("SendMail").visible);
-    EXPECT_FALSE(window.Control("mnuToolsSMTP").visible);
+    EXPECT_EQ(Shown(window, {"SendFTP", "Logs", "SendMail", "mnuToolsSMTP"}), "0000");
     EXPECT_EQ(window.Control("SendMail").toolTip, "Mail");
 }
 
-TEST(InterfaceSection, RootAttributes) {
-    const XmlDocument document = Parse(R"(<Interface MultipleInstances="false"
-        MetadataVisible="false" TextZoomVisible="false" ImagesVisible="False"
-        OtherFilesVisible="false"/>)");
-    InterfaceSettings settings;
-    WindowState window;
-    ReadInterface(document.DocumentElement(), settings, window);
-    EXPECT_FALSE(settings.MultipleInstances);
-    EXPECT_FALSE(settings.MetadataVisible);
-    EXPECT_FALSE(settings.TextZoomVisible);
-    EXPECT_TRUE(settings.ImagesVisible);
-    EXPECT_FALSE(settings.OtherFilesVisible);
-    EXPECT_FALSE(window.Control("Informations").visible);
-    EXPECT_FALSE(window.Control("Zoom").visible);
-    EXPECT_TRUE(window.Control("Images").visible);
-    EXPECT_TRUE(window.Control("Story").visible);
-}
-
-TEST(InterfaceSection, KeyAttributesAndTheirDefaults) {
-    const XmlDocument document = Parse(R"(<Interface>
+TEST(InterfaceSection, RootAndKeyAttributesWithTheirDefaults) {
+    InterfaceRead read(R"(<Interface MultipleInstances="false" MetadataVisible="false"
+        TextZoomVisible="false" ImagesVisible="False" OtherFilesVisible="false">
       <EditionMultipleClipboard File="clips.txt"/>
       <ToolsInternet1 URL="https://paper.test/">Site</ToolsInternet1>
       <ToolsApplication Path="/usr/bin/app"/>
       <PreferencesSpellCheckerCordial Link="l" UserDict="u" Title="t"/>
-      <DisplayMetadata Short="Info"/>
-      <ImageCaption Mandatory="true"/>
-      <TrackingDispatchByAuthor Enabled="false"/>
-    </Interface>)");
-    InterfaceSettings settings;
-    WindowState window;
-    ReadInterface(document.DocumentElement(), settings, window);
+      <DisplayMetadata Short="Info"/><ImageCaption Mandatory="true"/>
+      <TrackingDispatchByAuthor Enabled="false"/></Interface>)");
+    const InterfaceSettings& settings = read.settings;
+    EXPECT_EQ(Bits({settings.MultipleInstances, settings.MetadataVisible, settings.TextZoomVisible,
+                    settings.ImagesVisible, settings.OtherFilesVisible}),
+              "00010");
+    EXPECT_EQ(Shown(read.window, {"Informations", "Zoom", "Images", "Story"}), "0011");
 
     const InterfaceEntry& clipboard = settings.Entry("EditionMultipleClipboard");
-    EXPECT_EQ(clipboard.File, "clips.txt");
-    EXPECT_EQ(clipboard.ToolTipText, "Drag and drop to and from multiple clipboard.");
-    EXPECT_EQ(clipboard.Copy, "Copy to multiple clipboard");
-    EXPECT_EQ(clipboard.Sorted, "Sorted texts");
-    EXPECT_EQ(settings.Entry("ToolsSynonyms").File, "Synonyms.txt");
-    EXPECT_EQ(settings.Entry("ToolsInternet1").URL, "https://paper.test/");
-    EXPECT_EQ(settings.Entry("ToolsApplication").Path, "/usr/bin/app");
+    EXPECT_EQ(Joined({clipboard.File, clipboard.ToolTipText, clipboard.Copy, clipboard.Sorted}),
+              "clips.txt|Drag and drop to and from multiple clipboard.|"
+              "Copy to multiple clipboard|Sorted texts");
     const InterfaceEntry& cordial = settings.Entry("PreferencesSpellCheckerCordial");
-    EXPECT_EQ(cordial.Link + cordial.UserDict + cordial.Title, "lut");
-    EXPECT_EQ(settings.Entry("DisplayMetadata").Short, "Info");
-    EXPECT_TRUE(settings.Entry("ImageCaption").Mandatory);
-    EXPECT_FALSE(settings.Entry("ImageCredit").Mandatory);
-    EXPECT_FALSE(settings.Entry("TrackingDispatchByAuthor").Enabled);
-    EXPECT_TRUE(settings.Entry("TrackingDispatchByLastSaveAuthor").Enabled);
+    EXPECT_EQ(Joined({settings.Entry("ToolsSynonyms").File, settings.Entry("ToolsInternet1").URL,
+                      settings.Entry("ToolsApplication").Path, cordial.Link, cordial.UserDict,
+                      cordial.Title, settings.Entry("DisplayMetadata").Short}),
+              "Synonyms.txt|https://paper.test/|/usr/bin/app|l|u|t|Info");
+    EXPECT_EQ(
+        Bits({settings.Entry("ImageCaption").Mandatory, settings.Entry("ImageCredit").Mandatory,
+              settings.Entry("TrackingDispatchByAuthor").Enabled,
+              settings.Entry("TrackingDispatchByLastSaveAuthor").Enabled}),
+        "1001");
 }
 
 TEST(InterfaceSection, ToolbarButtonsOfMenuEntries) {
-    const auto buttons = [](std::string_view key) {
-        const std::span<const std::string_view> found = ToolbarButtonsOf(key);
-        return std::vector<std::string_view>(found.begin(), found.end());
-    };
-    using Words = std::vector<std::string_view>;
-    EXPECT_EQ(buttons("FilePrint"), (Words{"Print", "SepPrint"}));
-    EXPECT_EQ(buttons("ToolsSpellChecker"), (Words{"SpellChecker", "SepSpellChecker"}));
-    EXPECT_EQ(buttons("FileNew"), (Words{"New"}));
-    EXPECT_EQ(buttons("FormatQuestionsAnswers"), (Words{"QA"}));
-    EXPECT_EQ(buttons("FileExit"), Words{});
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"FilePrint", "Print|SepPrint"},
+        {"ToolsSpellChecker", "SpellChecker|SepSpellChecker"},
+        {"FileNew", "New"},
+        {"FormatQuestionsAnswers", "QA"},
+        {"FileExit", ""}};
+    for (const auto& [key, expected] : cases) {
+        SCOPED_TRACE(key);
+        EXPECT_EQ(Joined(ToolbarButtonsOf(key)), expected);
+    }
 }
 
 }  // namespace

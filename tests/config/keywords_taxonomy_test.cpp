@@ -8,15 +8,14 @@
 namespace tessarin {
 namespace {
 
-using testing::ConfigurationDocument;
+using Document = testing::ConfigurationDocument;
 using ::testing::ElementsAre;
 using testing::LoadBench;
 using testing::NodeLines;
 
 TEST(Keywords, CategoriesGoUnderTheRootByIndex) {
     LoadBench bench;
-    ConfigurationDocument document;
-    document.keywords = R"(<Keywords Name="Keywords">
+    ASSERT_TRUE(bench.Load(Document().With(&Document::keywords, R"(<Keywords Name="Keywords">
         <KeywordsCategory CategoryIndex="1" Name="People" Mandatory="false"/>
         <KeywordsCategory CategoryIndex="2" Name="Places"/>
         <KeywordsCategory CategoryIndex="3" Name="Firms" Mandatory="False"/>
@@ -24,50 +23,40 @@ TEST(Keywords, CategoriesGoUnderTheRootByIndex) {
         <KeywordsCategory CategoryIndex="x5" Name="Not numeric"/>
         <KeywordsCategory Name="No index"/>
         <KeywordsCategory CategoryIndex="2" Name="Same key"/>
-        </Keywords>)";
-    ASSERT_TRUE(bench.Load(document));
+        </Keywords>)")));
     const TreeModel& tree = bench.Tree("treeKeywords");
     EXPECT_THAT(NodeLines(tree),
                 ElementsAre("K|Keywords|", "K1|People|1", "K2|Places [*]|2", "K3|Firms [*]|3"));
     EXPECT_TRUE(tree.Find("K")->expanded);
     EXPECT_TRUE(tree.Find("K2")->expanded);
     EXPECT_TRUE(bench.configuration.keywordsOn);
-}
 
-TEST(Keywords, WithoutAVisibleCategoryTheKeywordsAreOff) {
-    LoadBench bench;
-    ConfigurationDocument document;
-    document.keywords = R"(<Keywords Name="Keywords">
-        <KeywordsCategory CategoryIndex="1" Name="People" Visible="false"/></Keywords>)";
-    ASSERT_TRUE(bench.Load(document));
+    // Without a visible category the keywords are off; without the section, so is the tree.
+    ASSERT_TRUE(bench.Load(Document().With(&Document::keywords, R"(<Keywords Name="Keywords">
+        <KeywordsCategory CategoryIndex="1" Name="People" Visible="false"/></Keywords>)")));
     EXPECT_THAT(NodeLines(bench.Tree("treeKeywords")), ElementsAre("K|Keywords|"));
     EXPECT_FALSE(bench.configuration.keywordsOn);
-
-    document.keywords = "";
-    ASSERT_TRUE(bench.Load(document));
+    ASSERT_TRUE(bench.Load(Document()));
     EXPECT_TRUE(bench.Tree("treeKeywords").Empty());
     EXPECT_FALSE(bench.configuration.keywordsOn);
 }
 
 TEST(Taxonomy, TopicsAreKeyedByTheirPlaceUnderTheirParent) {
     LoadBench bench;
-    ConfigurationDocument document;
-    document.taxonomy =
-        "<Taxonomy Name=\"Subjects\">"
-        "<Topic FormalName=\"01\">  Arts \r\n"
-        "  <Topic FormalName=\"0101\"> Music </Topic>\n"
-        "  <Topic FormalName=\"0102\">Cinema<Topic FormalName=\"010201\">"
-        "Festivals</Topic></Topic>\n"
-        "</Topic>"
-        "<Topic FormalName=\"02\">Sport</Topic>"
-        "<Other>not a topic</Other>"
-        "</Taxonomy>";
-    ASSERT_TRUE(bench.Load(document));
+    ASSERT_TRUE(bench.Load(Document().With(&Document::taxonomy,
+                                           "<Taxonomy Name=\"Subjects\">"
+                                           "<Topic FormalName=\"01\">  Arts \r\n"
+                                           "  <Topic FormalName=\"0101\"> Music </Topic>\n"
+                                           "  <Topic FormalName=\"0102\">Cinema<Topic "
+                                           "FormalName=\"010201\">Festivals</Topic></Topic>\n"
+                                           "</Topic><Topic FormalName=\"02\">Sport</Topic>"
+                                           "<Other>not a topic</Other></Taxonomy>")));
     const TreeModel& tree = bench.Tree("treeTaxonomy");
     EXPECT_THAT(NodeLines(tree), ElementsAre("T0|Subjects|", "T0/1|Arts|01", "T0/1/1|Music|0101",
                                              "T0/1/2|CinemaFestivals|0102",
                                              "T0/1/2/1|Festivals|010201", "T0/2|Sport|02"));
     EXPECT_TRUE(tree.Find("T0")->expanded);
+    // A topic with topics under it has no check box.
     EXPECT_EQ(tree.Find("T0/1")->picture, 7);
     EXPECT_FALSE(tree.Find("T0/1")->hasCheckbox);
     EXPECT_EQ(tree.Find("T0/1/1")->picture, 6);
@@ -78,32 +67,26 @@ TEST(Taxonomy, TopicsAreKeyedByTheirPlaceUnderTheirParent) {
 }
 
 TEST(Taxonomy, VisibilityAndMandatoryGoToTheTreesTag) {
-    struct Case {
-        std::string section;
-        std::string tag;
-        bool on;
-        std::string rootText;  // empty: no root
-    };
-    const std::vector<Case> cases = {
+    // Each row: the section, the tree's tag, whether the taxonomy is on, the root's text
+    // (empty: no root).
+    const std::tuple<std::string, std::string, bool, std::string> cases[] = {
         {"", "invisible", false, ""},
         {R"(<Taxonomy Name="Subjects"/>)", "", true, "Subjects"},
         {R"(<Taxonomy Name="Subjects" Mandatory="true"/>)", "mandatory", true, "Subjects [*]"},
         {R"(<Taxonomy Name="Subjects" Visible="false" Mandatory="true"/>)", "invisible/mandatory",
          false, "Subjects [*]"},
         {R"(<Taxonomy Visible="False" Mandatory="TRUE"><Topic>Lost</Topic></Taxonomy>)", "", true,
-         ""},
-    };
-    for (const Case& test : cases) {
+         ""}};
+    for (const auto& [section, tag, on, rootText] : cases) {
+        SCOPED_TRACE(section);
         LoadBench bench;
-        ConfigurationDocument document;
-        document.taxonomy = test.section;
-        ASSERT_TRUE(bench.Load(document));
-        EXPECT_EQ(bench.Control("treeTaxonomy").tag, test.tag) << test.section;
-        EXPECT_EQ(bench.configuration.taxonomyOn, test.on) << test.section;
+        ASSERT_TRUE(bench.Load(Document().With(&Document::taxonomy, section)));
+        EXPECT_EQ(bench.Control("treeTaxonomy").tag, tag);
+        EXPECT_EQ(bench.configuration.taxonomyOn, on);
         const TreeNode* root = bench.Tree("treeTaxonomy").Find("T0");
-        EXPECT_EQ(root ? root->text : "", test.rootText) << test.section;
-        if (test.rootText.empty()) {
-            EXPECT_TRUE(bench.Tree("treeTaxonomy").Empty()) << test.section;
+        EXPECT_EQ(root ? root->text : "", rootText);
+        if (rootText.empty()) {
+            EXPECT_TRUE(bench.Tree("treeTaxonomy").Empty());
         }
     }
 }

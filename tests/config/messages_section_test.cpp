@@ -4,51 +4,41 @@
 
 #include <string_view>
 
+#include "config/section_reading.h"
+
 namespace tessarin {
 namespace {
 
-XmlDocument Parse(std::string_view xml) {
-    XmlDocument document;
-    EXPECT_TRUE(document.LoadBytes(xml)) << xml;
-    return document;
-}
-
-TEST(MessagesSection, DefaultTableInReadingOrder) {
-    const std::span<const MessageDefault> defaults = MessageDefaults();
-    ASSERT_EQ(defaults.size(), 103u);
-    EXPECT_EQ(defaults.front().key, "NewStory");
-    EXPECT_EQ(defaults.front().text, "New story");
-    EXPECT_EQ(defaults.back().key, "StatusNotUsable");
-    EXPECT_EQ(defaults.back().text, "Story status: ###\\nConfirm sending");
-}
-
-TEST(MessagesSection, EmptySectionGivesEveryDefault) {
-    const XmlDocument document = Parse("<Messages/>");
+MessageTexts Read(std::string_view xml) {
+    const XmlDocument document = testing::ParseSection(xml);
     MessageTexts messages;
     ReadMessages(document.DocumentElement(), messages, {});
+    return messages;
+}
+
+TEST(MessagesSection, EveryKeyHasItsDefault) {
+    EXPECT_EQ(MessageDefaults().size(), 103u);
+    const MessageTexts messages = Read("<Messages/>");
     for (const MessageDefault& message : MessageDefaults()) {
         EXPECT_EQ(messages.Raw(message.key), message.text) << message.key;
     }
+    EXPECT_EQ(messages.Message("NewStory"), "New story");
     EXPECT_EQ(messages.Message("AskSave"), "Save current story");
     EXPECT_EQ(messages.Message("NotMultipleInstance"), "Program already running");
     EXPECT_EQ(messages.Message("NoSuchKey"), "");
 }
 
 TEST(MessagesSection, TextsOverrideAndEmptyTextTakesTheDefault) {
-    const XmlDocument document = Parse(R"(<Messages>
+    const MessageTexts messages = Read(R"(<Messages>
       <AskSave>Enregistrer le sujet</AskSave><NewStory></NewStory><SavedStory> </SavedStory>
     </Messages>)");
-    MessageTexts messages;
-    ReadMessages(document.DocumentElement(), messages, {});
     EXPECT_EQ(messages.Message("AskSave"), "Enregistrer le sujet");
     EXPECT_EQ(messages.Message("NewStory"), "New story");
     EXPECT_EQ(messages.Message("SavedStory"), " ");
 }
 
 TEST(MessagesSection, MissingSectionSetsNoDefaultsAndSkipsTheInstanceRule) {
-    const XmlDocument first = Parse("<Messages><AskSave>x</AskSave></Messages>");
-    MessageTexts messages;
-    ReadMessages(first.DocumentElement(), messages, {});
+    MessageTexts messages = Read("<Messages><AskSave>x</AskSave></Messages>");
     int ruleRuns = 0;
     ReadMessages(XmlNode(), messages, [&] { ++ruleRuns; });
     EXPECT_EQ(ruleRuns, 0);
@@ -57,8 +47,8 @@ TEST(MessagesSection, MissingSectionSetsNoDefaultsAndSkipsTheInstanceRule) {
 }
 
 TEST(MessagesSection, InstanceRuleRunsOnceRightAfterItsMessage) {
-    const XmlDocument document =
-        Parse("<Messages><NotMultipleInstance>Déjà lancé</NotMultipleInstance></Messages>");
+    const XmlDocument document = testing::ParseSection(
+        "<Messages><NotMultipleInstance>Déjà lancé</NotMultipleInstance></Messages>");
     MessageTexts messages;
     std::vector<std::string> seen;
     ReadMessages(document.DocumentElement(), messages, [&] {
@@ -66,31 +56,28 @@ TEST(MessagesSection, InstanceRuleRunsOnceRightAfterItsMessage) {
         seen.push_back(messages.Message("ReplaceDone"));  // read just before
         seen.push_back(messages.Message("InvalidXSLT"));  // read just after
     });
-    const std::vector<std::string> expected = {"Déjà lancé", "Replacements done", ""};
-    EXPECT_EQ(seen, expected);
+    EXPECT_EQ(seen, (std::vector<std::string>{"Déjà lancé", "Replacements done", ""}));
     EXPECT_EQ(messages.Message("InvalidXSLT"), "Invalid XSL transformation");
 }
 
 TEST(MessagesSection, LineBreakMarkAndPlaceholder) {
-    const XmlDocument document = Parse(R"(<Messages/>)");
-    MessageTexts messages;
-    ReadMessages(document.DocumentElement(), messages, {});
-    EXPECT_EQ(messages.Raw("StatusNotUsable"), "Story status: ###\\nConfirm sending");
-    EXPECT_EQ(messages.Message("StatusNotUsable"), "Story status: ###\nConfirm sending");
-    EXPECT_EQ(ReplacePlaceholder(messages.Message("StatusNotUsable"), "Draft"),
-              "Story status: Draft\nConfirm sending");
+    const MessageTexts defaults = Read("<Messages/>");
+    EXPECT_EQ(defaults.Raw("StatusNotUsable"), "Story status: ###\\nConfirm sending");
+    EXPECT_EQ(defaults.Message("StatusNotUsable"), "Story status: ###\nConfirm sending");
+    EXPECT_EQ(Read(R"(<Messages><StatusNotUsable>a\nb\nc\</StatusNotUsable></Messages>)")
+                  .Message("StatusNotUsable"),
+              "a\nb\nc\\");
 
-    const XmlDocument configured =
-        Parse(R"(<Messages><StatusNotUsable>a\nb\nc\</StatusNotUsable></Messages>)");
-    ReadMessages(configured.DocumentElement(), messages, {});
-    EXPECT_EQ(messages.Message("StatusNotUsable"), "a\nb\nc\\");
-}
-
-TEST(MessagesSection, PlaceholderReplacesEveryOccurrence) {
-    EXPECT_EQ(ReplacePlaceholder("### of ###", "3"), "3 of 3");
-    EXPECT_EQ(ReplacePlaceholder("####", "x"), "x#");
-    EXPECT_EQ(ReplacePlaceholder("none", "x"), "none");
-    EXPECT_EQ(ReplacePlaceholder("missing ### chars", ""), "missing  chars");
+    const std::string_view cases[][3] = {
+        {"Story status: ###\nConfirm sending", "Draft", "Story status: Draft\nConfirm sending"},
+        {"### of ###", "3", "3 of 3"},
+        {"####", "x", "x#"},
+        {"none", "x", "none"},
+        {"missing ### chars", "", "missing  chars"}};
+    for (const auto& [text, value, expected] : cases) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(ReplacePlaceholder(text, value), expected);
+    }
 }
 
 }  // namespace

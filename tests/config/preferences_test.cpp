@@ -5,11 +5,14 @@
 #include <string>
 
 #include "config/profile_values.h"
+#include "config/section_reading.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
+using testing::Bits;
+using testing::Joined;
 using testing::ReadBytes;
 using testing::TempDir;
 
@@ -17,133 +20,118 @@ Preferences ReadFrom(const TempDir& dir, std::string_view bytes) {
     return ReadPreferences(ProfileFile(dir.Write("Tessarin.ini", bytes)));
 }
 
+// The keys that the preferences window writes, with their values by default.
+constexpr std::string_view kDialogDefaults =
+    "[Preferences]\r\nUseXSLT=1\r\nXSLT=\r\nCheckSpellingType=0\r\n"
+    "CheckSpellingAlwaysSuggest=1\r\nCheckSpellingIgnoreUppercase=0\r\nIPTCCaption=1\r\n"
+    "IPTCCredit=1\r\nIPTCByline=0\r\nIPTCKeywords=1\r\nIPTCCollapseKeywords=1\r\n"
+    "ImagesTooltips=1\r\nStartAutoExport=1\r\nSendHelpBalloons=1\r\nRTFWithImages=1\r\n"
+    "ToolBarVisible=1\r\nButtonsVisible=0\r\nClassicButtons=0\r\nTabDisplayVisible=1\r\n"
+    "StatusBarVisible=1\r\nStatusDate=1\r\nStatusTime=1\r\nTooMuchNotEnough=1\r\n"
+    "StatusSelected=1\r\nBackupStories=0\r\nBackupAuto=0\r\nBackupAutoTime=1\r\n"
+    "ClassificationColorGeneral=-2147483630\r\nClassificationColorLocal=-2147483635\r\n"
+    "HighlightInformations=1\r\nSimpleClickMargin=0\r\nClassificationTooltips=1\r\n"
+    "TaxonomyTooltips=1\r\nBookmarksInitials=1\r\nBookmarksDate=DD/MM/YYYY\r\n"
+    "BookmarksTime=HH:MM:SS\r\nBookmarksColor=65535\r\nFrenchQuotationMarks=0\r\n"
+    "NonBreakingSpaces=1\r\nRemoveDuplicateSpaces=1\r\nUseAltGrForCaps=1\r\nSelectInter=1\r\n"
+    "BackgroundColor=-2147483643\r\nBackgroundColorTeleprompter=0\r\n"
+    "BackgroundColorLogs=65280\r\nBackgroundColorMargin=-2147483633\r\nInterColor1=16711680\r\n"
+    "InterColor2=255\r\nInterColor3=65280\r\nTabInText=0\r\nMonthColumns=1\r\nMonthRows=1\r\n"
+    "ShowToday=0\r\nShowWeekNumbers=0\r\nDailyInterval=1\r\nNewsTopMost=1\r\nNewsBookmark=1\r\n"
+    "NewsAutoTypography=1\r\nTextMLTracking=0\r\nTextMLExport=0\r\n[FileMRU]\r\nUseMRU=1\r\n";
+
 TEST(ReadPreferences, EmptyOrMissingFileGivesTheDefaults) {
     TempDir dir;
     const Preferences empty = ReadFrom(dir, "");
     EXPECT_EQ(ReadPreferences(ProfileFile(dir / "none.ini")), empty);
+    // Empty values and keys of other sections keep the defaults too.
+    EXPECT_EQ(ReadFrom(dir,
+                       "[Preferences]\r\nBookmarksDate=\r\nFontName0=\r\nBackupAutoTime=\r\n"
+                       "[Other]\r\nLockMetadata=1\r\n"),
+              empty);
 
-    // Flags
-    EXPECT_FALSE(empty.LockMetadata);
-    EXPECT_TRUE(empty.MultipleClipboardVisible);
-    EXPECT_TRUE(empty.UseXSLT);
-    EXPECT_FALSE(empty.IPTCByline);
-    EXPECT_FALSE(empty.BackupStories);
-    EXPECT_TRUE(empty.NewsTopMost);
-    EXPECT_TRUE(empty.TipOfTheDay.ShowTipsAtStartup);
-    EXPECT_TRUE(empty.FileMRU.UseMRU);
-    EXPECT_FALSE(empty.FontBold[0]);
-    EXPECT_FALSE(empty.FontItalic[8]);
-    // Integers
-    EXPECT_EQ(empty.CheckSpellingType, 0);
-    EXPECT_EQ(empty.BackupAutoTime, 1);
-    EXPECT_EQ(empty.MonthColumns, 1);
-    EXPECT_EQ(empty.DailyInterval, 1);
-    EXPECT_EQ(empty.TipOfTheDay.LastTipOfTheDay, 0);
-    EXPECT_EQ(empty.FontSize[0], 12);
-    EXPECT_EQ(empty.FontSize[6], 12);
-    EXPECT_EQ(empty.FontSize[8], 30);
-    // Colours
-    EXPECT_EQ(empty.ClassificationColorGeneral, 0x80000012u);
-    EXPECT_EQ(empty.ClassificationColorLocal, 0x8000000Du);
-    EXPECT_EQ(empty.BackgroundColor, 0x80000005u);
-    EXPECT_EQ(empty.ColorInformations, 0x0000FFFFu);
-    EXPECT_EQ(empty.BackgroundColorTeleprompter, 0x00000000u);
-    EXPECT_EQ(empty.BackgroundColorLogs, 0x0000FF00u);
-    EXPECT_EQ(empty.BookmarksColor, 0x0000FFFFu);
-    EXPECT_EQ(empty.InterColor1, 0x00FF0000u);
-    EXPECT_EQ(empty.InterColor2, 0x000000FFu);
-    EXPECT_EQ(empty.InterColor3, 0x0000FF00u);
-    // Texts
-    EXPECT_EQ(empty.XSLT, "");
-    EXPECT_EQ(empty.BookmarksDate, "DD/MM/YYYY");
-    EXPECT_EQ(empty.BookmarksTime, "HH:MM:SS");
-    EXPECT_EQ(empty.FontName[4], "Times New Roman");
-    EXPECT_EQ(empty.FileMRU.File[0], "");
-    // Values the file alone decides
-    EXPECT_EQ(empty.MainWindow.WindowState, 0);
-    EXPECT_EQ(empty.MainWindow.Left, std::nullopt);
-    EXPECT_EQ(empty.MainWindow.SizeBarVImage, std::nullopt);
-    EXPECT_EQ(empty.Configuration.DirStories, std::nullopt);
-    EXPECT_EQ(empty.Identification.Author, std::nullopt);
+    ProfileFile written(dir / "written.ini");
+    ASSERT_TRUE(WritePreferencesDialog(written, empty));
+    EXPECT_EQ(ReadBytes(written.Path()), kDialogDefaults);
+    // The defaults that the preferences window does not write.
+    EXPECT_EQ(Bits({empty.LockMetadata, empty.KeepMetadata, empty.MultipleClipboardVisible,
+                    empty.TipOfTheDay.ShowTipsAtStartup, empty.FontBold[0], empty.FontItalic[8]}),
+              "001100");
+    EXPECT_EQ(Joined({std::to_string(empty.ColorInformations), empty.FontName[4],
+                      std::to_string(empty.FontSize[0]), std::to_string(empty.FontSize[6]),
+                      std::to_string(empty.FontSize[8]),
+                      std::to_string(empty.TipOfTheDay.LastTipOfTheDay),
+                      std::to_string(empty.MainWindow.WindowState), Joined(empty.FileMRU.File)}),
+              "65535|Times New Roman|12|12|30|0|0||||");
+    // Values that the file alone decides.
+    EXPECT_FALSE(empty.MainWindow.Left || empty.MainWindow.SizeBarVImage ||
+                 empty.Configuration.DirStories || empty.Identification.Author);
 }
 
 TEST(ReadPreferences, FlagsChangeOnlyOnTheExactOppositeText) {
     TempDir dir;
-    const Preferences zero = ReadFrom(dir,
+    const Preferences read = ReadFrom(dir,
                                       "[Preferences]\r\nUseXSLT=0\r\nLockMetadata=1\r\n"
                                       "IPTCCaption=false\r\nIPTCByline=true\r\n"
                                       "NewsTopMost=00\r\nTabInText=01\r\nFontBold2=1\r\n"
                                       "[TipOfTheDay]\r\nShowTipsAtStartup=0\r\n"
                                       "[FileMRU]\r\nUseMRU=no\r\n");
-    EXPECT_FALSE(zero.UseXSLT);
-    EXPECT_TRUE(zero.LockMetadata);
-    EXPECT_TRUE(zero.IPTCCaption);
-    EXPECT_FALSE(zero.IPTCByline);
-    EXPECT_TRUE(zero.NewsTopMost);
-    EXPECT_FALSE(zero.TabInText);
-    EXPECT_TRUE(zero.FontBold[2]);
-    EXPECT_FALSE(zero.FontBold[3]);
-    EXPECT_FALSE(zero.TipOfTheDay.ShowTipsAtStartup);
-    EXPECT_TRUE(zero.FileMRU.UseMRU);
+    EXPECT_EQ(Bits({read.UseXSLT, read.LockMetadata, read.IPTCCaption, read.IPTCByline,
+                    read.NewsTopMost, read.TabInText, read.FontBold[2], read.FontBold[3],
+                    read.TipOfTheDay.ShowTipsAtStartup, read.FileMRU.UseMRU}),
+              "0110101001");
 }
 
-TEST(ReadPreferences, IntegersFollowTheirOwnRules) {
+TEST(ReadPreferences, IntegersAndColoursFollowTheirOwnRules) {
     TempDir dir;
-    const auto read = [&](std::string_view lines) {
-        return ReadFrom(dir, "[Preferences]\r\n" + std::string(lines));
+    const auto read = [&](std::string_view line) {
+        return ReadFrom(dir, "[Preferences]\r\n" + std::string(line));
     };
-    EXPECT_EQ(read("CheckSpellingType=3").CheckSpellingType, 0);
-    EXPECT_EQ(read("CheckSpellingType=-1").CheckSpellingType, 0);
-    EXPECT_EQ(read("CheckSpellingType=2").CheckSpellingType, 2);
-    EXPECT_EQ(read("CheckSpellingType=1.9").CheckSpellingType, 1);
-
-    EXPECT_EQ(read("DailyInterval=5").DailyInterval, 1);
-    EXPECT_EQ(read("DailyInterval=7").DailyInterval, 7);
-    EXPECT_EQ(read("DailyInterval=7days").DailyInterval, 1);
-
-    EXPECT_EQ(read("BackupAutoTime=x").BackupAutoTime, 1);
-    EXPECT_EQ(read("BackupAutoTime=15min").BackupAutoTime, 15);
-    EXPECT_EQ(read("BackupAutoTime=0").BackupAutoTime, 0);
-
-    EXPECT_EQ(read("MonthColumns=abc").MonthColumns, 0);
-    EXPECT_EQ(read("MonthRows=3").MonthRows, 3);
-
+    using P = Preferences;
+    // Each row: a line of section Preferences, the field it sets and the value read.
+    const std::tuple<std::string_view, std::int32_t P::*, std::int32_t> integers[] = {
+        {"CheckSpellingType=3", &P::CheckSpellingType, 0},
+        {"CheckSpellingType=-1", &P::CheckSpellingType, 0},
+        {"CheckSpellingType=2", &P::CheckSpellingType, 2},
+        {"CheckSpellingType=1.9", &P::CheckSpellingType, 1},
+        {"DailyInterval=5", &P::DailyInterval, 1},
+        {"DailyInterval=7", &P::DailyInterval, 7},
+        {"DailyInterval=7days", &P::DailyInterval, 1},
+        {"BackupAutoTime=x", &P::BackupAutoTime, 1},
+        {"BackupAutoTime=15min", &P::BackupAutoTime, 15},
+        {"BackupAutoTime=0", &P::BackupAutoTime, 0},
+        {"MonthColumns=abc", &P::MonthColumns, 0},
+        {"MonthRows=3", &P::MonthRows, 3}};
+    for (const auto& [line, field, expected] : integers) {
+        SCOPED_TRACE(line);
+        EXPECT_EQ(read(line).*field, expected);
+    }
+    // Colours are read in the signed and the unsigned form; beyond 32 bits the default stays.
+    const std::tuple<std::string_view, OleColour P::*, OleColour> colours[] = {
+        {"ClassificationColorGeneral=-2147483635", &P::ClassificationColorGeneral, 0x8000000Du},
+        {"ClassificationColorLocal=2147483666", &P::ClassificationColorLocal, 0x80000012u},
+        {"BookmarksColor=65280", &P::BookmarksColor, Rgb(0, 255, 0)},
+        {"InterColor1=abc", &P::InterColor1, 0u},
+        {"InterColor2=99999999999", &P::InterColor2, Rgb(255, 0, 0)}};
+    for (const auto& [line, field, expected] : colours) {
+        SCOPED_TRACE(line);
+        EXPECT_EQ(read(line).*field, expected);
+    }
+    // A font size is taken only when the whole value is a number.
     const Preferences fonts = read("FontSize3=abc\r\nFontSize4= 14 \r\nFontSize8=14pt\r\n");
-    EXPECT_EQ(fonts.FontSize[3], 12);
-    EXPECT_EQ(fonts.FontSize[4], 14);
-    EXPECT_EQ(fonts.FontSize[8], 30);
+    EXPECT_EQ(Joined({std::to_string(fonts.FontSize[3]), std::to_string(fonts.FontSize[4]),
+                      std::to_string(fonts.FontSize[8])}),
+              "12|14|30");
 }
 
-TEST(ReadPreferences, ColoursReadTheSignedAndTheUnsignedForm) {
+TEST(ReadPreferences, WindowAndIdentityValuesArePresentOnlyWhenStored) {
     TempDir dir;
-    const Preferences colours = ReadFrom(dir,
-                                         "[Preferences]\r\n"
-                                         "ClassificationColorGeneral=-2147483635\r\n"
-                                         "ClassificationColorLocal=2147483666\r\n"
-                                         "BookmarksColor=65280\r\n"
-                                         "InterColor1=abc\r\n"
-                                         "InterColor2=99999999999\r\n");
-    EXPECT_EQ(colours.ClassificationColorGeneral, 0x8000000Du);
-    EXPECT_EQ(colours.ClassificationColorLocal, 0x80000012u);
-    EXPECT_EQ(colours.BookmarksColor, Rgb(0, 255, 0));
-    EXPECT_EQ(colours.InterColor1, 0u);
-    EXPECT_EQ(colours.InterColor2, Rgb(255, 0, 0));  // beyond 32 bits: the default stays
-}
-
-TEST(ReadPreferences, EmptyValuesAndOtherSectionsKeepTheDefaults) {
-    TempDir dir;
-    const Preferences preferences = ReadFrom(dir,
-                                             "[Preferences]\r\nBookmarksDate=\r\n"
-                                             "FontName0=\r\nBackupAutoTime=\r\n"
-                                             "[Other]\r\nLockMetadata=1\r\n");
-    EXPECT_EQ(preferences, Preferences{});
-}
-
-TEST(ReadPreferences, MainWindowValuesArePresentOnlyWhenStored) {
-    TempDir dir;
-    const Preferences preferences =
-        ReadFrom(dir, "[MainWindow]\r\nWindowState=2\r\nLeft=-4\r\nWidth=800\r\nSizeBarV=abc\r\n");
-    const MainWindowSection& window = preferences.MainWindow;
+    const Preferences read =
+        ReadFrom(dir,
+                 "[MainWindow]\r\nWindowState=2\r\nLeft=-4\r\nWidth=800\r\nSizeBarV=abc\r\n"
+                 "[Identification]\r\nAuthor=Ren\xE9 Martin\r\nInitials=\r\n"
+                 "SMTPRecipient=desk@example.org\r\n");
+    const MainWindowSection& window = read.MainWindow;
     EXPECT_EQ(window.WindowState, kWindowMaximised);
     EXPECT_EQ(window.Left, -4);
     EXPECT_EQ(window.Top, std::nullopt);
@@ -154,17 +142,12 @@ TEST(ReadPreferences, MainWindowValuesArePresentOnlyWhenStored) {
     MainWindowSection minimised;
     minimised.WindowState = kWindowMinimised;
     EXPECT_FALSE(AppliesStoredRectangle(minimised));
-}
 
-TEST(ReadPreferences, IdentificationTellsAbsentFromPresent) {
-    TempDir dir;
-    const Preferences preferences = ReadFrom(dir,
-                                             "[Identification]\r\nAuthor=Ren\xE9 Martin\r\n"
-                                             "Initials=\r\nSMTPRecipient=desk@example.org\r\n");
-    EXPECT_EQ(preferences.Identification.Author, "René Martin");
-    EXPECT_EQ(preferences.Identification.Email, std::nullopt);
-    EXPECT_EQ(preferences.Identification.Initials, std::nullopt);
-    EXPECT_EQ(preferences.Identification.SMTPRecipient, "desk@example.org");
+    // An empty key counts as absent.
+    EXPECT_EQ(read.Identification.Author, "René Martin");
+    EXPECT_EQ(read.Identification.Email, std::nullopt);
+    EXPECT_EQ(read.Identification.Initials, std::nullopt);
+    EXPECT_EQ(read.Identification.SMTPRecipient, "desk@example.org");
 }
 
 TEST(ReadPreferences, RemovedDirectoryIsIgnoredButStaysInTheFile) {
@@ -185,20 +168,12 @@ TEST(ReadPreferences, RemovedDirectoryIsIgnoredButStaysInTheFile) {
 
 TEST(WritePreferences, MainWindowAtExitInItsOrder) {
     TempDir dir;
-    ProfileFile profile(dir / "Tessarin.ini");
-    MainWindowSection window{.WindowState = 0,
-                             .Left = -4,
-                             .Top = 0,
-                             .Width = 1024,
-                             .Height = 768,
-                             .SizeBarV = 300,
-                             .SizeBarVText = 120,
-                             .SizeBarVImage = 95};
-    ASSERT_TRUE(WriteMainWindow(profile, window));
-    EXPECT_EQ(ReadBytes(profile.Path()),
-              "[MainWindow]\r\nWindowState=0\r\nLeft=-4\r\nTop=0\r\nWidth=1024\r\n"
-              "Height=768\r\nSizeBarV=300\r\nSizeBarVText=120\r\nSizeBarVImage=95\r\n");
-    EXPECT_EQ(ReadPreferences(profile).MainWindow, window);
+    const std::string bytes =
+        "[MainWindow]\r\nWindowState=0\r\nLeft=-4\r\nTop=0\r\nWidth=1024\r\n"
+        "Height=768\r\nSizeBarV=300\r\nSizeBarVText=120\r\nSizeBarVImage=95\r\n";
+    ProfileFile profile(dir / "written.ini");
+    ASSERT_TRUE(WriteMainWindow(profile, ReadFrom(dir, bytes).MainWindow));
+    EXPECT_EQ(ReadBytes(profile.Path()), bytes);
 }
 
 TEST(WritePreferences, SingleKeysGoInPlace) {
@@ -214,91 +189,20 @@ TEST(WritePreferences, SingleKeysGoInPlace) {
     EXPECT_EQ(ReadBytes(profile.Path()),
               "[Preferences]\r\nLockMetadata=1\r\nUseXSLT=1\r\nKeepMetadata=1\r\n"
               "MultipleClipboardVisible=0\r\nColorInformations=-2147483633\r\n[FileMRU]\r\n"
-              "[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=7\r\n"
-              "[Configuration]\r\nDirStories=/srv/stories\r\n");
-}
+              "[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=7\r\n[Configuration]\r\n"
+              "DirStories=/srv/stories\r\n");
 
-TEST(WritePreferences, FontButtonWritesOneEntry) {
-    TempDir dir;
-    ProfileFile profile(dir / "Tessarin.ini");
+    // The font button writes one entry.
     Preferences preferences;
     preferences.FontName[8] = "Arial";
     preferences.FontSize[8] = 48;
     preferences.FontItalic[8] = true;
-    ASSERT_TRUE(WriteFont(profile, preferences, kTeleprompterFont));
-    EXPECT_FALSE(WriteFont(profile, preferences, kFontEntries));
-    EXPECT_EQ(ReadBytes(profile.Path()),
+    ProfileFile fonts(dir / "fonts.ini");
+    ASSERT_TRUE(WriteFont(fonts, preferences, kTeleprompterFont));
+    EXPECT_FALSE(WriteFont(fonts, preferences, kFontEntries));
+    EXPECT_EQ(ReadBytes(fonts.Path()),
               "[Preferences]\r\nFontName8=Arial\r\nFontSize8=48\r\nFontBold8=0\r\n"
               "FontItalic8=1\r\n");
-}
-
-TEST(WritePreferences, PreferencesDialogWritesItsKeysInReadingOrder) {
-    TempDir dir;
-    ProfileFile profile(dir / "Tessarin.ini");
-    ASSERT_TRUE(WritePreferencesDialog(profile, Preferences{}));
-    EXPECT_EQ(ReadBytes(profile.Path()),
-              "[Preferences]\r\n"
-              "UseXSLT=1\r\n"
-              "XSLT=\r\n"
-              "CheckSpellingType=0\r\n"
-              "CheckSpellingAlwaysSuggest=1\r\n"
-              "CheckSpellingIgnoreUppercase=0\r\n"
-              "IPTCCaption=1\r\n"
-              "IPTCCredit=1\r\n"
-              "IPTCByline=0\r\n"
-              "IPTCKeywords=1\r\n"
-              "IPTCCollapseKeywords=1\r\n"
-              "ImagesTooltips=1\r\n"
-              "StartAutoExport=1\r\n"
-              "SendHelpBalloons=1\r\n"
-              "RTFWithImages=1\r\n"
-              "ToolBarVisible=1\r\n"
-              "ButtonsVisible=0\r\n"
-              "ClassicButtons=0\r\n"
-              "TabDisplayVisible=1\r\n"
-              "StatusBarVisible=1\r\n"
-              "StatusDate=1\r\n"
-              "StatusTime=1\r\n"
-              "TooMuchNotEnough=1\r\n"
-              "StatusSelected=1\r\n"
-              "BackupStories=0\r\n"
-              "BackupAuto=0\r\n"
-              "BackupAutoTime=1\r\n"
-              "ClassificationColorGeneral=-2147483630\r\n"
-              "ClassificationColorLocal=-2147483635\r\n"
-              "HighlightInformations=1\r\n"
-              "SimpleClickMargin=0\r\n"
-              "ClassificationTooltips=1\r\n"
-              "TaxonomyTooltips=1\r\n"
-              "BookmarksInitials=1\r\n"
-              "BookmarksDate=DD/MM/YYYY\r\n"
-              "BookmarksTime=HH:MM:SS\r\n"
-              "BookmarksColor=65535\r\n"
-              "FrenchQuotationMarks=0\r\n"
-              "NonBreakingSpaces=1\r\n"
-              "RemoveDuplicateSpaces=1\r\n"
-              "UseAltGrForCaps=1\r\n"
-              "SelectInter=1\r\n"
-              "BackgroundColor=-2147483643\r\n"
-              "BackgroundColorTeleprompter=0\r\n"
-              "BackgroundColorLogs=65280\r\n"
-              "BackgroundColorMargin=-2147483633\r\n"
-              "InterColor1=16711680\r\n"
-              "InterColor2=255\r\n"
-              "InterColor3=65280\r\n"
-              "TabInText=0\r\n"
-              "MonthColumns=1\r\n"
-              "MonthRows=1\r\n"
-              "ShowToday=0\r\n"
-              "ShowWeekNumbers=0\r\n"
-              "DailyInterval=1\r\n"
-              "NewsTopMost=1\r\n"
-              "NewsBookmark=1\r\n"
-              "NewsAutoTypography=1\r\n"
-              "TextMLTracking=0\r\n"
-              "TextMLExport=0\r\n"
-              "[FileMRU]\r\n"
-              "UseMRU=1\r\n");
 }
 
 TEST(WritePreferences, WhatIsWrittenReadsBackTheSame) {
@@ -312,22 +216,16 @@ TEST(WritePreferences, WhatIsWrittenReadsBackTheSame) {
     written.Configuration.DirStories = dir / "stories";
     written.TipOfTheDay = {.ShowTipsAtStartup = false, .LastTipOfTheDay = 12};
     written.FileMRU.UseMRU = false;
-    written.LockMetadata = true;
-    written.KeepMetadata = true;
-    written.MultipleClipboardVisible = false;
-    written.UseXSLT = false;
+    written.LockMetadata = written.KeepMetadata = written.IPTCByline = true;
+    written.MultipleClipboardVisible = written.UseXSLT = false;
     written.XSLT = "/srv/xsl/Desk é.xsl";
     written.CheckSpellingType = 2;
-    written.IPTCByline = true;
-    written.StatusTime = false;
     written.BackupAutoTime = 10;
+    written.DailyInterval = 7;
     written.ClassificationColorGeneral = kSelectionBackground;
     written.ColorInformations = Rgb(1, 2, 3);
-    written.BookmarksDate = "YYYY-MM-DD";
     written.BackgroundColorMargin = 0xFFFFFFFFu;
-    written.DailyInterval = 7;
-    written.MonthRows = 3;
-    written.TextMLExport = true;
+    written.BookmarksDate = "YYYY-MM-DD";
     written.FontName[1] = "Courier New";
     written.FontSize[1] = 9;
     written.FontBold[1] = true;
@@ -376,16 +274,14 @@ TEST(StyleSheetPath, NamedSheetOrTheDefaultOneWhenItExists) {
 }
 
 TEST(Colours, ClassicPaletteAndComponents) {
-    EXPECT_EQ(ClassicColour(0), Rgb(0, 0, 0));
-    EXPECT_EQ(ClassicColour(1), Rgb(0, 0, 128));
-    EXPECT_EQ(ClassicColour(7), Rgb(192, 192, 192));
-    EXPECT_EQ(ClassicColour(10), Rgb(0, 255, 0));
-    EXPECT_EQ(ClassicColour(12), Rgb(255, 0, 0));
-    EXPECT_EQ(ClassicColour(14), Rgb(255, 255, 0));
-    EXPECT_EQ(SplitColour(Preferences{}.BookmarksColor), (ColourComponents{255, 255, 0}));
+    const std::pair<int, OleColour> palette[] = {{0, Rgb(0, 0, 0)},       {1, Rgb(0, 0, 128)},
+                                                 {7, Rgb(192, 192, 192)}, {10, Rgb(0, 255, 0)},
+                                                 {12, Rgb(255, 0, 0)},    {14, Rgb(255, 255, 0)}};
+    for (const auto& [index, colour] : palette)
+        EXPECT_EQ(ClassicColour(index), colour) << index;
     EXPECT_EQ(SplitColour(Rgb(10, 20, 30)), (ColourComponents{10, 20, 30}));
-    EXPECT_TRUE(IsSystemColour(Preferences{}.BackgroundColor));
-    EXPECT_FALSE(IsSystemColour(Preferences{}.InterColor1));
+    EXPECT_TRUE(IsSystemColour(kWindowBackground));
+    EXPECT_FALSE(IsSystemColour(Rgb(0, 0, 255)));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace tessarin {
 namespace {
 
-using testing::ConfigurationDocument;
+using Document = testing::ConfigurationDocument;
 using ::testing::ElementsAre;
 using testing::LoadBench;
 using testing::NodeLines;
@@ -19,41 +19,31 @@ constexpr OleColour kLocal = Rgb(128, 0, 0);
 // Publications whose sections share names, a classification of each kind, one of an unknown
 // type, elements that only the full view shows, and a "False" that is not "false".
 const char* const kPublications = R"(<Publications>
-    <Publication Name="Herald">
-        <Classification Name="Nation" Type="General">
-            <Section Name="Politics">
-                <SubSection Name="Parliament" Code1="11" Code2="A"/>
-                <SubSection Name="Old" Code1="19" Preferred="false"/>
-            </Section>
-        </Classification>
-        <Classification Name="Riverside" Type="Local" Preferred="false">
-            <Section Name="Politics">
-                <SubSection Name="Council" Code1="21" Preferred="true"/>
-            </Section>
-        </Classification>
-        <Classification Name="Hilltop" Type="Local">
-            <Section Name="Politics" Preferred="False">
-                <SubSection Name="Mayor" Code2="7"/>
-            </Section>
-        </Classification>
-    </Publication>
-    <Publication Name="Archive" Preferred="false">
-        <Classification Name="Past" Type="General"/>
-    </Publication>
-    <Publication Name="Weekly">
-        <Classification Name="Magazine" Type="general"/>
-    </Publication>
-    <Publication Name="Empty"/>
+  <Publication Name="Herald">
+    <Classification Name="Nation" Type="General"><Section Name="Politics">
+      <SubSection Name="Parliament" Code1="11" Code2="A"/>
+      <SubSection Name="Old" Code1="19" Preferred="false"/></Section></Classification>
+    <Classification Name="Riverside" Type="Local" Preferred="false"><Section Name="Politics">
+      <SubSection Name="Council" Code1="21" Preferred="true"/></Section></Classification>
+    <Classification Name="Hilltop" Type="Local"><Section Name="Politics" Preferred="False">
+      <SubSection Name="Mayor" Code2="7"/></Section></Classification></Publication>
+  <Publication Name="Archive" Preferred="false"><Classification Name="Past" Type="General"/>
+  </Publication>
+  <Publication Name="Weekly"><Classification Name="Magazine" Type="general"/></Publication>
+  <Publication Name="Empty"/>
 </Publications>)";
 
 struct PublicationsBench : LoadBench {
     PublicationsBench() {
         preferences.ClassificationColorGeneral = kGeneral;
         preferences.ClassificationColorLocal = kLocal;
-        ConfigurationDocument document;
-        document.publications = kPublications;
-        text = document.Text();
+        text = Document().With(&Document::publications, kPublications).Text();
     }
+    bool ShowAll() { return ShowAllPublications(document, preferences, configuration, window); }
+    bool ShowPreferred() {
+        return ShowPreferredPublications(document, preferences, configuration, window);
+    }
+    bool Reload() { return ReloadPublications(document, preferences, configuration, window); }
     std::string text;
 };
 
@@ -68,13 +58,13 @@ TEST(PublicationsTree, TheLoadBuildsThePreferredView) {
     for (const TreeNode* node : tree.AllNodes())
         EXPECT_TRUE(node->expanded) << node->key;
     EXPECT_FALSE(tree.Find("P1")->hasColour);
-    EXPECT_EQ(tree.Find("C1")->colour, kGeneral);
-    EXPECT_EQ(tree.Find("T1")->colour, kGeneral);
-    EXPECT_EQ(tree.Find("C2")->colour, kLocal);
-    EXPECT_EQ(tree.Find("S2")->colour, kLocal);
     EXPECT_TRUE(tree.Find("S2")->hasColour);
-    EXPECT_EQ(tree.Find("T2")->colour, kLocal);
-    EXPECT_EQ(tree.Find("C3")->colour, kGeneral);  // only the letter "L" is local
+    // Only the type letter "L" is local.
+    const std::pair<std::string_view, OleColour> colours[] = {{"C1", kGeneral}, {"T1", kGeneral},
+                                                              {"C2", kLocal},   {"S2", kLocal},
+                                                              {"T2", kLocal},   {"C3", kGeneral}};
+    for (const auto& [key, colour] : colours)
+        EXPECT_EQ(tree.Find(key)->colour, colour) << key;
     EXPECT_TRUE(bench.configuration.publications.classifiedGeneral);
     EXPECT_FALSE(bench.configuration.publications.allPublications);
 }
@@ -82,8 +72,7 @@ TEST(PublicationsTree, TheLoadBuildsThePreferredView) {
 TEST(PublicationsTree, TheFullViewShowsEverythingAndNumbersItAnew) {
     PublicationsBench bench;
     ASSERT_TRUE(bench.Load(bench.text));
-    ASSERT_TRUE(
-        ShowAllPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    ASSERT_TRUE(bench.ShowAll());
     EXPECT_TRUE(bench.configuration.publications.allPublications);
     EXPECT_TRUE(bench.Control("mnuDisplayPublicationsFull").checked);
     EXPECT_FALSE(bench.Control("mnuDisplayPublicationsPreferred").checked);
@@ -93,24 +82,28 @@ TEST(PublicationsTree, TheFullViewShowsEverythingAndNumbersItAnew) {
                             "C3|Hilltop|CL", "S3|Politics|S", "T4|Mayor|T/7", "P2|Archive|P",
                             "C4|Past|CG", "P3|Weekly|P", "C5|Magazine|C", "P4|Empty|P"));
 
-    ASSERT_TRUE(ShowPreferredPublications(bench.document, bench.preferences, bench.configuration,
-                                          bench.window));
+    ASSERT_TRUE(bench.ShowPreferred());
     EXPECT_FALSE(bench.configuration.publications.allPublications);
     EXPECT_TRUE(bench.Control("mnuDisplayPublicationsPreferred").checked);
     EXPECT_FALSE(bench.Control("mnuDisplayPublicationsFull").checked);
     EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
     EXPECT_EQ(bench.Tree("treePublications").Find("C2")->text, "Hilltop");
+
+    // A configuration load returns to the preferred view.
+    ASSERT_TRUE(bench.ShowAll());
+    ASSERT_TRUE(bench.Load(bench.text));
+    EXPECT_FALSE(bench.configuration.publications.allPublications);
+    EXPECT_TRUE(bench.Control("mnuDisplayPublicationsPreferred").checked);
+    EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
 }
 
 TEST(PublicationsTree, TheFirstClassificationDecidesGeneralOrLocal) {
     LoadBench bench;
-    ConfigurationDocument document;
-    document.publications = R"(<Publications><Publication Name="A" Preferred="false">
-        <Classification Name="G" Type="General"/></Publication>
-        <Publication Name="B"><Classification Name="L" Type="Local"/></Publication>
-        </Publications>)";
     bench.configuration.publications.classifiedGeneral = true;
-    ASSERT_TRUE(bench.Load(document));
+    ASSERT_TRUE(bench.Load(Document().With(&Document::publications, R"(<Publications>
+        <Publication Name="A" Preferred="false"><Classification Name="G" Type="General"/>
+        </Publication><Publication Name="B"><Classification Name="L" Type="Local"/></Publication>
+        </Publications>)")));
     EXPECT_FALSE(bench.configuration.publications.classifiedGeneral);
 }
 
@@ -120,8 +113,7 @@ TEST(PublicationsTree, AReloadShowsTheParserMessage) {
     bench.folder.Write("Tessarin.xml",
                        "<Tessarin>\n  <Publications>\n    <Publication Name=\"A\">\n"
                        "  </Publications>\n</Tessarin>\n");
-    EXPECT_FALSE(
-        ShowAllPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_FALSE(bench.ShowAll());
     EXPECT_TRUE(bench.Tree("treePublications").Empty());
     EXPECT_TRUE(bench.window.Status().errorPicture);
     EXPECT_EQ(bench.window.beeps, 1);
@@ -133,34 +125,21 @@ TEST(PublicationsTree, AReloadShowsTheParserMessage) {
 
 TEST(PublicationsTree, AReloadReportsWhatIsMissing) {
     PublicationsBench bench;
-    bench.folder.Write("Tessarin.xml", "<Tessarin><Publications/></Tessarin>");
-    EXPECT_FALSE(
-        ReloadPublications(bench.document, bench.preferences, bench.configuration, bench.window));
-    EXPECT_EQ(bench.window.Status().text,
-              "Error: " + bench.document.string() + " - missing tag 'Publication'");
-    bench.folder.Write("Tessarin.xml", "<Tessarin/>");
-    EXPECT_FALSE(
-        ReloadPublications(bench.document, bench.preferences, bench.configuration, bench.window));
-    EXPECT_EQ(bench.window.Status().text,
-              "Error: " + bench.document.string() + " - missing section 'Publications'");
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"<Tessarin><Publications/></Tessarin>", " - missing tag 'Publication'"},
+        {"<Tessarin/>", " - missing section 'Publications'"}};
+    for (const auto& [text, missing] : cases) {
+        bench.folder.Write("Tessarin.xml", text);
+        EXPECT_FALSE(bench.Reload()) << text;
+        EXPECT_EQ(bench.window.Status().text,
+                  "Error: " + bench.document.string() + std::string(missing));
+    }
     EXPECT_EQ(bench.window.beeps, 2);
 
     bench.window.ShowStatusError("stale");
     bench.folder.Write("Tessarin.xml", bench.text);
-    EXPECT_TRUE(
-        ReloadPublications(bench.document, bench.preferences, bench.configuration, bench.window));
+    EXPECT_TRUE(bench.Reload());
     EXPECT_EQ(bench.window.Status().text, "");
-    EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
-}
-
-TEST(PublicationsTree, AConfigurationLoadReturnsToThePreferredView) {
-    PublicationsBench bench;
-    ASSERT_TRUE(bench.Load(bench.text));
-    ASSERT_TRUE(
-        ShowAllPublications(bench.document, bench.preferences, bench.configuration, bench.window));
-    ASSERT_TRUE(bench.Load(bench.text));
-    EXPECT_FALSE(bench.configuration.publications.allPublications);
-    EXPECT_TRUE(bench.Control("mnuDisplayPublicationsPreferred").checked);
     EXPECT_EQ(bench.Tree("treePublications").Count(), 10u);
 }
 

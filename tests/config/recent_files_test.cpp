@@ -11,46 +11,39 @@ using testing::ReadBytes;
 using testing::TempDir;
 using Entries = std::array<std::string, kRecentFileCount>;
 
-TEST(UpdateMRU, NewPathsPushTheOthersDownAndTheOldestFallsOut) {
+TEST(UpdateMRU, NewPathsGoOnTopAndKnownPathsMoveThere) {
+    // Each row: the path opened and the list after it, from four entries taken in turn.
+    const std::pair<const char*, Entries> steps[] = {
+        {"a.xml", {"a.xml", "", "", ""}},
+        {"b.xml", {"b.xml", "a.xml", "", ""}},
+        {"c.xml", {"c.xml", "b.xml", "a.xml", ""}},
+        {"d.xml", {"d.xml", "c.xml", "b.xml", "a.xml"}},
+        {"e.xml", {"e.xml", "d.xml", "c.xml", "b.xml"}},  // the oldest falls out
+        {"c.xml", {"c.xml", "e.xml", "d.xml", "b.xml"}},  // only those above it move down
+        {"c.xml", {"c.xml", "e.xml", "d.xml", "b.xml"}},
+        {"C.xml", {"C.xml", "c.xml", "e.xml", "d.xml"}},  // compared as it stands
+    };
     RecentFiles list;
-    for (const char* path : {"/s/1.xml", "/s/2.xml", "/s/3.xml", "/s/4.xml"}) {
+    for (const auto& [path, after] : steps) {
+        SCOPED_TRACE(path);
         EXPECT_TRUE(UpdateMRU(list, path));
+        EXPECT_EQ(list.File, after);
     }
-    EXPECT_EQ(list.File, (Entries{"/s/4.xml", "/s/3.xml", "/s/2.xml", "/s/1.xml"}));
-    EXPECT_TRUE(UpdateMRU(list, "/s/5.xml"));
-    EXPECT_EQ(list.File, (Entries{"/s/5.xml", "/s/4.xml", "/s/3.xml", "/s/2.xml"}));
 }
 
-TEST(UpdateMRU, KnownPathMovesToTheTopAndOnlyThoseAboveItMoveDown) {
-    RecentFiles list;
-    list.File = {"a.xml", "b.xml", "c.xml", "d.xml"};
-    EXPECT_TRUE(UpdateMRU(list, "c.xml"));
-    EXPECT_EQ(list.File, (Entries{"c.xml", "a.xml", "b.xml", "d.xml"}));
-    EXPECT_TRUE(UpdateMRU(list, "c.xml"));
-    EXPECT_EQ(list.File, (Entries{"c.xml", "a.xml", "b.xml", "d.xml"}));
-    // Paths are compared as they stand.
-    EXPECT_TRUE(UpdateMRU(list, "C.xml"));
-    EXPECT_EQ(list.File, (Entries{"C.xml", "c.xml", "a.xml", "b.xml"}));
-}
-
-TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnter) {
-    RecentFiles list;
-    list.File = {"a.xml", "", "", ""};
+TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnterAListThatIsOn) {
+    TempDir dir;
+    RecentFiles list = ReadRecentFiles(
+        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")));
+    EXPECT_FALSE(UpdateMRU(list, "b.xml"));
+    list.UseMRU = true;
     for (const char* path : {"/s/story.doc", "/s/story.bml", "/s/story.xml.bak", "/s/xml",
                              "/s/dir.xml/story", "C:\\dir.xml\\story", ""}) {
         EXPECT_FALSE(UpdateMRU(list, path)) << path;
     }
     EXPECT_EQ(list.File, (Entries{"a.xml", "", "", ""}));
     EXPECT_TRUE(UpdateMRU(list, "C:\\News\\Story.XmL"));
-    EXPECT_EQ(list.File[0], "C:\\News\\Story.XmL");
-}
-
-TEST(UpdateMRU, NothingHappensWhenTheListIsOff) {
-    TempDir dir;
-    RecentFiles list = ReadRecentFiles(
-        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")));
-    EXPECT_FALSE(UpdateMRU(list, "b.xml"));
-    EXPECT_EQ(list.File, (Entries{"a.xml", "", "", ""}));
+    EXPECT_EQ(list.File, (Entries{"C:\\News\\Story.XmL", "a.xml", "", ""}));
 }
 
 TEST(RecentFiles, WrittenBackAsFile1ToFile4AndClearedAsEmptyKeys) {
@@ -74,11 +67,10 @@ TEST(RecentFiles, WrittenBackAsFile1ToFile4AndClearedAsEmptyKeys) {
 }
 
 TEST(RecentFiles, MenuShowsFileNamesAndTheSeparatorWhileAnEntryIsLeft) {
-    EXPECT_EQ(RecentFileDisplayName("C:\\News\\Today\\story.xml"), "story.xml");
-    EXPECT_EQ(RecentFileDisplayName("/home/ana/story.xml"), "story.xml");
-    EXPECT_EQ(RecentFileDisplayName("C:\\mixed/dir\\a.xml"), "a.xml");
-    EXPECT_EQ(RecentFileDisplayName("story.xml"), "story.xml");
-
+    for (const char* path : {"C:\\News\\Today\\story.xml", "/home/ana/story.xml",
+                             "C:\\mixed/dir\\story.xml", "story.xml"}) {
+        EXPECT_EQ(RecentFileDisplayName(path), "story.xml") << path;
+    }
     RecentFiles list;
     EXPECT_FALSE(RecentFilesSeparatorVisible(list));
     list.File[3] = "d.xml";

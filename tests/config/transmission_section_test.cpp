@@ -4,159 +4,118 @@
 
 #include <string_view>
 
+#include "config/section_reading.h"
+
 namespace tessarin {
 namespace {
 
-XmlDocument Parse(std::string_view xml) {
-    XmlDocument document;
-    EXPECT_TRUE(document.LoadBytes(xml)) << xml;
-    return document;
+using testing::Bits;
+using testing::Joined;
+using testing::ParseSection;
+using testing::Shown;
+
+// Reads the FTPTransmission section of xml into settings and window.
+FtpServers ReadFtp(std::string_view xml, FtpTransmissionSettings& settings, WindowState& window) {
+    return ReadFtpTransmission(ParseSection(xml).DocumentElement(), settings, window);
 }
 
-TEST(FtpTransmissionSection, BareSectionTakesEveryDefault) {
-    const XmlDocument document = Parse("<FTPTransmission><FTPServer/></FTPTransmission>");
-    FtpTransmissionSettings settings;
-    WindowState window;
-    EXPECT_EQ(ReadFtpTransmission(document.DocumentElement(), settings, window), FtpServers::Read);
-
-    EXPECT_TRUE(settings.Visible);
-    EXPECT_FALSE(settings.AddInitialsToFilenames);
-    EXPECT_FALSE(settings.RemoteVisible);
-    EXPECT_EQ(settings.Name, "Name");
-    EXPECT_EQ(settings.Size, "Size");
-    EXPECT_EQ(settings.LastAccessed, "Last Accessed");
-    EXPECT_EQ(settings.Directory, "Folder");
-    EXPECT_TRUE(settings.LogsEnabled);
-    EXPECT_EQ(settings.NumberOfDailyLogsToKeep, 10);
-    EXPECT_TRUE(settings.ControlStoryBeforeTransmission);
-    EXPECT_EQ(settings.MaxStories, 0);
-    EXPECT_EQ(settings.MaxImages, 0);
-    EXPECT_EQ(settings.MinSizeImage, 0);
-    EXPECT_EQ(settings.MaxSizeImage, 0);
-    ASSERT_EQ(settings.servers.size(), 1u);
-    EXPECT_EQ(settings.servers[0].IPNumber, "");
-    EXPECT_EQ(settings.servers[0].FTPDirectory, "/");
-    EXPECT_EQ(settings.servers[0].ExportFormat, "TessarinML");
-    EXPECT_TRUE(window.Control("SendFTP").visible);
-    EXPECT_TRUE(window.Control("Logs").visible);
+// What a reading of FTPTransmission gives, one line each: the flags Visible,
+// AddInitialsToFilenames, RemoteVisible, LogsEnabled and ControlStoryBeforeTransmission; the
+// column captions; NumberOfDailyLogsToKeep, MaxStories, MaxImages, MinSizeImage and
+// MaxSizeImage; each server; which of SendFTP, Logs and mnuDisplayLogs show.
+std::vector<std::string> FtpLines(const FtpTransmissionSettings& settings, WindowState& window) {
+    const FtpTransmissionSettings& s = settings;
+    std::vector<std::string> lines = {
+        Bits({s.Visible, s.AddInitialsToFilenames, s.RemoteVisible, s.LogsEnabled,
+              s.ControlStoryBeforeTransmission}),
+        Joined({s.Name, s.Size, s.LastAccessed, s.Directory}),
+        Joined({std::to_string(s.NumberOfDailyLogsToKeep), std::to_string(s.MaxStories),
+                std::to_string(s.MaxImages), std::to_string(s.MinSizeImage),
+                std::to_string(s.MaxSizeImage)})};
+    for (const FtpServer& server : s.servers) {
+        lines.push_back(Joined({server.IPNumber, server.User, server.Password, server.FTPDirectory,
+                                server.TextsDirectory, server.ImagesDirectory, server.LogsDirectory,
+                                server.ExportFormat}));
+    }
+    lines.push_back(Shown(window, {"SendFTP", "Logs", "mnuDisplayLogs"}));
+    return lines;
 }
 
-TEST(FtpTransmissionSection, ReadsAttributesAndServersInDocumentOrder) {
-    const XmlDocument document = Parse(R"(<FTPTransmission Visible="false"
-        AddInitialsToFilenames="true" RemoteVisible="true" Name="Nom" Size="Taille"
-        LastAccessed="Date" Directory="Dossier" LogsEnabled="false"
-        NumberOfDailyLogsToKeep="0" ControlStoryBeforeTransmission="false"
-        MaxStories="12abc" MaxImages=" 7" MinSizeImage="-3.9" MaxSizeImage="2e3">
-      <FTPServer IPNumber="ftp.one.test" User="ann" Password="p w" FTPDirectory="/in"
-        TextsDirectory="texts" ImagesDirectory="pics" LogsDirectory="logs" ExportFormat="NITF"/>
-      <Other/>
-      <FTPServer IPNumber="10.0.0.2" User="bob"/>
-    </FTPTransmission>)");
-    FtpTransmissionSettings settings;
-    settings.identityAuthor = "Jane Writer";
-    WindowState window;
-    EXPECT_EQ(ReadFtpTransmission(document.DocumentElement(), settings, window), FtpServers::Read);
-
-    EXPECT_FALSE(settings.Visible);
-    EXPECT_TRUE(settings.AddInitialsToFilenames);
-    EXPECT_TRUE(settings.RemoteVisible);
-    EXPECT_EQ(settings.Name, "Nom");
-    EXPECT_EQ(settings.Size, "Taille");
-    EXPECT_EQ(settings.LastAccessed, "Date");
-    EXPECT_EQ(settings.Directory, "Dossier");
-    EXPECT_FALSE(settings.LogsEnabled);
-    EXPECT_EQ(settings.NumberOfDailyLogsToKeep, 10);  // 0 counts as not set
-    EXPECT_FALSE(settings.ControlStoryBeforeTransmission);
-    EXPECT_EQ(settings.MaxStories, 12);
-    EXPECT_EQ(settings.MaxImages, 7);
-    EXPECT_EQ(settings.MinSizeImage, -3);
-    EXPECT_EQ(settings.MaxSizeImage, 2000);
-
-    ASSERT_EQ(settings.servers.size(), 2u);
-    const FtpServer& first = settings.servers[0];
-    EXPECT_EQ(first.IPNumber, "ftp.one.test");
-    EXPECT_EQ(first.User, "ann");
-    EXPECT_EQ(first.Password, "p w");
-    EXPECT_EQ(first.FTPDirectory, "/in");
-    EXPECT_EQ(first.TextsDirectory, "texts");
-    EXPECT_EQ(first.ImagesDirectory, "pics");
-    EXPECT_EQ(first.LogsDirectory, "logs");
-    EXPECT_EQ(first.ExportFormat, "NITF");
-    EXPECT_EQ(settings.servers[1].IPNumber, "10.0.0.2");
-    EXPECT_EQ(settings.servers[1].FTPDirectory, "/");
-    EXPECT_EQ(settings.servers[1].ExportFormat, "TessarinML");
-
-    // The user list: entry 0 is the identity, servers count from 1.
-    EXPECT_EQ(settings.UserEntry(0), "Jane Writer");
-    EXPECT_EQ(settings.UserEntry(1), "ann");
-    EXPECT_EQ(settings.UserEntry(2), "bob");
-    EXPECT_EQ(settings.UserEntry(3), "");
-
-    EXPECT_FALSE(window.Control("SendFTP").visible);
-    EXPECT_FALSE(window.Control("Logs").visible);
-    EXPECT_FALSE(window.Control("mnuDisplayLogs").visible);
-}
-
-TEST(FtpTransmissionSection, FlagsAndNumbersFollowTheExactWords) {
-    const XmlDocument document = Parse(R"(<FTPTransmission Visible="False"
-        AddInitialsToFilenames="TRUE" NumberOfDailyLogsToKeep="3 days">
-      <FTPServer>ftp.text.test</FTPServer></FTPTransmission>)");
-    FtpTransmissionSettings settings;
-    WindowState window;
-    ASSERT_EQ(ReadFtpTransmission(document.DocumentElement(), settings, window), FtpServers::Read);
-    EXPECT_TRUE(settings.Visible);
-    EXPECT_FALSE(settings.AddInitialsToFilenames);
-    EXPECT_EQ(settings.NumberOfDailyLogsToKeep, 3);
-    EXPECT_TRUE(window.Control("SendFTP").visible);
-    // A server written with its address as text.
-    EXPECT_EQ(settings.servers[0].IPNumber, "ftp.text.test");
-}
-
-TEST(FtpTransmissionSection, NoServerIsReportedAfterTheAttributes) {
-    const XmlDocument document = Parse(R"(<FTPTransmission Visible="false" MaxStories="4"/>)");
-    FtpTransmissionSettings settings;
-    WindowState window;
-    EXPECT_EQ(ReadFtpTransmission(document.DocumentElement(), settings, window),
-              FtpServers::Missing);
-    EXPECT_EQ(settings.MaxStories, 4);
-    EXPECT_TRUE(settings.servers.empty());
-    EXPECT_FALSE(window.Control("SendFTP").visible);
+TEST(FtpTransmissionSection, AttributesAndServersOrTheirDefaults) {
+    struct Case {
+        std::string_view section;
+        FtpServers servers;
+        std::vector<std::string> lines;
+    };
+    // Flags change only on the exact opposite word; numbers are read up to the first character
+    // that is not part of a number, and a NumberOfDailyLogsToKeep of 0 counts as not set.
+    const Case cases[] = {
+        {"<FTPTransmission><FTPServer/></FTPTransmission>",
+         FtpServers::Read,
+         {"10011", "Name|Size|Last Accessed|Folder", "10|0|0|0|0", "|||/||||TessarinML", "111"}},
+        {R"(<FTPTransmission Visible="false" AddInitialsToFilenames="true" RemoteVisible="true"
+            Name="Nom" Size="Taille" LastAccessed="Date" Directory="Dossier" LogsEnabled="false"
+            NumberOfDailyLogsToKeep="0" ControlStoryBeforeTransmission="false"
+            MaxStories="12abc" MaxImages=" 7" MinSizeImage="-3.9" MaxSizeImage="2e3">
+          <FTPServer IPNumber="ftp.one.test" User="ann" Password="p w" FTPDirectory="/in"
+            TextsDirectory="texts" ImagesDirectory="pics" LogsDirectory="logs" ExportFormat="NITF"/>
+          <Other/><FTPServer IPNumber="10.0.0.2" User="bob"/></FTPTransmission>)",
+         FtpServers::Read,
+         {"01100", "Nom|Taille|Date|Dossier", "10|12|7|-3|2000",
+          "ftp.one.test|ann|p w|/in|texts|pics|logs|NITF", "10.0.0.2|bob||/||||TessarinML", "000"}},
+        // A server written with its address as text.
+        {R"(<FTPTransmission Visible="False" AddInitialsToFilenames="TRUE"
+            NumberOfDailyLogsToKeep="3 days"><FTPServer>ftp.text.test</FTPServer>
+            </FTPTransmission>)",
+         FtpServers::Read,
+         {"10011", "Name|Size|Last Accessed|Folder", "3|0|0|0|0", "ftp.text.test|||/||||TessarinML",
+          "111"}},
+        // No server is reported after the attributes are read.
+        {R"(<FTPTransmission Visible="false" MaxStories="4"/>)",
+         FtpServers::Missing,
+         {"00011", "Name|Size|Last Accessed|Folder", "10|4|0|0|0", "011"}}};
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.section);
+        FtpTransmissionSettings settings;
+        WindowState window;
+        EXPECT_EQ(ReadFtp(test.section, settings, window), test.servers);
+        EXPECT_EQ(FtpLines(settings, window), test.lines);
+    }
 }
 
 TEST(FtpTransmissionSection, SecondReadStartsAfreshButKeepsTheIdentity) {
-    const XmlDocument first = Parse(R"(<FTPTransmission MaxStories="5" Visible="false"
-        LogsEnabled="false">
-        <FTPServer User="a"/><FTPServer User="b"/></FTPTransmission>)");
-    const XmlDocument second = Parse(R"(<FTPTransmission><FTPServer User="c"/></FTPTransmission>)");
     FtpTransmissionSettings settings;
     settings.identityAuthor = "Ann";
     WindowState window;
-    ASSERT_EQ(ReadFtpTransmission(first.DocumentElement(), settings, window), FtpServers::Read);
-    ASSERT_EQ(ReadFtpTransmission(second.DocumentElement(), settings, window), FtpServers::Read);
-    ASSERT_EQ(settings.servers.size(), 1u);
-    EXPECT_EQ(settings.servers[0].User, "c");
-    EXPECT_EQ(settings.MaxStories, 0);
-    EXPECT_EQ(settings.UserEntry(0), "Ann");
-    EXPECT_TRUE(window.Control("SendFTP").visible);
-    EXPECT_TRUE(window.Control("Logs").visible);
-    EXPECT_TRUE(window.Control("mnuDisplayLogs").visible);
+    ASSERT_EQ(ReadFtp(R"(<FTPTransmission MaxStories="5" Visible="false" LogsEnabled="false">
+        <FTPServer User="a"/><FTPServer User="b"/></FTPTransmission>)",
+                      settings, window),
+              FtpServers::Read);
+    // The user list: entry 0 is the identity, servers count from 1.
+    EXPECT_EQ(Joined({settings.UserEntry(0), settings.UserEntry(1), settings.UserEntry(2),
+                      settings.UserEntry(3)}),
+              "Ann|a|b|");
+    ASSERT_EQ(
+        ReadFtp(R"(<FTPTransmission><FTPServer User="c"/></FTPTransmission>)", settings, window),
+        FtpServers::Read);
+    EXPECT_EQ(FtpLines(settings, window),
+              (std::vector<std::string>{"10011", "Name|Size|Last Accessed|Folder", "10|0|0|0|0",
+                                        "|c||/||||TessarinML", "111"}));
+    EXPECT_EQ(Joined({settings.UserEntry(0), settings.UserEntry(1), settings.UserEntry(2)}),
+              "Ann|c|");
 }
 
-TEST(SmtpTransmissionSection, MissingSectionHidesTheMailButton) {
-    SmtpTransmissionSettings settings;
-    WindowState window;
-    window.Control("SendMail").visible = true;
-    ReadSmtpTransmission(XmlNode(), std::string("desk@paper.test"), settings, window);
-    EXPECT_FALSE(settings.Visible);
-    EXPECT_FALSE(settings.Debug);
-    EXPECT_EQ(settings.SMTPServerName, "");
-    ASSERT_EQ(settings.recipients.size(), 1u);
-    EXPECT_EQ(settings.recipients[0].address, "desk@paper.test");
-    EXPECT_FALSE(window.Control("SendMail").visible);
+// Visible and Debug, the server, then each recipient as "Name <address>".
+std::string SmtpLine(const SmtpTransmissionSettings& settings) {
+    std::vector<std::string> parts = {Bits({settings.Visible, settings.Debug}),
+                                      settings.SMTPServerName};
+    for (const SmtpRecipient& recipient : settings.recipients)
+        parts.push_back(recipient.Name + " <" + recipient.address + ">");
+    return Joined(parts);
 }
 
 TEST(SmtpTransmissionSection, PreferencesRecipientComesFirst) {
-    const XmlDocument document = Parse(R"(<SMTPTransmission Visible="true" Debug="true"
+    const XmlDocument document = ParseSection(R"(<SMTPTransmission Visible="true" Debug="true"
         SMTPServerName="mail.paper.test">
       <SMTPRecipient Name="Desk">desk@paper.test</SMTPRecipient>
       <SMTPRecipient Name="Photo">photo@paper.test</SMTPRecipient>
@@ -164,160 +123,121 @@ TEST(SmtpTransmissionSection, PreferencesRecipientComesFirst) {
     SmtpTransmissionSettings settings;
     WindowState window;
     ReadSmtpTransmission(document.DocumentElement(), std::string("me@home.test"), settings, window);
-    EXPECT_TRUE(settings.Visible);
-    EXPECT_TRUE(settings.Debug);
-    EXPECT_EQ(settings.SMTPServerName, "mail.paper.test");
-    ASSERT_EQ(settings.recipients.size(), 3u);
-    EXPECT_EQ(settings.recipients[0].address, "me@home.test");
-    EXPECT_EQ(settings.recipients[0].Name, "");
-    EXPECT_EQ(settings.recipients[1].address, "desk@paper.test");
-    EXPECT_EQ(settings.recipients[1].Name, "Desk");
-    EXPECT_EQ(settings.recipients[2].address, "photo@paper.test");
+    EXPECT_EQ(SmtpLine(settings),
+              "11|mail.paper.test| <me@home.test>|Desk <desk@paper.test>|Photo <photo@paper.test>");
     EXPECT_TRUE(window.Control("SendMail").visible);
 
     // Without a preferences recipient (or an empty one) the configuration's come alone, and
     // the list does not grow on a second read.
-    ReadSmtpTransmission(document.DocumentElement(), std::string(), settings, window);
-    ASSERT_EQ(settings.recipients.size(), 2u);
-    EXPECT_EQ(settings.recipients[0].Name, "Desk");
-    ReadSmtpTransmission(document.DocumentElement(), std::nullopt, settings, window);
-    EXPECT_EQ(settings.recipients.size(), 2u);
+    for (const std::optional<std::string>& recipient :
+         {std::optional<std::string>(""), std::optional<std::string>()}) {
+        ReadSmtpTransmission(document.DocumentElement(), recipient, settings, window);
+        EXPECT_EQ(SmtpLine(settings),
+                  "11|mail.paper.test|Desk <desk@paper.test>|Photo <photo@paper.test>");
+    }
+
+    // A missing section hides the mail button.
+    ReadSmtpTransmission(XmlNode(), std::string("desk@paper.test"), settings, window);
+    EXPECT_EQ(SmtpLine(settings), "00|| <desk@paper.test>");
+    EXPECT_FALSE(window.Control("SendMail").visible);
 }
 
-TEST(WorkflowSection, MissingSectionTurnsTheWorkflowOff) {
-    WorkflowSettings settings;
-    settings.Visible = true;
-    settings.WorkflowDirectory = "/old";
-    settings.allUsers.push_back({"old", "U"});
-    WindowState window;
-    ReadWorkflow(XmlNode(), settings, window);
-    EXPECT_FALSE(settings.Visible);
-    EXPECT_FALSE(settings.ForceLogin);
-    EXPECT_TRUE(settings.ControlImagesDirectory);
-    EXPECT_EQ(settings.WorkflowDirectory, "");
-    EXPECT_TRUE(settings.allUsers.empty());
-    EXPECT_FALSE(window.Control("SendWorkflow").visible);
-    EXPECT_FALSE(window.Control("ReceiveWorkflow").visible);
-    EXPECT_FALSE(window.Control("InterceptWorkflow").visible);
+std::string DestinationLines(const std::vector<WorkflowDestination>& destinations) {
+    std::vector<std::string> lines;
+    for (const WorkflowDestination& destination : destinations)
+        lines.push_back(destination.name + ":" + destination.type);
+    return Joined(lines);
 }
 
-TEST(WorkflowSection, ReadsEveryAttribute) {
-    const XmlDocument document = Parse(R"(<Workflow Visible="true" ForceLogin="true"
+std::string WorkflowFlags(const WorkflowSettings& s) {
+    return Bits({s.Visible, s.ForceLogin, s.ClearLogsAllowed, s.TrackingEnabled,
+                 s.TrackingDisplayAllowed, s.TrackingClearAllowed, s.ControlImagesDirectory,
+                 s.InterceptedUsersVisible});
+}
+
+std::string WorkflowDirectories(const WorkflowSettings& s) {
+    return Joined({s.PersonalTextsDirectory, s.PersonalArchivesDirectory, s.PersonalImagesDirectory,
+                   s.TrackingTextsDirectory, s.TrackingImagesDirectory, s.WorkflowDirectory,
+                   s.UpdatesDirectory, s.ExportTextsDirectory, s.ExportImagesDirectory});
+}
+
+TEST(WorkflowSection, ReadsEveryAttributeAndAMissingSectionTurnsTheWorkflowOff) {
+    const XmlDocument document = ParseSection(R"(<Workflow Visible="true" ForceLogin="true"
         ClearLogsAllowed="true" TrackingEnabled="true" TrackingDisplayAllowed="true"
         TrackingClearAllowed="true" PersonalTextsDirectory="/p/texts"
         PersonalArchivesDirectory="/p/archives" PersonalImagesDirectory="/p/images"
         ControlImagesDirectory="false" TrackingTextsDirectory="/t/texts"
         TrackingImagesDirectory="/t/images" WorkflowDirectory="/w" UpdatesDirectory="/u"
-        ExportTextsDirectory="/e/texts" ExportImagesDirectory="/e/images"/>)");
-    WorkflowSettings settings;
-    WindowState window;
-    ReadWorkflow(document.DocumentElement(), settings, window);
-    EXPECT_TRUE(settings.Visible);
-    EXPECT_TRUE(settings.ForceLogin);
-    EXPECT_TRUE(settings.ClearLogsAllowed);
-    EXPECT_TRUE(settings.TrackingEnabled);
-    EXPECT_TRUE(settings.TrackingDisplayAllowed);
-    EXPECT_TRUE(settings.TrackingClearAllowed);
-    EXPECT_EQ(settings.PersonalTextsDirectory, "/p/texts");
-    EXPECT_EQ(settings.PersonalArchivesDirectory, "/p/archives");
-    EXPECT_EQ(settings.PersonalImagesDirectory, "/p/images");
-    EXPECT_FALSE(settings.ControlImagesDirectory);
-    EXPECT_EQ(settings.TrackingTextsDirectory, "/t/texts");
-    EXPECT_EQ(settings.TrackingImagesDirectory, "/t/images");
-    EXPECT_EQ(settings.WorkflowDirectory, "/w");
-    EXPECT_EQ(settings.UpdatesDirectory, "/u");
-    EXPECT_EQ(settings.ExportTextsDirectory, "/e/texts");
-    EXPECT_EQ(settings.ExportImagesDirectory, "/e/images");
-    EXPECT_TRUE(window.Control("SendWorkflow").visible);
-    EXPECT_TRUE(window.Control("ReceiveWorkflow").visible);
-    EXPECT_FALSE(window.Control("InterceptWorkflow").visible);  // no InterceptedUsers
-}
-
-TEST(WorkflowSection, DestinationsKeepTheFirstLetterOfTheirType) {
-    const XmlDocument document = Parse(R"(<Workflow Visible="true"><Users>
-      <User Preferred="true">ann</User>
-      <User Preferred="True" Type="Group">desk</User>
+        ExportTextsDirectory="/e/texts" ExportImagesDirectory="/e/images"><Users>
+      <User Preferred="true">ann</User><User Preferred="True" Type="Group">desk</User>
       <User Preferred="false" Type="Layout" ExportFormat="InDesign">layout</User>
-      <User Type="user">bob</User>
-      <User Type="L">bare</User>
-      <User Preferred="true" Type="Éditeurs">édition</User>
-    </Users></Workflow>)");
-    WorkflowSettings settings;
-    WindowState window;
-    ReadWorkflow(document.DocumentElement(), settings, window);
-
-    ASSERT_EQ(settings.allUsers.size(), 6u);
-    const std::pair<std::string, std::string> expected[] = {
-        {"ann", "U"}, {"desk", "G"},  {"layout", "L InDesign"},
-        {"bob", "u"}, {"bare", "L "}, {"édition", "É"}};
-    for (std::size_t index = 0; index < settings.allUsers.size(); ++index) {
-        EXPECT_EQ(settings.allUsers[index].name, expected[index].first) << index;
-        EXPECT_EQ(settings.allUsers[index].type, expected[index].second) << index;
-    }
-    ASSERT_EQ(settings.preferredUsers.size(), 2u);
-    EXPECT_EQ(settings.preferredUsers[0].name, "ann");
-    EXPECT_EQ(settings.preferredUsers[1].name, "édition");
-
-    // A second read gives the same lists, not doubled ones.
-    ReadWorkflow(document.DocumentElement(), settings, window);
-    EXPECT_EQ(settings.allUsers.size(), 6u);
-    EXPECT_EQ(settings.preferredUsers.size(), 2u);
-}
-
-TEST(WorkflowSection, InterceptedUsersDecideTheInterceptButton) {
-    const XmlDocument shown = Parse(R"(<Workflow Visible="true">
+      <User Type="user">bob</User><User Type="L">bare</User>
+      <User Preferred="true" Type="Éditeurs">édition</User></Users>
       <InterceptedUsers Visible="true">
         <User Type="Group">desk</User><User Type="user">ann</User><User>bob</User>
       </InterceptedUsers></Workflow>)");
     WorkflowSettings settings;
     WindowState window;
-    ReadWorkflow(shown.DocumentElement(), settings, window);
-    EXPECT_TRUE(settings.InterceptedUsersVisible);
-    ASSERT_EQ(settings.interceptedUsers.size(), 3u);
-    EXPECT_EQ(settings.interceptedUsers[0].type, "Group");  // as it stands
-    EXPECT_EQ(settings.interceptedUsers[1].type, "user");
-    EXPECT_EQ(settings.interceptedUsers[2].type, "");
-    EXPECT_EQ(settings.interceptedUsers[2].name, "bob");
-    EXPECT_TRUE(window.Control("InterceptWorkflow").visible);
+    // A second read gives the same lists, not doubled ones.
+    for (int reading = 0; reading < 2; ++reading)
+        ReadWorkflow(document.DocumentElement(), settings, window);
+    EXPECT_EQ(WorkflowFlags(settings), "11111101");
+    EXPECT_EQ(WorkflowDirectories(settings),
+              "/p/texts|/p/archives|/p/images|/t/texts|/t/images|/w|/u|/e/texts|/e/images");
+    // Users keep the first letter of their type, intercepted users the type as it stands.
+    EXPECT_EQ(DestinationLines(settings.allUsers),
+              "ann:U|desk:G|layout:L InDesign|bob:u|bare:L |édition:É");
+    EXPECT_EQ(DestinationLines(settings.preferredUsers), "ann:U|édition:É");
+    EXPECT_EQ(DestinationLines(settings.interceptedUsers), "desk:Group|ann:user|bob:");
 
-    const XmlDocument workflowOff =
-        Parse(R"(<Workflow><InterceptedUsers Visible="true"/></Workflow>)");
-    ReadWorkflow(workflowOff.DocumentElement(), settings, window);
-    EXPECT_FALSE(window.Control("InterceptWorkflow").visible);
-    EXPECT_FALSE(window.Control("SendWorkflow").visible);
+    ReadWorkflow(XmlNode(), settings, window);
+    EXPECT_EQ(WorkflowFlags(settings), "00000010");
+    EXPECT_EQ(WorkflowDirectories(settings), "||||||||");
+    EXPECT_TRUE(settings.allUsers.empty());
+    EXPECT_EQ(Shown(window, {"SendWorkflow", "ReceiveWorkflow", "InterceptWorkflow"}), "000");
 }
 
-TEST(TextMLSection, DefaultsWhenMissingOrEmpty) {
+TEST(WorkflowSection, VisibleWorkflowAndInterceptedUsersDecideTheButtons) {
+    // Each row: the section, and which of SendWorkflow, ReceiveWorkflow and InterceptWorkflow
+    // show.
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {R"(<Workflow Visible="true"><InterceptedUsers Visible="true"/></Workflow>)", "111"},
+        {R"(<Workflow Visible="true"><InterceptedUsers Visible="True"/></Workflow>)", "110"},
+        {R"(<Workflow Visible="true"/>)", "110"},
+        {R"(<Workflow><InterceptedUsers Visible="true"/></Workflow>)", "000"}};
+    WorkflowSettings settings;
+    WindowState window;
+    for (const auto& [section, shown] : cases) {
+        SCOPED_TRACE(section);
+        ReadWorkflow(ParseSection(section).DocumentElement(), settings, window);
+        EXPECT_EQ(Shown(window, {"SendWorkflow", "ReceiveWorkflow", "InterceptWorkflow"}), shown);
+    }
+}
+
+std::string TextMLLine(const TextMLSettings& settings) {
+    return Joined({settings.TrackingEnabled ? "tracking" : "", settings.ServerName,
+                   settings.TrackingDocBaseName, settings.TrackingKeepVersions ? "keep" : "",
+                   settings.ExportDocBaseName, settings.ExportKeepVersions ? "keep" : ""});
+}
+
+TEST(TextMLSection, DefaultsOrItems) {
     TextMLSettings settings;
     settings.ServerName = "old";
     ReadTextML(XmlNode(), settings);
-    EXPECT_FALSE(settings.TrackingEnabled);
-    EXPECT_EQ(settings.ServerName, "localhost");
-    EXPECT_EQ(settings.TrackingDocBaseName, "TessarinTracking");
-    EXPECT_TRUE(settings.TrackingKeepVersions);
-    EXPECT_EQ(settings.ExportDocBaseName, "TessarinExport");
-    EXPECT_TRUE(settings.ExportKeepVersions);
-
-    const XmlDocument empty =
-        Parse("<TextML><ServerName/><TrackingDocBaseName></TrackingDocBaseName></TextML>");
-    ReadTextML(empty.DocumentElement(), settings);
-    EXPECT_EQ(settings.ServerName, "localhost");
-    EXPECT_EQ(settings.TrackingDocBaseName, "TessarinTracking");
-}
-
-TEST(TextMLSection, ReadsItsItems) {
-    const XmlDocument document = Parse(R"(<TextML TrackingEnabled="true">
-      <ServerName>repo.paper.test</ServerName>
-      <TrackingDocBaseName KeepVersions="false">Tracks</TrackingDocBaseName>
-      <ExportDocBaseName KeepVersions="False">Exports</ExportDocBaseName></TextML>)");
-    TextMLSettings settings;
-    ReadTextML(document.DocumentElement(), settings);
-    EXPECT_TRUE(settings.TrackingEnabled);
-    EXPECT_EQ(settings.ServerName, "repo.paper.test");
-    EXPECT_EQ(settings.TrackingDocBaseName, "Tracks");
-    EXPECT_FALSE(settings.TrackingKeepVersions);
-    EXPECT_EQ(settings.ExportDocBaseName, "Exports");
-    EXPECT_TRUE(settings.ExportKeepVersions);
+    EXPECT_EQ(TextMLLine(settings), "|localhost|TessarinTracking|keep|TessarinExport|keep");
+    // Each row: the section, and what it gives; empty items take the defaults.
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"<TextML><ServerName/><TrackingDocBaseName></TrackingDocBaseName></TextML>",
+         "|localhost|TessarinTracking|keep|TessarinExport|keep"},
+        {R"(<TextML TrackingEnabled="true"><ServerName>repo.paper.test</ServerName>
+            <TrackingDocBaseName KeepVersions="false">Tracks</TrackingDocBaseName>
+            <ExportDocBaseName KeepVersions="False">Exports</ExportDocBaseName></TextML>)",
+         "tracking|repo.paper.test|Tracks||Exports|keep"}};
+    for (const auto& [section, expected] : cases) {
+        SCOPED_TRACE(section);
+        ReadTextML(ParseSection(section).DocumentElement(), settings);
+        EXPECT_EQ(TextMLLine(settings), expected);
+    }
 }
 
 }  // namespace
