@@ -256,8 +256,8 @@ TEST(LoadConfiguration, SynonymsAreLoadedOnlyAtTheEndOfACompleteLoad) {
 TEST(LoadConfiguration, ReadsTheSampleConfiguration) {
     LoadBench bench;
     bench.WritePreferences("[Preferences]\r\nClassificationColorLocal=255\r\n");
-    ASSERT_TRUE(bench.Load(testing::ReadBytes(std::filesystem::path(__FILE__).parent_path() /
-                                              "fixtures" / "sample_configuration.xml")));
+    ASSERT_TRUE(bench.Load(testing::ReadBytes(std::filesystem::path(TESSARIN_SOURCE_DIR) /
+                                              "tests/config/fixtures/sample_configuration.xml")));
     EXPECT_EQ(bench.window.Status().text, "");
     const Configuration& configuration = bench.configuration;
     EXPECT_EQ(configuration.general.client, "Valley Courier");
