@@ -5,6 +5,7 @@
 
 #include "app/user_interaction.h"
 #include "app/window_state.h"
+#include "common/utf8.h"
 #include "config/configuration.h"
 #include "config/messages_section.h"
 #include "config/preferences.h"
@@ -28,9 +29,8 @@ inline std::string StoryXml(std::string_view inside,
 // scripted (Yes unless queued otherwise).
 struct ReaderBench {
     ReaderBench() {
-        for (const MessageDefault& message : MessageDefaults()) {
+        for (const MessageDefault& message : MessageDefaults())
             configuration.messages.Set(message.key, std::string(message.text));
-        }
     }
 
     TempDir folder;
@@ -41,12 +41,12 @@ struct ReaderBench {
     StoryContext context{configuration, window, preferences, user};
     StoryRecord story;
 
-    std::filesystem::path Write(std::string_view bytes, std::string_view name = "story.xml") {
-        return folder.Write(name, bytes);
-    }
+    std::filesystem::path Write(std::string_view bytes) { return folder.Write("story.xml", bytes); }
     StoryReadOutcome Read(std::string_view bytes) {
         return ReadStory(Write(bytes), context, story);
     }
+    // The plain text of a box of the story read.
+    std::string Box(int index) const { return Utf16ToUtf8(story.boxes[index].Text()); }
 };
 
 }  // namespace tessarin::testing
