@@ -13,46 +13,30 @@ namespace {
 // E9, the euro sign 80, the curly apostrophe 92), CR LF after each line, the five entities
 // in values, "&#160;" in the text.
 constexpr std::string_view kLatinStory =
-    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n"
-    "<!-- Cr\xE8me __ br\xFBl\xE9"
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<!-- Cr\xE8me __ br\xFBl\xE9"
     "e.xml -->\r\n"
     "<?xml-stylesheet type=\"text/xsl\" href = \"C:\\XSLT\\story.xsl\"?>\r\n"
-    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n"
-    "<Metadata>\r\n"
+    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n<Metadata>\r\n"
     "<Author Name=\"Auteur l&apos;\xE9quipe\">Ana &amp; \xC9lise</Author>\r\n"
     "<LastSaveDate Name=\"Saved\">02/03/2024</LastSaveDate><LastSaveTime>10:05</LastSaveTime>\r\n"
     "<LastSaveAuthor>Ana</LastSaveAuthor>\r\n"
     "<Status Name=\"Status\" FormalItem=\"ok\">Pr\xEAt &quot;final&quot; &lt;1&gt;</Status>\r\n"
-    "</Metadata>\r\n"
-    "<Logs>\r\n"
-    "<Log Type=\"L\">02/03/2024 10:05 - Ana -&gt; Layout</Log>\r\n"
-    "</Logs>\r\n"
-    "<Body>\r\n"
+    "</Metadata>\r\n<Logs>\r\n<Log Type=\"L\">02/03/2024 10:05 - Ana -&gt; Layout</Log>\r\n"
+    "</Logs>\r\n<Body>\r\n"
     "<TextBox6 CharCount=\"12\" WordCount=\"3\" Name=\"Text\">Co\xFBt 5&#160;\x80<p/>\r\n"
     "l\x92\xE9t\xE9 <b>chaud</b><note>to check</note></TextBox6>\r\n"
-    "<Signature Type=\"I\">A.</Signature></Body>\r\n"
-    "<Images>\r\n"
-    "<ImageBag>\r\n"
-    "<Image href=\"file:///C:\\Photos\\a b.jpg\"/>\r\n"
-    "<Caption>Vue</Caption>\r\n"
-    "</ImageBag>\r\n"
-    "</Images>\r\n"
-    "</Story>\r\n";
+    "<Signature Type=\"I\">A.</Signature></Body>\r\n<Images>\r\n<ImageBag>\r\n"
+    "<Image href=\"file:///C:\\Photos\\a b.jpg\"/>\r\n<Caption>Vue</Caption>\r\n</ImageBag>\r\n"
+    "</Images>\r\n</Story>\r\n";
 
 // The same kind of file in UTF-8 mode: "é" is C3 A9, and the character U+1F600 is written
 // as the two three-byte surrogate groups ED A0 BD and ED B8 80.
 constexpr std::string_view kUtf8Story =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n"
-    "<!-- \xC3\xA9t\xC3\xA9.xml -->\r\n"
-    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n"
-    "<Metadata>\r\n"
-    "<Author Name=\"Auteur\">\xC3\x89lise</Author>\r\n"
-    "</Metadata>\r\n"
-    "<Body>\r\n"
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n<!-- \xC3\xA9t\xC3\xA9.xml -->\r\n"
+    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n<Metadata>\r\n"
+    "<Author Name=\"Auteur\">\xC3\x89lise</Author>\r\n</Metadata>\r\n<Body>\r\n"
     "<TextBox0 CharCount=\"3\" WordCount=\"1\" Name=\"Title\">\xC3\xA9t\xC3\xA9 "
-    "\xED\xA0\xBD\xED\xB8\x80&#160;&apos;</TextBox0>\r\n"
-    "</Body>\r\n"
-    "</Story>\r\n";
+    "\xED\xA0\xBD\xED\xB8\x80&#160;&apos;</TextBox0>\r\n</Body>\r\n</Story>\r\n";
 
 std::string Saved(std::string_view bytes) {
     XmlDocument document;
