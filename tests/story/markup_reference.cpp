@@ -42,10 +42,6 @@ constexpr std::pair<char16_t, std::u16string_view> kCharacterForms[] = {
     {u'"', u"&quot;"}, {u'<', u"&lt;"},     {u'>', u"&gt;"},  {0x152, u"<OE/>"},
     {0x153, u"<oe/>"}, {0x20AC, u"<euro/>"}};
 
-std::u16string Units(const std::string& ascii) {
-    return std::u16string(ascii.begin(), ascii.end());
-}
-
 std::u16string Trim(const std::u16string& text) {
     const auto first = text.find_first_not_of(u' ');
     if (first == std::u16string::npos) return {};
@@ -187,9 +183,9 @@ std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
     for (int box = 0; box < 7; ++box) {
         const MarkupBox& source = input.boxes[static_cast<std::size_t>(box)];
         if (source.text == nullptr || source.text->Empty()) continue;
-        body += u"<TextBox" + Units(std::to_string(box)) + u" CharCount=\"" +
-                Units(std::to_string(source.charCount)) + u"\" WordCount=\"" +
-                Units(std::to_string(ReferenceWordCount(*source.text))) + u"\" Name=\"" +
+        body += u"<TextBox" + Utf8ToUtf16(std::to_string(box)) + u" CharCount=\"" +
+                Utf8ToUtf16(std::to_string(source.charCount)) + u"\" WordCount=\"" +
+                Utf8ToUtf16(std::to_string(ReferenceWordCount(*source.text))) + u"\" Name=\"" +
                 Utf8ToUtf16(source.caption) + u"\">";
         StyledText draft = *source.text;
         for (auto hit = draft.Text().find(u"\u00B6\r\n"); hit != std::u16string::npos;
@@ -202,7 +198,7 @@ std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
         writer.End();
         while (body.ends_with(u"<p/>"))
             body.resize(body.size() - 4);
-        body += u"</TextBox" + Units(std::to_string(box)) + u">\r\n";
+        body += u"</TextBox" + Utf8ToUtf16(std::to_string(box)) + u">\r\n";
     }
     body = ReferenceBodyPasses(body, input.settings.removeDuplicateSpaces);
     if (nest) body = NestInlineTags(body);

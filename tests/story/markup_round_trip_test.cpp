@@ -7,7 +7,6 @@
 
 #include "common/xml_document.h"
 #include "markup_random.h"
-#include "markup_test_support.h"
 #include "story/char_count.h"
 #include "story/story_markup.h"
 
@@ -98,18 +97,6 @@ TEST(MarkupRoundTrip, AnyTextSettlesAfterAFewSaves) {
             saved = std::move(again);
         }
     }
-}
-
-TEST(MarkupRoundTrip, WhatChangesOnTheFirstSave) {
-    // A raw non-breaking space comes back as a grey middle dot, a typed middle dot likewise;
-    // blanks at the ends of a box are lost; a bold line end after plain text leaves nothing.
-    Boxes boxes;
-    boxes[0] = testing::Styled({{u" a\u00A0b\u00B7c", ""}, {u"\r\n", "b"}, {u"d ", ""}});
-    const MarkupSettings settings;
-    Boxes read;
-    NoteCounts notes{};
-    ASSERT_TRUE(Read(Save(boxes, notes, settings), settings, read, notes));
-    EXPECT_EQ(testing::Describe(read[0]), "[]a[g]\xC2\xB7[]b[g]\xC2\xB7[]c\r\nd");
 }
 
 }  // namespace
