@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/windows1252.h"
+#include "story/full_story_file.h"
 #include "story/markup_test_support.h"
 #include "story/story_reader_support.h"
 
@@ -60,45 +61,52 @@ TEST(ReadStoryValidation, AForeignAppNameIsRefusedWithABeepUnlessTheTextIsRescue
     EXPECT_EQ(bench.Box(6), "Text");
 }
 
-TEST(ReadStoryMetadata, EveryRowIsReadAsTheFileHoldsIt) {
+// The file the writer makes of a full story reads back as that story, less what a story
+// file does not keep.
+TEST(ReadStoryMetadata, TheWritersFullStoryReadsBackAsItWasWritten) {
+    ReaderBench bench;
+    bench.ConfigureNewsroom();
+    bench.Read(testing::kFullStoryFileIso);
+    const StoryRecord written = testing::StorySaveFixture::FullStory();
+    const StoryRecord& read = bench.story;
+    for (const auto field :
+         {&StoryRecord::author, &StoryRecord::email, &StoryRecord::group, &StoryRecord::initials,
+          &StoryRecord::publication, &StoryRecord::classification, &StoryRecord::sectionGeneral,
+          &StoryRecord::subSectionGeneral, &StoryRecord::sectionLocal,
+          &StoryRecord::subSectionLocal, &StoryRecord::codeLocal1, &StoryRecord::codeLocal2,
+          &StoryRecord::publicationDate, &StoryRecord::publicationNumber, &StoryRecord::eventDate,
+          &StoryRecord::signature}) {
+        EXPECT_EQ(read.*field, written.*field);
+    }
+    EXPECT_EQ(read.creation, written.creation);
+    EXPECT_EQ(read.lastSave, (StoryTimestamp{"20/02/2025", "09:30"}));  // the save's time
+    EXPECT_FALSE(read.coldStory);
+    EXPECT_EQ((std::vector<int>{read.formIndex, read.statusIndex, read.genreIndex}),
+              (std::vector<int>{0, 0, 0}));
+    EXPECT_EQ(read.taxonomy, written.taxonomy);
+    // Keywords under their categories' keys in the tree; an empty log type written as "W";
+    // a note without its anchor in a box is no bookmark.
+    EXPECT_EQ(read.keywords, (std::vector<StoryKeyword>{{"K0", "Lyon"}, {"K2", "Aulas"}}));
+    EXPECT_EQ(read.logs,
+              (std::vector<StoryLog>{{"Envoy\u00e9 \u00e0 Paul", "W"}, {"Relu", "\u00e9"}}));
+    EXPECT_EQ(read.notes, (std::vector<StoryNote>{
+                              {"V\u00e9rifier", "Chiffre\r\n\u00e0 confirmer", false, false},
+                              {"Autre", "x ?", false, false}}));
+    EXPECT_EQ(read.boxes[0], written.boxes[0]);
+    EXPECT_EQ(read.boxes[6], written.boxes[6]);
+}
+
+TEST(ReadStoryMetadata, TopicsNeedANumericFormalItemAndKeywordsACategoryIndex) {
     ReaderBench bench;
     bench.Read(StoryXml(
-        "<Metadata>\r\n"
-        "<Author Name=\"Par\">Jos\xE9 Martin</Author>\r\n<Email Name=\"M\">j@x.org</Email>\r\n"
-        "<Group Name=\"G\">Sport</Group>\r\n<Initials Name=\"I\">JM</Initials>\r\n"
-        "<CreationDate Name=\"C\">03/02/2025</CreationDate><CreationTime>09:05</CreationTime>\r\n"
-        "<LastSaveDate Name=\"L\">04/02/2025</LastSaveDate><LastSaveTime>18:40</LastSaveTime>\r\n"
-        "<LastSaveAuthor>Someone</LastSaveAuthor>\r\n"
-        "<Publication Name=\"P\">Herald &amp; Times</Publication>\r\n"
-        "<Classification Name=\"C\">News</Classification>\r\n"
-        "<SectionGeneral Name=\"S\">World</SectionGeneral>\r\n"
-        "<SubSectionGeneral Name=\"S\">Europe</SubSectionGeneral>\r\n"
-        "<PublicationDate Name=\"D\">05/02/2025</PublicationDate>\r\n"
-        "<PublicationDateFull>Wednesday 5 February 2025</PublicationDateFull>\r\n"
-        "<PublicationNumber Name=\"N\">12</PublicationNumber>\r\n"
-        "<EventDate Name=\"E\">01/03/2025</EventDate>\r\n"
-        "<Taxonomy><Topic FormalItem=\"01000000\">Arts</Topic><Topic FormalItem=\"\">Empty</Topic>"
-        "<Topic FormalItem=\"12a\">Mixed</Topic><Topic FormalItem=\" 15000000 \">Sport</Topic>"
-        "</Taxonomy>\r\n<Keywords>"
-        "<Keyword CategoryName=\"Places\" CategoryIndex=\"1\">Paris</Keyword>"
-        "<Keyword CategoryName=\"People\" CategoryIndex=\"3\">Curie</Keyword>"
-        "<Keyword CategoryIndex=\"\">Lost</Keyword><Keyword CategoryIndex=\"x\">Lost too</Keyword>"
-        "</Keywords>\r\n</Metadata>\r\n"));
-    const StoryRecord& story = bench.story;
-    EXPECT_EQ(story.author + "|" + story.email + "|" + story.group + "|" + story.initials,
-              "Jos\xC3\xA9 Martin|j@x.org|Sport|JM");
-    EXPECT_EQ(story.creation, (StoryTimestamp{"03/02/2025", "09:05"}));
-    EXPECT_EQ(story.lastSave.Display(), "04/02/2025 18:40");
-    EXPECT_EQ(story.publication + "|" + story.classification + "|" + story.sectionGeneral + "|" +
-                  story.subSectionGeneral,
-              "Herald & Times|News|World|Europe");
-    EXPECT_FALSE(story.usesLocalSections);
-    EXPECT_FALSE(story.coldStory);
-    EXPECT_EQ(story.publicationDate + "|" + story.publicationNumber + "|" + story.eventDate,
-              "05/02/2025|12|01/03/2025");
-    // A topic needs a numeric FormalItem; a keyword goes under its category's tree key.
-    EXPECT_EQ(story.taxonomy, (std::vector<TaxonomyTopic>{{"Arts", 1000000}, {"Sport", 15000000}}));
-    EXPECT_EQ(story.keywords, (std::vector<StoryKeyword>{{"K0", "Paris"}, {"K2", "Curie"}}));
+        "<Metadata><Taxonomy><Topic FormalItem=\"01000000\">Arts</Topic><Topic FormalItem=\"\">"
+        "Empty</Topic><Topic FormalItem=\"12a\">Mixed</Topic><Topic FormalItem=\" 15000000 \">"
+        "Sport</Topic></Taxonomy><Keywords><Keyword CategoryIndex=\"1\">Paris</Keyword><Keyword "
+        "CategoryIndex=\"\">Lost</Keyword><Keyword CategoryIndex=\"x\">Lost too</Keyword>"
+        "</Keywords></Metadata>"));
+    EXPECT_EQ(bench.story.taxonomy,
+              (std::vector<TaxonomyTopic>{{"Arts", 1000000}, {"Sport", 15000000}}));
+    EXPECT_EQ(bench.story.keywords, (std::vector<StoryKeyword>{{"K0", "Paris"}}));
 }
 
 TEST(ReadStoryMetadata, MissingRowsKeepTheResetValuesAndTheIdentityStays) {
@@ -116,16 +124,21 @@ TEST(ReadStoryMetadata, MissingRowsKeepTheResetValuesAndTheIdentityStays) {
     EXPECT_TRUE(bench.story.usesLocalSections);
     EXPECT_FALSE(bench.story.signatureEnabled);
 
-    bench.configuration.publications.classifiedGeneral = true;
+    // A section read decides, the last one read if there are several.
     bench.Read(
-        StoryXml("<Metadata><SectionGeneral>World</SectionGeneral>"
-                 "<CodeLocal2>77</CodeLocal2><PublicationDate>0</PublicationDate></Metadata>"));
+        StoryXml("<Metadata><SectionGeneral>World</SectionGeneral><PublicationDate>0"
+                 "</PublicationDate></Metadata>"));
+    EXPECT_FALSE(bench.story.usesLocalSections);
     EXPECT_TRUE(bench.story.coldStory);
     EXPECT_EQ(bench.story.publicationDate, "");
-    EXPECT_EQ(bench.story.codeLocal2, "77");
-    EXPECT_TRUE(bench.story.usesLocalSections);  // the last section read decides
-    bench.Read(StoryXml("<Metadata><PublicationDate>07/07/2027</PublicationDate></Metadata>"));
+    bench.configuration.publications.classifiedGeneral = true;
+    bench.Read(
+        StoryXml("<Metadata><SectionGeneral>World</SectionGeneral><CodeLocal2>77"
+                 "</CodeLocal2><PublicationDate>07/07/2027</PublicationDate></Metadata>"));
+    EXPECT_TRUE(bench.story.usesLocalSections);
     EXPECT_FALSE(bench.story.coldStory);
+    EXPECT_EQ(bench.story.codeLocal2, "77");
+    bench.Read(StoryXml("<Metadata/>"));
     EXPECT_FALSE(bench.story.usesLocalSections);  // as the configuration says
 }
 
