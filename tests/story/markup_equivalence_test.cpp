@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <vector>
 
 #include "common/utf8.h"
@@ -19,8 +18,10 @@ namespace {
 using testing::RandomStoryText;
 using testing::ReferenceStoryTextToTags;
 
-// True when every paired inline tag closes the innermost open one and none stays open.
-bool NestsProperly(std::u16string_view tags) {
+// True when every paired inline tag of the body closes the innermost open one and none stays
+// open.
+bool NestsProperly(const std::string& body, const MarkupSettings& settings) {
+    const std::u16string tags = Utf8ToUtf16(settings.utf8 ? body : Windows1252ToUtf8(body));
     std::vector<InlineTag> open;
     for (std::size_t position = 0; position < tags.size(); ++position) {
         const auto match = MatchInlineTag(tags, position);
@@ -36,24 +37,18 @@ bool NestsProperly(std::u16string_view tags) {
     return open.empty();
 }
 
-std::u16string Decoded(const std::string& body, const MarkupSettings& settings) {
-    return Utf8ToUtf16(settings.utf8 ? body : Windows1252ToUtf8(body));
-}
-
 TEST(MarkupEquivalence, RunsGiveTheBytesOfThePerCharacterConversion) {
     RandomStoryText random(20240611);
     int crossed = 0;
     for (int round = 0; round < 300; ++round) {
         std::vector<StyledText> texts;
+        StoryBodyInput input;
         for (int box = 0; box < kTextBoxCount; ++box)
             texts.push_back(random.Number(3) == 0 ? StyledText()
                                                   : random.Wild(1 + random.Number(40)));
-        StoryBodyInput input;
         for (int box = 0; box < kTextBoxCount; ++box) {
-            auto& target = input.boxes[static_cast<std::size_t>(box)];
-            target.text = &texts[static_cast<std::size_t>(box)];
-            target.caption = random.Caption();
-            target.charCount = random.Number(500);
+            input.boxes[static_cast<std::size_t>(box)] = {&texts[static_cast<std::size_t>(box)],
+                                                          random.Caption(), random.Number(500)};
         }
         input.settings.removeDuplicateSpaces = random.Number(4) != 0;
         input.settings.utf8 = random.Number(2) == 0;
@@ -63,10 +58,10 @@ TEST(MarkupEquivalence, RunsGiveTheBytesOfThePerCharacterConversion) {
 
         const std::string body = StoryTextToTags(input);
         ASSERT_EQ(body, ReferenceStoryTextToTags(input, true)) << "round " << round;
-        ASSERT_TRUE(NestsProperly(Decoded(body, input.settings))) << "round " << round;
+        ASSERT_TRUE(NestsProperly(body, input.settings)) << "round " << round;
         // Where the plain conversion already nests properly, the repair changes nothing.
         const std::string unrepaired = ReferenceStoryTextToTags(input, false);
-        if (NestsProperly(Decoded(unrepaired, input.settings)))
+        if (NestsProperly(unrepaired, input.settings))
             ASSERT_EQ(body, unrepaired) << "round " << round;
         else
             ++crossed;
@@ -101,14 +96,9 @@ TEST(MarkupEquivalence, ClusterPassesMatchWholeTextPassesOnAnyText) {
         u"<sup>",     u"</sup>",   u"<p/>",      u"<note>", u"</note>", u"<inter1>",
         u"</inter1>", u"<inter2>", u"</inter3>", u"<",      u">",       u"</",
         u"x",         u" ",        u"  ",        u"\t",     u"<inter",  u"1>"};
-    std::mt19937 engine(3);
+    RandomStoryText random(3);
     for (int round = 0; round < 3000; ++round) {
-        std::u16string text = u"a";
-        const int pieces = std::uniform_int_distribution<int>(0, 25)(engine);
-        for (int piece = 0; piece < pieces; ++piece)
-            text += kPieces[std::uniform_int_distribution<std::size_t>(
-                0, std::size(kPieces) - 1)(engine)];
-        text += u"z";
+        const std::u16string text = u"a" + random.Pieces(kPieces, 25) + u"z";
         std::u16string finished = text;
         FinishBodyText(finished, round % 2 == 0);
         ASSERT_EQ(finished, testing::ReferenceBodyPasses(text, round % 2 == 0))

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <random>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "story/story_markup.h"
 
 namespace tessarin::testing {
 
-inline constexpr OleColour kGrey = Rgb(175, 175, 175);
-
-// Random styled texts for comparing the conversions with their references.
+// Random styled texts and tag strings for comparing the conversions with their references.
 class RandomStoryText {
   public:
     explicit RandomStoryText(unsigned seed) : engine_(seed) {}
@@ -27,11 +27,17 @@ class RandomStoryText {
     // A caption with blanks and tabs but no markup.
     std::string Caption();
 
+    // Up to most pieces, each drawn from the list, end to end.
+    std::u16string Pieces(std::span<const std::u16string_view> pieces, int most);
+
     int Number(int below) { return std::uniform_int_distribution<int>(0, below - 1)(engine_); }
 
   private:
+    template <typename T>
+    const T& Pick(std::span<const T> choices) {
+        return choices[static_cast<std::size_t>(Number(static_cast<int>(choices.size())))];
+    }
     CharFormat WildFormat();
-    CharFormat TidyFormat();
 
     std::mt19937 engine_;
 };

@@ -11,70 +11,36 @@
 namespace tessarin::testing {
 namespace {
 
-using Row = std::pair<std::u16string_view, std::u16string_view>;
+// The replacement rows, "from to" separated by ", ", each applied over the whole body in turn.
+constexpr std::u16string_view kRows =
+    u"</b></i> </i></b>, <p/></i></b> </i></b><p/>, </b></u> </u></b>, "
+    u"<p/></u></b> </u></b><p/>, </sup></i></u> </u></i></sup>, </i></u> </u></i>, "
+    u"<p/></u></i> </u></i><p/>, <inter1></b> </b><inter1>, <inter1></i> </i><inter1>, "
+    u"<inter1></u> </u><inter1>, </inter1></b> </b></inter1>, </inter1></i> </i></inter1>, "
+    u"</inter1></u> </u></inter1>, </inter1></sup> </sup></inter1>, "
+    u"<inter2></b> </b><inter2>, <inter2></i> </i><inter2>, <inter2></u> </u><inter2>, "
+    u"</inter2></b> </b></inter2>, </inter2></i> </i></inter2>, </inter2></u> </u></inter2>, "
+    u"</inter2></sup> </sup></inter2>, <inter3></b> </b><inter3>, <inter3></i> </i><inter3>, "
+    u"<inter3></u> </u><inter3>, </inter3></b> </b></inter3>, </inter3></i> </i></inter3>, "
+    u"</inter3></u> </u></inter3>, </inter3></sup> </sup></inter3>, "
+    u"<inter1></inter2> </inter2><inter1>, <inter1></inter3> </inter3><inter1>, "
+    u"<inter1></note> </note><inter1>, <inter2></inter1> </inter1><inter2>, "
+    u"<inter2></inter3> </inter3><inter2>, <inter2></note> </note><inter2>, "
+    u"<inter3></inter1> </inter1><inter3>, <inter3></inter2> </inter2><inter3>, "
+    u"<inter3></note> </note><inter3>, </sup></i></b> </i></b></sup>, </sup></b> </b></sup>, "
+    u"</sup></i> </i></sup>, </sup></u> </u></sup>, <p/></i> </i><p/>, <p/></b> </b><p/>, "
+    u"<p/></u> </u><p/>, <p/></inter1> </inter1><p/>, <p/></inter2> </inter2><p/>, "
+    u"<p/></inter3> </inter3><p/>";
 
-constexpr std::array<Row, 47> kRows = {{
-    {u"</b></i>", u"</i></b>"},
-    {u"<p/></i></b>", u"</i></b><p/>"},
-    {u"</b></u>", u"</u></b>"},
-    {u"<p/></u></b>", u"</u></b><p/>"},
-    {u"</sup></i></u>", u"</u></i></sup>"},
-    {u"</i></u>", u"</u></i>"},
-    {u"<p/></u></i>", u"</u></i><p/>"},
-    {u"<inter1></b>", u"</b><inter1>"},
-    {u"<inter1></i>", u"</i><inter1>"},
-    {u"<inter1></u>", u"</u><inter1>"},
-    {u"</inter1></b>", u"</b></inter1>"},
-    {u"</inter1></i>", u"</i></inter1>"},
-    {u"</inter1></u>", u"</u></inter1>"},
-    {u"</inter1></sup>", u"</sup></inter1>"},
-    {u"<inter2></b>", u"</b><inter2>"},
-    {u"<inter2></i>", u"</i><inter2>"},
-    {u"<inter2></u>", u"</u><inter2>"},
-    {u"</inter2></b>", u"</b></inter2>"},
-    {u"</inter2></i>", u"</i></inter2>"},
-    {u"</inter2></u>", u"</u></inter2>"},
-    {u"</inter2></sup>", u"</sup></inter2>"},
-    {u"<inter3></b>", u"</b><inter3>"},
-    {u"<inter3></i>", u"</i><inter3>"},
-    {u"<inter3></u>", u"</u><inter3>"},
-    {u"</inter3></b>", u"</b></inter3>"},
-    {u"</inter3></i>", u"</i></inter3>"},
-    {u"</inter3></u>", u"</u></inter3>"},
-    {u"</inter3></sup>", u"</sup></inter3>"},
-    {u"<inter1></inter2>", u"</inter2><inter1>"},
-    {u"<inter1></inter3>", u"</inter3><inter1>"},
-    {u"<inter1></note>", u"</note><inter1>"},
-    {u"<inter2></inter1>", u"</inter1><inter2>"},
-    {u"<inter2></inter3>", u"</inter3><inter2>"},
-    {u"<inter2></note>", u"</note><inter2>"},
-    {u"<inter3></inter1>", u"</inter1><inter3>"},
-    {u"<inter3></inter2>", u"</inter2><inter3>"},
-    {u"<inter3></note>", u"</note><inter3>"},
-    {u"</sup></i></b>", u"</i></b></sup>"},
-    {u"</sup></b>", u"</b></sup>"},
-    {u"</sup></i>", u"</i></sup>"},
-    {u"</sup></u>", u"</u></sup>"},
-    {u"<p/></i>", u"</i><p/>"},
-    {u"<p/></b>", u"</b><p/>"},
-    {u"<p/></u>", u"</u><p/>"},
-    {u"<p/></inter1>", u"</inter1><p/>"},
-    {u"<p/></inter2>", u"</inter2><p/>"},
-    {u"<p/></inter3>", u"</inter3><p/>"},
-}};
+constexpr std::u16string_view kNoteRows =
+    u"<note></i> </i><note>, <i></note> </note><i>, <note></b> </b><note>, "
+    u"<b></note> </note><b>, <note></u> </u><note>, <u></note> </note><u>";
 
-constexpr std::array<Row, 6> kNoteRows = {{
-    {u"<note></i>", u"</i><note>"},
-    {u"<i></note>", u"</note><i>"},
-    {u"<note></b>", u"</b><note>"},
-    {u"<b></note>", u"</note><b>"},
-    {u"<note></u>", u"</u><note>"},
-    {u"<u></note>", u"</note><u>"},
-}};
-
-std::u16string Units(const std::string& ascii) {
-    return std::u16string(ascii.begin(), ascii.end());
-}
+// Characters written in a form of their own.
+constexpr std::pair<char16_t, std::u16string_view> kCharacterForms[] = {
+    {0xB7, u"&#160;"}, {u'\t', u"<tab/>"},  {u'&', u"&amp;"}, {u'\'', u"&apos;"},
+    {u'"', u"&quot;"}, {u'<', u"&lt;"},     {u'>', u"&gt;"},  {0x152, u"<OE/>"},
+    {0x153, u"<oe/>"}, {0x20AC, u"<euro/>"}};
 
 std::u16string Trim(const std::u16string& text) {
     const auto first = text.find_first_not_of(u' ');
@@ -117,40 +83,12 @@ class BodyWriter {
             return;
         }
         emptySeen_ = false;
-        switch (c) {
-            case 0xB7:
-                body_ += u"&#160;";
-                break;
-            case u'\t':
-                body_ += u"<tab/>";
-                break;
-            case u'&':
-                body_ += u"&amp;";
-                break;
-            case u'\'':
-                body_ += u"&apos;";
-                break;
-            case u'"':
-                body_ += u"&quot;";
-                break;
-            case u'<':
-                body_ += u"&lt;";
-                break;
-            case u'>':
-                body_ += u"&gt;";
-                break;
-            case 0x152:
-                body_ += u"<OE/>";
-                break;
-            case 0x153:
-                body_ += u"<oe/>";
-                break;
-            case 0x20AC:
-                body_ += u"<euro/>";
-                break;
-            default:
-                body_ += c;
-        }
+        const auto form = std::find_if(std::begin(kCharacterForms), std::end(kCharacterForms),
+                                       [c](const auto& entry) { return entry.first == c; });
+        if (form != std::end(kCharacterForms))
+            body_ += form->second;
+        else
+            body_ += c;
     }
 
     void End() {
@@ -179,6 +117,17 @@ class BodyWriter {
     bool inter1_ = false, inter2_ = false, inter3_ = false, sup_ = false, bold_ = false,
          note_ = false, italic_ = false, underline_ = false, emptySeen_ = false;
 };
+
+std::u16string ApplyRows(std::u16string body, std::u16string_view rows) {
+    for (std::size_t start = 0; start < rows.size();) {
+        const std::size_t end = std::min(rows.find(u", ", start), rows.size());
+        const std::u16string_view row = rows.substr(start, end - start);
+        const std::size_t blank = row.find(u' ');
+        body = LiteralReplace(body, row.substr(0, blank), row.substr(blank + 1));
+        start = end + 2;
+    }
+    return body;
+}
 
 std::string Encode(const std::u16string& text, bool utf8) {
     return utf8 ? EncodeUtf8Bytes(text) : Utf8ToWindows1252(Utf16ToUtf8(text));
@@ -218,12 +167,10 @@ std::int32_t ReferenceWordCount(const StyledText& text) {
 }
 
 std::u16string ReferenceBodyPasses(std::u16string body, bool removeDuplicateSpaces) {
-    for (const auto& [from, to] : kRows)
-        body = LiteralReplace(body, from, to);
+    body = ApplyRows(body, kRows);
     body = LiteralReplace(body, u"<p/>", u"<p/>\r\n");
     body = LiteralReplace(body, u"\t", u"");
-    for (const auto& [from, to] : kNoteRows)
-        body = LiteralReplace(body, from, to);
+    body = ApplyRows(body, kNoteRows);
     if (removeDuplicateSpaces) {
         for (std::size_t run = 6; run >= 2; --run)
             body = Trim(LiteralReplace(body, Blanks(run), u" "));
@@ -236,9 +183,9 @@ std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
     for (int box = 0; box < 7; ++box) {
         const MarkupBox& source = input.boxes[static_cast<std::size_t>(box)];
         if (source.text == nullptr || source.text->Empty()) continue;
-        body += u"<TextBox" + Units(std::to_string(box)) + u" CharCount=\"" +
-                Units(std::to_string(source.charCount)) + u"\" WordCount=\"" +
-                Units(std::to_string(ReferenceWordCount(*source.text))) + u"\" Name=\"" +
+        body += u"<TextBox" + Utf8ToUtf16(std::to_string(box)) + u" CharCount=\"" +
+                Utf8ToUtf16(std::to_string(source.charCount)) + u"\" WordCount=\"" +
+                Utf8ToUtf16(std::to_string(ReferenceWordCount(*source.text))) + u"\" Name=\"" +
                 Utf8ToUtf16(source.caption) + u"\">";
         StyledText draft = *source.text;
         for (auto hit = draft.Text().find(u"\u00B6\r\n"); hit != std::u16string::npos;
@@ -251,7 +198,7 @@ std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest) {
         writer.End();
         while (body.ends_with(u"<p/>"))
             body.resize(body.size() - 4);
-        body += u"</TextBox" + Units(std::to_string(box)) + u">\r\n";
+        body += u"</TextBox" + Utf8ToUtf16(std::to_string(box)) + u">\r\n";
     }
     body = ReferenceBodyPasses(body, input.settings.removeDuplicateSpaces);
     if (nest) body = NestInlineTags(body);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -11,55 +12,37 @@
 
 namespace tessarin::testing {
 
-inline CharFormat Plain() {
-    return {};
-}
-inline CharFormat Bold() {
+// Formats written as short codes: b, i, u for bold, italic and underline; n for a note's
+// anchor as the editor inserts it (protected, highlighted in the default bookmarks colour,
+// wavy underline); g for the grey of a non-breaking mark; 1, 2, 3 for the default inter
+// colours; s for superscript.
+inline constexpr std::array<std::pair<char, OleColour>, 4> kColourCodes = {
+    {{'g', Rgb(175, 175, 175)},
+     {'1', Rgb(0, 0, 255)},
+     {'2', Rgb(255, 0, 0)},
+     {'3', Rgb(0, 255, 0)}}};
+
+inline CharFormat Format(std::string_view codes) {
+    const auto has = [codes](char code) { return codes.find(code) != std::string_view::npos; };
     CharFormat format;
-    format.bold = true;
-    return format;
-}
-inline CharFormat Italic() {
-    CharFormat format;
-    format.italic = true;
-    return format;
-}
-inline CharFormat BoldItalic() {
-    CharFormat format = Bold();
-    format.italic = true;
-    return format;
-}
-inline CharFormat Underlined() {
-    CharFormat format;
-    format.underline = true;
-    return format;
-}
-inline CharFormat Coloured(OleColour colour, bool bold = false) {
-    CharFormat format;
-    format.colour = colour;
-    format.bold = bold;
-    return format;
-}
-inline CharFormat Superscript() {
-    CharFormat format;
-    format.offset = 100;
-    return format;
-}
-// A note's anchor as the editor inserts it.
-inline CharFormat Anchor(bool underline = false) {
-    CharFormat format;
-    format.isProtected = true;
-    format.highlighted = true;
-    format.highlight = Rgb(255, 255, 0);
-    format.waveUnderline = true;
-    format.underline = underline;
+    format.bold = has('b');
+    format.italic = has('i');
+    format.underline = has('u');
+    format.isProtected = format.highlighted = format.waveUnderline = has('n');
+    if (has('n')) format.highlight = Rgb(255, 255, 0);
+    format.offset = has('s') ? 100 : 0;
+    for (const auto& [code, colour] : kColourCodes) {
+        if (has(code)) format.colour = colour;
+    }
     return format;
 }
 
-inline StyledText Styled(std::initializer_list<std::pair<std::u16string_view, CharFormat>> pieces) {
+// A text from pieces, each with its format codes.
+inline StyledText Styled(
+    std::initializer_list<std::pair<std::u16string_view, std::string_view>> pieces) {
     StyledText text;
-    for (const auto& [piece, format] : pieces)
-        text.Insert(text.Length(), piece, format);
+    for (const auto& [piece, codes] : pieces)
+        text.Insert(text.Length(), piece, Format(codes));
     return text;
 }
 
@@ -75,11 +58,8 @@ inline std::string OneBoxBody(int index, const StyledText& text,
     return StoryTextToTags(input);
 }
 
-// A text as runs: each run's format in brackets, then its characters in UTF-8. The codes are
-// b, i, u for bold, italic and underline; n for a note anchor (protected, highlighted in the
-// default bookmarks colour, wavy underline); g for the grey of a non-breaking mark; 1, 2, 3
-// for the default inter colours; s for superscript with a font 3 points under 12; ? for any
-// other format.
+// A text as runs: each run's format codes in brackets, then its characters in UTF-8. As read
+// back, superscript also has a font 3 points under 12; "?" marks any other format.
 inline std::string Describe(const StyledText& text) {
     std::string described;
     for (const FormatRun& run : text.Runs()) {
@@ -88,26 +68,14 @@ inline std::string Describe(const StyledText& text) {
         if (format.bold) codes += 'b';
         if (format.italic) codes += 'i';
         if (format.underline) codes += 'u';
-        const bool note = format.isProtected && format.highlighted &&
-                          format.highlight == Rgb(255, 255, 0) && format.waveUnderline;
-        if (note)
-            codes += 'n';
-        else if (format.isProtected || format.highlighted || format.waveUnderline)
-            codes += '?';
-        if (format.colour == Rgb(175, 175, 175))
-            codes += 'g';
-        else if (format.colour == Rgb(0, 0, 255))
-            codes += '1';
-        else if (format.colour == Rgb(255, 0, 0))
-            codes += '2';
-        else if (format.colour == Rgb(0, 255, 0))
-            codes += '3';
-        else if (format.colour != 0)
-            codes += '?';
-        if (format.offset == 100 && format.fontSize == 9)
-            codes += 's';
-        else if (format.offset != 0 || format.fontSize != 0)
-            codes += '?';
+        if (format.isProtected) codes += 'n';
+        for (const auto& [code, colour] : kColourCodes) {
+            if (format.colour == colour) codes += code;
+        }
+        if (format.offset != 0) codes += 's';
+        CharFormat expected = Format(codes);
+        if (format.offset != 0) expected.fontSize = 9;
+        if (expected != format) codes += '?';
         described += "[" + codes + "]" + Utf16ToUtf8(text.Text(run.start, run.length));
     }
     return described;

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "common/scoped_environment.h"
 #include "common/xml_document.h"
+#include "full_story_file.h"
 #include "story_save_fixture.h"
+#include "support/replace_once.h"
 
 namespace tessarin {
 namespace {
@@ -27,184 +31,96 @@ class StoryFileWriterTest : public ::testing::Test {
     }
 };
 
-// The file is well-formed, and its values read back as they were.
-void ExpectReadsBack(const std::string& file) {
-    XmlDocument document;
-    ASSERT_TRUE(document.LoadBytes(file));
-    const XmlNode metadata = document.DocumentElement().SelectSingleNode("Metadata");
-    EXPECT_EQ(metadata.SelectSingleNode("Group").Text(), "Sport & Loisirs");
-    EXPECT_EQ(metadata.SelectSingleNode("PublicationDateFull").Text(),
-              "jeudi 20 f\u00e9vrier 2025");
-    EXPECT_EQ(metadata.SelectSingleNode("Genre").Text(), "Actualit\u00e9");
-}
-
-// Every row of the file, in ISO-8859-1 mode: each character one Windows-1252 byte, "?" for
-// one the code page lacks.
-const std::string kFullStoryIso =
-    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n"
-    "<!-- match__final.xml -->\r\n"
-    "<?xml-stylesheet type=\"text/xsl\" href = \"/opt/xsl/mod\xe8le.xsl\"?>\r\n"
-    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n"
-    "<Metadata>\r\n"
-    "<Author Name=\"Auteur\">Jean Dupont</Author>\r\n"
-    "<Email Name=\"Email\">jd@example.com</Email>\r\n"
-    "<Group Name=\"Group\">Sport &amp; Loisirs</Group>\r\n"
-    "<Initials Name=\"Initials\">JD</Initials>\r\n"
-    "<CreationDate Name=\"Creation date\">01/02/2025</CreationDate>"
-    "<CreationTime>08:15</CreationTime>\r\n"
-    "<LastSaveDate Name=\"Last save date\">20/02/2025</LastSaveDate>"
-    "<LastSaveTime>09:30</LastSaveTime>\r\n"
-    "<LastSaveAuthor>Jean Dupont</LastSaveAuthor>\r\n"
-    "<Publication Name=\"Publication\">Le Quotidien</Publication>\r\n"
-    "<Classification Name=\"Classification\">Sports</Classification>\r\n"
-    "<SectionGeneral Name=\"General section\">Football</SectionGeneral>\r\n"
-    "<SubSectionGeneral Name=\"General subsection\">Ligue 1</SubSectionGeneral>\r\n"
-    "<SectionLocal Name=\"Local section\">Lyon</SectionLocal>\r\n"
-    "<SubSectionLocal Name=\"Local subsection\">Gerland</SubSectionLocal>\r\n"
-    "<CodeLocal1 Name=\"Local code 1\">69</CodeLocal1>\r\n"
-    "<CodeLocal2 Name=\"Local code 2\">A&lt;B</CodeLocal2>\r\n"
-    "<PublicationDate Name=\"Publication date\">20/02/2025</PublicationDate>\r\n"
-    "<PublicationDateFull>jeudi 20 f\xe9vrier 2025</PublicationDateFull>\r\n"
-    "<PublicationNumber Name=\"Publication number\">123</PublicationNumber>\r\n"
-    "<EventDate Name=\"Event date\">19/02/2025</EventDate>\r\n"
-    "<EventDateFull>mercredi 19 f\xe9vrier 2025</EventDateFull>\r\n"
-    "<Taxonomy>\r\n"
-    "<Topic FormalItem=\"01000000\">Arts</Topic>\r\n"
-    "</Taxonomy>\r\n"
-    "<Keywords>\r\n"
-    "<Keyword CategoryName=\"Lieux [*]\" CategoryIndex=\"1\">Lyon</Keyword>\r\n"
-    "<Keyword CategoryName=\"Personnes\" CategoryIndex=\"3\">Aulas</Keyword>\r\n"
-    "</Keywords>\r\n"
-    "<Form Name=\"Story type\" Index=\"0\">Br\xe8ve</Form>\r\n"
-    "<Status Name=\"Status\" FormalItem=\"Valid\xe9\">Utilisable</Status>\r\n"
-    "<Genre Name=\"Genre\" FormalItem=\"Current\">Actualit\xe9</Genre>\r\n"
-    "</Metadata>\r\n"
-    "<Logs>\r\n"
-    "<Log Type=\"W\">Envoy\xe9 \xe0 Paul</Log>\r\n"
-    "<Log Type=\"\xe9\">Relu</Log>\r\n"
-    "</Logs>\r\n"
-    "<Body>\r\n"
-    "<TextBox0 CharCount=\"8\" WordCount=\"1\" Name=\"Text box 1\">Victoire</TextBox0>\r\n"
-    "<TextBox6 CharCount=\"16\" WordCount=\"4\" Name=\"Texte int\xe9gral\">Le club a gagn\xe9."
-    "</TextBox6>\r\n"
-    "<Signature>J. D.</Signature></Body>\r\n"
-    "<Notes>\r\n"
-    "<Note Name=\"V\xe9rifier\" Bookmark=\"true\">Chiffre\r\n\xe0 confirmer</Note>\r\n"
-    "<Note Name=\"Autre\">x ?</Note>\r\n"
-    "</Notes>\r\n"
-    "<Images>\r\n"
-    "<ImageBag>\r\n"
-    "<Image href=\"file:///photos/stade \xe9t\xe9.jpg\"/>\r\n"
-    "<Caption>Le stade</Caption>\r\n"
-    "<Credit>AFP</Credit>\r\n"
-    "<IPTCKeywords>foot; stade</IPTCKeywords>\r\n"
-    "</ImageBag>\r\n"
-    "</Images>\r\n"
-    "<Files>\r\n"
-    "<FileBag>\r\n"
-    "<File href=\"file:///docs/plan.pdf\"/>\r\n"
-    "<Description>Plan</Description>\r\n"
-    "</FileBag>\r\n"
-    "</Files>\r\n"
-    "</Story>\r\n";
-
-TEST_F(StoryFileWriterTest, FullStoryInIso88591) {
-    fixture_.ConfigureNewsroom();
-    const std::string file = Compose(StorySaveFixture::FullStory(), "match--final.xml");
-    EXPECT_EQ(file, kFullStoryIso);
-    ExpectReadsBack(file);
-}
-
 // In UTF-8 mode the escaped values and the body are UTF-8, while the style sheet, the formal
 // codes and the log types stay Windows-1252 bytes.
-TEST_F(StoryFileWriterTest, FullStoryInUtf8KeepsUnescapedValuesInTheCodePage) {
+TEST_F(StoryFileWriterTest, FullStoryInBothEncodings) {
     fixture_.ConfigureNewsroom();
+    EXPECT_EQ(Compose(StorySaveFixture::FullStory(), "match--final.xml"),
+              testing::kFullStoryFileIso);
     fixture_.configuration.general.storiesEncoding = "UTF-8";
-    std::string expected = kFullStoryIso;
-    const auto replace = [&expected](std::string_view from, std::string_view to) {
-        const std::size_t at = expected.find(from);
-        ASSERT_NE(at, std::string::npos) << from;
-        expected.replace(at, from.size(), to);
-    };
-    replace("encoding=\"ISO-8859-1\"", "encoding=\"UTF-8\"");
-    replace("jeudi 20 f\xe9vrier", "jeudi 20 f\xc3\xa9vrier");
-    replace("mercredi 19 f\xe9vrier", "mercredi 19 f\xc3\xa9vrier");
-    replace(">Br\xe8ve<", ">Br\xc3\xa8ve<");
-    replace(">Actualit\xe9<", ">Actualit\xc3\xa9<");
-    replace("Envoy\xe9 \xe0 Paul", "Envoy\xc3\xa9 \xc3\xa0 Paul");
-    replace("Texte int\xe9gral\">Le club a gagn\xe9.",
-            "Texte int\xc3\xa9gral\">Le club a gagn\xc3\xa9.");
-    replace("V\xe9rifier", "V\xc3\xa9rifier");
-    replace("Chiffre\r\n\xe0 confirmer", "Chiffre\r\n\xc3\xa0 confirmer");
-    replace(">x ?<", ">x \xc4\x81<");
-    replace("stade \xe9t\xe9.jpg", "stade \xc3\xa9t\xc3\xa9.jpg");
-    const std::string file = Compose(StorySaveFixture::FullStory(), "match--final.xml");
-    EXPECT_EQ(file, expected);
-    ExpectReadsBack(file);
-    // What stays one byte: the style sheet, a formal code and a log type.
-    EXPECT_NE(expected.find("mod\xe8le.xsl"), std::string::npos);
-    EXPECT_NE(expected.find("FormalItem=\"Valid\xe9\""), std::string::npos);
-    EXPECT_NE(expected.find("<Log Type=\"\xe9\">"), std::string::npos);
+    std::string expected = testing::kFullStoryFileIso;
+    for (const auto& [from, to] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"encoding=\"ISO-8859-1\"", "encoding=\"UTF-8\""},
+             {"jeudi 20 f\xe9vrier", "jeudi 20 f\xc3\xa9vrier"},
+             {"mercredi 19 f\xe9vrier", "mercredi 19 f\xc3\xa9vrier"},
+             {">Br\xe8ve<", ">Br\xc3\xa8ve<"},
+             {">Actualit\xe9<", ">Actualit\xc3\xa9<"},
+             {"Envoy\xe9 \xe0 Paul", "Envoy\xc3\xa9 \xc3\xa0 Paul"},
+             {"Texte int\xe9gral\">Le club a gagn\xe9.",
+              "Texte int\xc3\xa9gral\">Le club a gagn\xc3\xa9."},
+             {"V\xe9rifier", "V\xc3\xa9rifier"},
+             {"Chiffre\r\n\xe0 confirmer", "Chiffre\r\n\xc3\xa0 confirmer"},
+             {">x ?<", ">x \xc4\x81<"},
+             {"stade \xe9t\xe9.jpg", "stade \xc3\xa9t\xc3\xa9.jpg"}}) {
+        testing::ReplaceOnce(expected, from, to);
+    }
+    EXPECT_EQ(Compose(StorySaveFixture::FullStory(), "match--final.xml"), expected);
 }
 
 const std::string kOneWordStory =
-    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n"
-    "<!-- story.xml -->\r\n"
-    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n"
-    "<Metadata>\r\n"
-    "<CreationDate Name=\"Creation date\">20/02/2025</CreationDate>"
-    "<CreationTime>09:30</CreationTime>\r\n"
-    "<LastSaveDate Name=\"Last save date\">20/02/2025</LastSaveDate>"
-    "<LastSaveTime>09:30</LastSaveTime>\r\n"
-    "<LastSaveAuthor></LastSaveAuthor>\r\n"
-    "</Metadata>\r\n"
-    "<Body>\r\n"
-    "<TextBox6 CharCount=\"1\" WordCount=\"1\" Name=\"Text box 7\">x</TextBox6>\r\n"
-    "</Body>\r\n"
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<!-- story.xml -->\r\n"
+    "<Story AppName=\"Tessarin\" AppVersion=\"3.2.1\">\r\n<Metadata>\r\n"
+    "<CreationDate Name=\"Creation date\">20/02/2025</CreationDate><CreationTime>09:30"
+    "</CreationTime>\r\n"
+    "<LastSaveDate Name=\"Last save date\">20/02/2025</LastSaveDate><LastSaveTime>09:30"
+    "</LastSaveTime>\r\n<LastSaveAuthor></LastSaveAuthor>\r\n</Metadata>\r\n<Body>\r\n"
+    "<TextBox6 CharCount=\"1\" WordCount=\"1\" Name=\"Text box 7\">x</TextBox6>\r\n</Body>\r\n"
     "</Story>\r\n";
 
-// A new story: its creation is this save; empty values, lists and blocks are left out.
+// A new story: its creation is this save; empty values, lists and blocks are left out. Only
+// the exact value "UTF-8" chooses UTF-8.
 TEST_F(StoryFileWriterTest, NearlyEmptyStoryInBothEncodings) {
     EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), kOneWordStory);
     fixture_.configuration.general.storiesEncoding = "UTF-8";
     std::string expected = kOneWordStory;
-    expected.replace(expected.find("ISO-8859-1"), 10, "UTF-8");
+    testing::ReplaceOnce(expected, "ISO-8859-1", "UTF-8");
     EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), expected);
-    // Only the exact value "UTF-8" chooses UTF-8.
     fixture_.configuration.general.storiesEncoding = "utf-8";
     EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), kOneWordStory);
 }
 
-TEST_F(StoryFileWriterTest, ColdStoryIsDatedZeroWithoutLongDate) {
-    StoryRecord story = StorySaveFixture::OneWordStory();
-    story.coldStory = true;
-    const std::string file = Compose(story);
-    EXPECT_NE(file.find("<LastSaveAuthor></LastSaveAuthor>\r\n"
-                        "<PublicationDate Name=\"Publication date\">0</PublicationDate>\r\n"
-                        "</Metadata>"),
-              std::string::npos)
-        << file;
-}
-
-TEST_F(StoryFileWriterTest, LongDateOfTextThatIsNoDateIsTheTextItself) {
-    StoryRecord story = StorySaveFixture::OneWordStory();
-    story.publicationDate = "demain";
-    story.eventDate = "1-3-2025";  // any separator reads as the pattern's
-    const std::string file = Compose(story);
-    EXPECT_NE(file.find("<PublicationDate Name=\"Publication date\">demain</PublicationDate>\r\n"
-                        "<PublicationDateFull>demain</PublicationDateFull>\r\n"
-                        "<EventDate Name=\"Event date\">1-3-2025</EventDate>\r\n"
-                        "<EventDateFull>samedi 1 mars 2025</EventDateFull>\r\n"),
-              std::string::npos)
-        << file;
-}
-
-TEST_F(StoryFileWriterTest, CommentAndEscapingOfTheFileName) {
-    const std::string file = Compose(StorySaveFixture::OneWordStory(), "a---b&c--.xml");
-    EXPECT_NE(file.find("\r\n<!-- a__-b&amp;c__.xml -->\r\n"), std::string::npos) << file;
-}
-
-TEST_F(StoryFileWriterTest, CharacterOutsideTheBasicPlaneInUtf8IsTwoThreeByteGroups) {
+TEST_F(StoryFileWriterTest, RowsOfOneWordStoriesWithOneChange) {
+    const struct {
+        std::function<void(StoryRecord&)> change;
+        const char* fileName;
+        const char* from;
+        const char* to;
+    } rows[] = {
+        // A cold story is dated 0, without long date.
+        {[](StoryRecord& story) { story.coldStory = true; }, "story.xml", "</Metadata>",
+         "<PublicationDate Name=\"Publication date\">0</PublicationDate>\r\n</Metadata>"},
+        // The long date of a text that is no date is the text; any separator reads as the
+        // pattern's.
+        {[](StoryRecord& story) {
+             story.publicationDate = "demain";
+             story.eventDate = "1-3-2025";
+         },
+         "story.xml", "</Metadata>",
+         "<PublicationDate Name=\"Publication date\">demain</PublicationDate>\r\n"
+         "<PublicationDateFull>demain</PublicationDateFull>\r\n"
+         "<EventDate Name=\"Event date\">1-3-2025</EventDate>\r\n"
+         "<EventDateFull>samedi 1 mars 2025</EventDateFull>\r\n</Metadata>"},
+        {[](StoryRecord&) {}, "a---b&c--.xml", "<!-- story.xml -->", "<!-- a__-b&amp;c__.xml -->"},
+        // A picture without path is left out, and so are the empty optional lines.
+        {[](StoryRecord& story) {
+             story.images = {{1, "", "perdue", "", {}},
+                             {2, "/p/a\"b.jpg", "", "", {"un", "", "deux"}}};
+             story.files = {{1, "/docs/note.txt", ""}};
+         },
+         "story.xml", "</Body>\r\n",
+         "</Body>\r\n<Images>\r\n<ImageBag>\r\n<Image href=\"file:///p/a&quot;b.jpg\"/>\r\n"
+         "<IPTCKeywords>un; ; deux</IPTCKeywords>\r\n</ImageBag>\r\n</Images>\r\n<Files>\r\n"
+         "<FileBag>\r\n<File href=\"file:///docs/note.txt\"/>\r\n</FileBag>\r\n</Files>\r\n"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.to);
+        StoryRecord story = StorySaveFixture::OneWordStory();
+        row.change(story);
+        std::string expected = kOneWordStory;
+        testing::ReplaceOnce(expected, row.from, row.to);
+        EXPECT_EQ(Compose(story, row.fileName), expected);
+    }
+    // In UTF-8, a character outside the Basic Multilingual Plane is two three-byte groups.
     fixture_.configuration.general.storiesEncoding = "UTF-8";
     StoryRecord story = StorySaveFixture::OneWordStory();
     story.author = "A\U0001F600";
@@ -212,7 +128,7 @@ TEST_F(StoryFileWriterTest, CharacterOutsideTheBasicPlaneInUtf8IsTwoThreeByteGro
               std::string::npos);
 }
 
-TEST_F(StoryFileWriterTest, KeywordsOnlyUnderConfiguredCategories) {
+TEST_F(StoryFileWriterTest, KeywordsOnlyUnderConfiguredCategoriesAndTopicsByNumber) {
     fixture_.ConfigureNewsroom();
     StoryRecord story = StorySaveFixture::OneWordStory();
     story.keywords = {{"7K", "Orphelin"}};
@@ -228,6 +144,11 @@ TEST_F(StoryFileWriterTest, KeywordsOnlyUnderConfiguredCategories) {
               std::string::npos);
     fixture_.configuration.keywordsOn = false;
     EXPECT_EQ(Compose(story).find("<Keywords>"), std::string::npos);
+    // A topic without a node in the tree keeps its number.
+    story.taxonomy = {{"Inconnu", 42}, {"Arts", 1000000}};
+    EXPECT_NE(Compose(story).find("<Taxonomy>\r\n<Topic FormalItem=\"42\">Inconnu</Topic>\r\n"
+                                  "<Topic FormalItem=\"01000000\">Arts</Topic>\r\n</Taxonomy>\r\n"),
+              std::string::npos);
 }
 
 TEST_F(StoryFileWriterTest, SwitchedOffOrHiddenPartsAreLeftOut) {
@@ -245,38 +166,6 @@ TEST_F(StoryFileWriterTest, SwitchedOffOrHiddenPartsAreLeftOut) {
         EXPECT_EQ(file.find(left), std::string::npos) << left;
     }
     EXPECT_NE(file.find("<Genre "), std::string::npos);
-}
-
-TEST_F(StoryFileWriterTest, TopicWithoutTreeNodeKeepsItsNumber) {
-    fixture_.ConfigureNewsroom();
-    StoryRecord story = StorySaveFixture::OneWordStory();
-    story.taxonomy = {{"Inconnu", 42}, {"Arts", 1000000}};
-    EXPECT_NE(Compose(story).find("<Taxonomy>\r\n"
-                                  "<Topic FormalItem=\"42\">Inconnu</Topic>\r\n"
-                                  "<Topic FormalItem=\"01000000\">Arts</Topic>\r\n"
-                                  "</Taxonomy>\r\n"),
-              std::string::npos);
-}
-
-TEST_F(StoryFileWriterTest, AttachmentsWithoutPathAndOptionalLines) {
-    StoryRecord story = StorySaveFixture::OneWordStory();
-    story.images = {{1, "", "perdue", "", {}}, {2, "/p/a\"b.jpg", "", "", {"un", "", "deux"}}};
-    story.files = {{1, "/docs/note.txt", ""}};
-    const std::string file = Compose(story);
-    EXPECT_NE(file.find("<Images>\r\n"
-                        "<ImageBag>\r\n"
-                        "<Image href=\"file:///p/a&quot;b.jpg\"/>\r\n"
-                        "<IPTCKeywords>un; ; deux</IPTCKeywords>\r\n"
-                        "</ImageBag>\r\n"
-                        "</Images>\r\n"
-                        "<Files>\r\n"
-                        "<FileBag>\r\n"
-                        "<File href=\"file:///docs/note.txt\"/>\r\n"
-                        "</FileBag>\r\n"
-                        "</Files>\r\n"
-                        "</Story>\r\n"),
-              std::string::npos)
-        << file;
 }
 
 TEST(LinkedFileReference, AbsolutePathGivesThreeSlashes) {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
 #include "common/utf8.h"
 #include "common/xml_document.h"
+#include "markup_random.h"
 #include "story/rescue_attribute_cut.h"
 #include "story/story_href.h"
 #include "story/story_plain_text.h"
@@ -13,21 +13,20 @@
 namespace tessarin {
 namespace {
 
-// ---- Hrefs ------------------------------------------------------------------------------
-
 TEST(StoryHref, EveryFormThatStoriesHoldNamesItsFile) {
-    EXPECT_EQ(PathFromStoryHref("file:///home/ann/photo.jpg"), "/home/ann/photo.jpg");
-    EXPECT_EQ(PathFromStoryHref("file:///C:\\Photos\\a.jpg"), "C:/Photos/a.jpg");
-    EXPECT_EQ(PathFromStoryHref("file:///c:/Photos/a.jpg"), "c:/Photos/a.jpg");
-    EXPECT_EQ(PathFromStoryHref("file://\\\\server\\share\\a.jpg"), "//server/share/a.jpg");
-    EXPECT_EQ(PathFromStoryHref("/srv/Le%20Caf%c3%a9%20bar.jpg"), "/srv/Le Caf\xC3\xA9 bar.jpg");
-    EXPECT_EQ(PathFromStoryHref("/srv/Le%C3%A9%2F.jpg"),
-              "/srv/Le%C3%A9%2F.jpg");  // no other decoding
-    EXPECT_EQ(PathFromStoryHref("photo.jpg"), "photo.jpg");
-    EXPECT_EQ(PathFromStoryHref(""), "");
+    const std::pair<const char*, const char*> rows[] = {
+        {"file:///home/ann/photo.jpg", "/home/ann/photo.jpg"},
+        {"file:///C:\\Photos\\a.jpg", "C:/Photos/a.jpg"},
+        {"file:///c:/Photos/a.jpg", "c:/Photos/a.jpg"},
+        {"file://\\\\server\\share\\a.jpg", "//server/share/a.jpg"},
+        {"/srv/Le%20Caf%c3%a9%20bar.jpg", "/srv/Le Caf\xC3\xA9 bar.jpg"},
+        {"/srv/Le%C3%A9%2F.jpg", "/srv/Le%C3%A9%2F.jpg"},  // no other decoding
+        {"photo.jpg", "photo.jpg"},
+        {"", ""},
+    };
+    for (const auto& [href, path] : rows)
+        EXPECT_EQ(PathFromStoryHref(href), path) << href;
 }
-
-// ---- The attribute cut of the rescue ----------------------------------------------------
 
 std::u16string TrimBlanks(std::u16string_view text) {
     const std::size_t first = text.find_first_not_of(u' ');
@@ -47,62 +46,45 @@ std::u16string CutByTheLoop(std::u16string text, std::u16string_view marker) {
     return text;
 }
 
-TEST(RescueAttributeCut, BoxTagsLoseTheirCounters) {
-    EXPECT_EQ(CutAttributeMarkers(u"<TextBox3 CharCount=\"12\" WordCount=\"3\" Name=\"T\">x y ",
-                                  u" CharCount=\""),
-              u"<TextBox3>x y");
-    EXPECT_EQ(CutAttributeMarkers(u"  a CharCount=\"12 b ", u" CharCount=\""), u"at=\"12 b");
-    EXPECT_EQ(CutAttributeMarkers(u" no marker  ", u" CharCount=\""), u" no marker  ");
+TEST(RescueAttributeCut, AgreesWithTheLoopAndStaysLinear) {
+    constexpr std::u16string_view kMarker = u" CharCount=\"";
+    EXPECT_EQ(
+        CutAttributeMarkers(u"<TextBox3 CharCount=\"12\" WordCount=\"3\" Name=\"T\">x y ", kMarker),
+        u"<TextBox3>x y");
     // A cut that brings the pieces of a marker together cuts again.
-    EXPECT_EQ(CutAttributeMarkers(u"x CharCoun CharCount=\"", u" CharCount=\""), u"xt=\"");
-}
-
-TEST(RescueAttributeCut, AgreesWithTheLoopOnRandomTexts) {
-    const std::u16string_view pieces[] = {
+    EXPECT_EQ(CutAttributeMarkers(u"x CharCoun CharCount=\"", kMarker), u"xt=\"");
+    constexpr std::u16string_view kPieces[] = {
         u" CharCount=\"", u"\">", u" ", u"x", u"\"", u">", u"t=\"", u" CharCoun", u"nt=\"", u"  "};
-    std::mt19937 random(7);
+    testing::RandomStoryText random(7);
     for (int round = 0; round < 5000; ++round) {
-        std::u16string text;
-        const int count = static_cast<int>(random() % 12);
-        for (int piece = 0; piece < count; ++piece)
-            text += pieces[random() % std::size(pieces)];
-        EXPECT_EQ(CutAttributeMarkers(text, u" CharCount=\""), CutByTheLoop(text, u" CharCount=\""))
+        const std::u16string text = random.Pieces(kPieces, 11);
+        EXPECT_EQ(CutAttributeMarkers(text, kMarker), CutByTheLoop(text, kMarker))
             << Utf16ToUtf8(text);
     }
-}
-
-TEST(RescueAttributeCut, ManyMarkersWithoutAnEndStayLinear) {
-    std::u16string text;
+    std::u16string markers;
     for (int copy = 0; copy < 200'000; ++copy)
-        text += u" CharCount=\"";
-    EXPECT_EQ(CutAttributeMarkers(text, u" CharCount=\"").size(), 200'000u * 3);
+        markers += kMarker;
+    EXPECT_EQ(CutAttributeMarkers(markers, kMarker).size(), 200'000u * 3);
 }
 
-// ---- The text a rescue reads ------------------------------------------------------------
-
-TEST(StoryFileText, TheDeclarationDecidesBetweenWindows1252AndUtf8) {
+TEST(StoryFileText, TheDeclarationDecidesTheEncodingAndTheRescueNeedsABody) {
     EXPECT_EQ(
         DecodeStoryFileText("<?xml version=\"1.0\" encoding=\"iso-8859-1\" ?><a>\x80\xE9</a>"),
         u"<?xml version=\"1.0\" encoding=\"iso-8859-1\" ?><a>\u20AC\u00E9</a>");
     EXPECT_EQ(DecodeStoryFileText("<?xml version='1.0' encoding='UTF-8'?>\xC3\xA9\xE9"),
               u"<?xml version='1.0' encoding='UTF-8'?>\u00E9\u00E9");
     EXPECT_EQ(DecodeStoryFileText("no prolog \xE2\x82\xAC"), u"no prolog \u20AC");
-}
 
-TEST(StoryFileText, RescueNeedsABodyOpenedThenClosed) {
     EXPECT_FALSE(RescueStoryBoxes(u"</Body><Body>", {}, {}));
     EXPECT_FALSE(RescueStoryBoxes(u"<Body>", {}, {}));
     const auto boxes = RescueStoryBoxes(
-        u"<Body><TextBox2>b</TextBox2></TextBox1><TextBox1>"
-        u"<TextBox6>six</TextBox6></Body>",
-        {}, {});
+        u"<Body><TextBox2>b</TextBox2></TextBox1><TextBox1><TextBox6>six</TextBox6></Body>", {},
+        {});
     ASSERT_TRUE(boxes);
     EXPECT_EQ((*boxes)[2].Text(), u"b");
     EXPECT_TRUE((*boxes)[1].Empty());  // its closing tag stands before the opening one
     EXPECT_EQ((*boxes)[6].Text(), u"</TextBox1><TextBox1><TextBox6>six");
 }
-
-// ---- The plain text of the send list's preview -------------------------------------------
 
 std::string PlainTextOf(std::string_view story) {
     XmlDocument document;
@@ -110,6 +92,7 @@ std::string PlainTextOf(std::string_view story) {
     return StoryPlainText(document.DocumentElement());
 }
 
+// The plain text of the send list's preview.
 TEST(StoryPlainText, BoxesBecomePlainLinesWithoutNotes) {
     EXPECT_EQ(
         PlainTextOf(
@@ -121,9 +104,6 @@ TEST(StoryPlainText, BoxesBecomePlainLinesWithoutNotes) {
             "&#160;<u></u><tab/><b><note>kept</note></b></TextBox6>\r\n"
             "<Signature>AL</Signature></Body></Story>"),
         "Bignews\r\nLead 5\xE2\x82\xAC c\xC5\x93ur \xC5\x92\r\nx2 < <b> \xC2\xA0<tab/>kept\r\n");
-}
-
-TEST(StoryPlainText, AStoryWithoutBoxesHasNoText) {
     EXPECT_EQ(PlainTextOf("<Story><Body><TextBox7>x</TextBox7><TextBox3/></Body></Story>"), "\r\n");
     EXPECT_EQ(PlainTextOf("<Story/>"), "");
 }

@@ -3,14 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/user_interaction.h"
-#include "app/window_state.h"
-#include "config/configuration.h"
+#include "common/utf8.h"
 #include "config/messages_section.h"
-#include "config/preferences.h"
-#include "story/story_context.h"
 #include "story/story_file_reader.h"
-#include "story/story_record.h"
+#include "story_save_fixture.h"
 #include "support/temp_dir.h"
 
 namespace tessarin::testing {
@@ -26,27 +22,22 @@ inline std::string StoryXml(std::string_view inside,
 
 // Everything ReadStory needs, with every message at its default text and the answers
 // scripted (Yes unless queued otherwise).
-struct ReaderBench {
+struct ReaderBench : StorySaveFixture {
     ReaderBench() {
-        for (const MessageDefault& message : MessageDefaults()) {
+        for (const MessageDefault& message : MessageDefaults())
             configuration.messages.Set(message.key, std::string(message.text));
-        }
     }
 
     TempDir folder;
-    Configuration configuration;
-    WindowState window;
-    Preferences preferences;
-    ScriptedInteraction user;
-    StoryContext context{configuration, window, preferences, user};
+    StoryContext context = Context();
     StoryRecord story;
 
-    std::filesystem::path Write(std::string_view bytes, std::string_view name = "story.xml") {
-        return folder.Write(name, bytes);
-    }
+    std::filesystem::path Write(std::string_view bytes) { return folder.Write("story.xml", bytes); }
     StoryReadOutcome Read(std::string_view bytes) {
         return ReadStory(Write(bytes), context, story);
     }
+    // The plain text of a box of the story read.
+    std::string Box(int index) const { return Utf16ToUtf8(story.boxes[index].Text()); }
 };
 
 }  // namespace tessarin::testing
