@@ -1,16 +1,10 @@
 #include "attachments/iptc_display.h"
 
+#include "common/text_replace.h"
 #include "common/windows1252.h"
 
 namespace tessarin {
 namespace {
-
-void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-    for (std::size_t found = text.find(from); found != std::string::npos;
-         found = text.find(from, found + to.size())) {
-        text.replace(found, from.size(), to);
-    }
-}
 
 // One replacement of the accents table: a Windows-1252 character given by its code, or,
 // when the code is 0, a temporary mark.
@@ -45,7 +39,7 @@ void RestoreMacintoshAccents(std::string& text) {
         const std::string source = entry.code == 0
                                        ? std::string(entry.mark)
                                        : Windows1252ToUtf8(std::string(1, char(entry.code)));
-        ReplaceAll(text, source, entry.replacement);
+        ReplaceAllInText(text, source, entry.replacement);
     }
 }
 
@@ -54,7 +48,7 @@ void RestoreMacintoshAccents(std::string& text) {
 std::string DisplayText(std::string_view value, bool macintoshAccents) {
     std::string text(value);
     for (std::string_view lineBreak : {"\r\n", "\r", "\n", "\t"})
-        ReplaceAll(text, lineBreak, "/");
+        ReplaceAllInText(text, lineBreak, "/");
     if (macintoshAccents) RestoreMacintoshAccents(text);
     return text;
 }
