@@ -61,11 +61,22 @@ std::string IptcLabel(const InterfaceSettings& interface, const IptcDataset& dat
 std::vector<IptcDisplayLine> IptcDisplayLines(const IptcData& data,
                                               const InterfaceSettings& interface,
                                               bool macintoshAccents) {
+    const bool restoreAccents = macintoshAccents && !data.declaredUtf8;
     std::vector<IptcDisplayLine> lines;
     for (const IptcDataset& dataset : IptcDatasets()) {
         const std::string value = data.Value(dataset.number);
         if (value.empty()) continue;
-        lines.push_back({IptcLabel(interface, dataset), DisplayText(value, macintoshAccents)});
+        lines.push_back({IptcLabel(interface, dataset), DisplayText(value, restoreAccents)});
+    }
+    return lines;
+}
+
+std::vector<std::string> IptcSegmentLines(const IptcData& data, bool macintoshAccents) {
+    const bool restoreAccents = macintoshAccents && !data.declaredUtf8;
+    std::vector<std::string> lines;
+    for (const IptcUnnamedDataset& dataset : data.unnamed) {
+        lines.push_back("Segment " + std::to_string(dataset.number) + ": " +
+                        DisplayText(dataset.text, restoreAccents));
     }
     return lines;
 }
