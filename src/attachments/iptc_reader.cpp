@@ -5,6 +5,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "attachments/iptc_jpeg_head.h"
 #include "attachments/iptc_records.h"
 #include "attachments/iptc_scanner.h"
 
@@ -51,6 +52,24 @@ constexpr IptcDataset kDatasets[kIptcDatasetCount] = {
 // clang-format on
 
 constexpr std::string_view kJpegStart = "\xFF\xD8";
+
+// The whole file in memory, scanned from its start to its end.
+IptcData ReadWholeFile(const std::filesystem::path& picture) {
+    std::ifstream stream(picture, std::ios::binary);
+    char start[2] = {};
+    if (!stream.read(start, 2) || std::string_view(start, 2) != kJpegStart) return {};
+
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(picture, error);
+    std::string bytes(error ? 0 : size, '\0');
+    stream.seekg(0);
+    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+
+    IptcData data = ReadIptcBytes(bytes);
+    data.shortRead = error || bytes.size() != size;
+    return data;
+}
 
 }  // namespace
 
@@ -100,20 +119,8 @@ IptcData ReadIptcBytes(std::string_view bytes) {
 }
 
 IptcData ReadIptc(const std::filesystem::path& picture) {
-    std::ifstream stream(picture, std::ios::binary);
-    char start[2] = {};
-    if (!stream.read(start, 2) || std::string_view(start, 2) != kJpegStart) return {};
-
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(picture, error);
-    std::string bytes(error ? 0 : size, '\0');
-    stream.seekg(0);
-    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(stream.gcount()));
-
-    IptcData data = ReadIptcBytes(bytes);
-    data.shortRead = error || bytes.size() != size;
-    return data;
+    if (std::optional<IptcData> data = ReadIptcFromJpegHead(picture)) return std::move(*data);
+    return ReadWholeFile(picture);
 }
 
 }  // namespace tessarin

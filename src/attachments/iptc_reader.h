@@ -69,10 +69,12 @@ struct IptcData {
 };
 
 // Reads the IPTC data of a picture. A file that cannot be opened or does not begin with
-// the JPEG start marker 0xFF 0xD8 gives no data at all.
+// the JPEG start marker 0xFF 0xD8 gives no data at all. The result is that of the scan of
+// the whole file; when the picture's segments before its image data hold everything the
+// scan finds, the file is not held in memory whole.
 IptcData ReadIptc(const std::filesystem::path& picture);
 
-// The same scan over bytes already in memory (the whole file).
+// The scan of the whole file over its bytes already in memory.
 IptcData ReadIptcBytes(std::string_view bytes);
 
 }  // namespace tessarin
