@@ -1,6 +1,8 @@
 #include "attachments/iptc_jpeg_head.h"
 
+#include <algorithm>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -23,21 +25,24 @@ constexpr unsigned char kFirstRestart = 0xD0;
 constexpr unsigned char kLastRestart = 0xD7;
 
 // A file read from its start a chunk at a time: the start is kept as long as the walk of
-// the segments needs it, the rest passes through one chunk.
+// the segments needs it, the rest passes through one chunk. The buffers are not cleared
+// before the file's bytes are read into them.
 class PictureFile {
   public:
     explicit PictureFile(const std::filesystem::path& picture)
         : stream_(picture, std::ios::binary) {}
 
     // The bytes kept from the start.
-    std::string_view Start() const { return start_; }
+    std::string_view Start() const { return {start_.get(), startSize_}; }
     std::uintmax_t BytesRead() const { return bytesRead_; }
 
     // True when the start kept holds `count` bytes, reading more as needed.
     bool Holds(std::size_t count) {
-        while (start_.size() < count) {
-            if (!ReadChunk()) return false;
-            start_ += chunk_;
+        while (startSize_ < count) {
+            if (startSize_ + kChunkSize > startCapacity_) GrowStart();
+            const std::size_t read = ReadChunk(start_.get() + startSize_);
+            if (read == 0) return false;
+            startSize_ += read;
         }
         return true;
     }
@@ -52,26 +57,37 @@ class PictureFile {
         const std::string_view kept = Start().substr(from);
         if (FindApp13Marker(kept, 0) != std::string_view::npos) return true;
         bool previousIsMarkerStart = !kept.empty() && kept.back() == char(kMarkerStart);
-        while (ReadChunk()) {
-            if (previousIsMarkerStart && chunk_.front() == char(kApp13)) return true;
-            if (FindApp13Marker(chunk_, 0) != std::string_view::npos) return true;
-            previousIsMarkerStart = chunk_.back() == char(kMarkerStart);
+        const auto chunk = std::make_unique_for_overwrite<char[]>(kChunkSize);
+        for (std::size_t read = ReadChunk(chunk.get()); read != 0; read = ReadChunk(chunk.get())) {
+            const std::string_view bytes(chunk.get(), read);
+            if (previousIsMarkerStart && bytes.front() == char(kApp13)) return true;
+            if (FindApp13Marker(bytes, 0) != std::string_view::npos) return true;
+            previousIsMarkerStart = bytes.back() == char(kMarkerStart);
         }
         return false;
     }
 
   private:
-    bool ReadChunk() {
-        chunk_.resize(kChunkSize);
-        stream_.read(chunk_.data(), static_cast<std::streamsize>(kChunkSize));
-        chunk_.resize(static_cast<std::size_t>(stream_.gcount()));
-        bytesRead_ += chunk_.size();
-        return !chunk_.empty();
+    // Reads at most a chunk into `buffer` and returns how many bytes came: 0 at the end of
+    // the file or on an error.
+    std::size_t ReadChunk(char* buffer) {
+        stream_.read(buffer, static_cast<std::streamsize>(kChunkSize));
+        const auto read = static_cast<std::size_t>(stream_.gcount());
+        bytesRead_ += read;
+        return read;
+    }
+
+    void GrowStart() {
+        startCapacity_ = std::max(2 * startCapacity_, startSize_ + kChunkSize);
+        auto grown = std::make_unique_for_overwrite<char[]>(startCapacity_);
+        std::copy_n(start_.get(), startSize_, grown.get());
+        start_ = std::move(grown);
     }
 
     std::ifstream stream_;
-    std::string start_;
-    std::string chunk_;
+    std::unique_ptr<char[]> start_;
+    std::size_t startSize_ = 0;
+    std::size_t startCapacity_ = 0;
     std::uintmax_t bytesRead_ = 0;
 };
 
