@@ -9,10 +9,7 @@ namespace tessarin {
 namespace {
 
 const IptcDataset& Dataset(int number) {
-    for (const IptcDataset& dataset : IptcDatasets()) {
-        if (dataset.number == number) return dataset;
-    }
-    return IptcDatasets().front();
+    return IptcDatasets()[IptcDatasetIndex(number).value_or(0)];
 }
 
 bool Mandatory(const EditorSession& session, int dataset) {

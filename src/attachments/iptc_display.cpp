@@ -1,16 +1,10 @@
 #include "attachments/iptc_display.h"
 
+#include "common/text_replace.h"
 #include "common/windows1252.h"
 
 namespace tessarin {
 namespace {
-
-void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-    for (std::size_t found = text.find(from); found != std::string::npos;
-         found = text.find(from, found + to.size())) {
-        text.replace(found, from.size(), to);
-    }
-}
 
 // One replacement of the accents table: a Windows-1252 character given by its code, or,
 // when the code is 0, a temporary mark.
@@ -45,7 +39,7 @@ void RestoreMacintoshAccents(std::string& text) {
         const std::string source = entry.code == 0
                                        ? std::string(entry.mark)
                                        : Windows1252ToUtf8(std::string(1, char(entry.code)));
-        ReplaceAll(text, source, entry.replacement);
+        ReplaceAllInText(text, source, entry.replacement);
     }
 }
 
@@ -54,7 +48,7 @@ void RestoreMacintoshAccents(std::string& text) {
 std::string DisplayText(std::string_view value, bool macintoshAccents) {
     std::string text(value);
     for (std::string_view lineBreak : {"\r\n", "\r", "\n", "\t"})
-        ReplaceAll(text, lineBreak, "/");
+        ReplaceAllInText(text, lineBreak, "/");
     if (macintoshAccents) RestoreMacintoshAccents(text);
     return text;
 }
@@ -67,11 +61,22 @@ std::string IptcLabel(const InterfaceSettings& interface, const IptcDataset& dat
 std::vector<IptcDisplayLine> IptcDisplayLines(const IptcData& data,
                                               const InterfaceSettings& interface,
                                               bool macintoshAccents) {
+    const bool restoreAccents = macintoshAccents && !data.declaredUtf8;
     std::vector<IptcDisplayLine> lines;
     for (const IptcDataset& dataset : IptcDatasets()) {
         const std::string value = data.Value(dataset.number);
         if (value.empty()) continue;
-        lines.push_back({IptcLabel(interface, dataset), DisplayText(value, macintoshAccents)});
+        lines.push_back({IptcLabel(interface, dataset), DisplayText(value, restoreAccents)});
+    }
+    return lines;
+}
+
+std::vector<std::string> IptcSegmentLines(const IptcData& data, bool macintoshAccents) {
+    const bool restoreAccents = macintoshAccents && !data.declaredUtf8;
+    std::vector<std::string> lines;
+    for (const IptcUnnamedDataset& dataset : data.unnamed) {
+        lines.push_back("Segment " + std::to_string(dataset.number) + ": " +
+                        DisplayText(dataset.text, restoreAccents));
     }
     return lines;
 }

@@ -26,9 +26,14 @@ struct IptcDisplayLine {
 };
 
 // One line for each named dataset with a value, in the table's order, the value through
-// DisplayText.
+// DisplayText. The Macintosh accents are restored only in texts of the 8-bit code page: a
+// picture that declares its texts UTF-8 has its accents already.
 std::vector<IptcDisplayLine> IptcDisplayLines(const IptcData& data,
                                               const InterfaceSettings& interface,
                                               bool macintoshAccents);
+
+// One line "Segment <number>: <text>" for each dataset the table does not name, in file
+// order, the text through DisplayText as above.
+std::vector<std::string> IptcSegmentLines(const IptcData& data, bool macintoshAccents);
 
 }  // namespace tessarin

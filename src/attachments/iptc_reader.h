@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,6 +29,9 @@ inline constexpr std::size_t kIptcDatasetCount = 34;
 // The named datasets, in the order in which the picture's metadata is shown.
 std::span<const IptcDataset, kIptcDatasetCount> IptcDatasets();
 
+// The place of a dataset in that table; nothing for a number the table does not name.
+std::optional<std::size_t> IptcDatasetIndex(int datasetNumber);
+
 // Dataset numbers that attaching a picture uses.
 inline constexpr int kIptcKeywords = 25;
 inline constexpr int kIptcByline = 80;
@@ -41,13 +45,15 @@ struct IptcUnnamedDataset {
     friend bool operator==(const IptcUnnamedDataset&, const IptcUnnamedDataset&) = default;
 };
 
-// What a picture holds. Texts are UTF-8, read one Windows-1252 character per byte, NUL
-// characters turned into blanks.
+// What a picture holds. Texts are UTF-8, read one Windows-1252 character per byte unless the
+// picture declares its texts UTF-8, NUL characters turned into blanks.
 struct IptcData {
     // Every occurrence of each named dataset, by the table's order, trimmed of blanks.
     std::array<std::vector<std::string>, kIptcDatasetCount> occurrences;
     // Datasets that the table does not name, in file order.
     std::vector<IptcUnnamedDataset> unnamed;
+    // The envelope declares the texts UTF-8 (they were read as such).
+    bool declaredUtf8 = false;
     // The file gave fewer bytes than its size: what was read has been scanned.
     bool shortRead = false;
 
@@ -58,13 +64,17 @@ struct IptcData {
     std::vector<std::string> Entries(int datasetNumber) const;
     // True when no dataset at all was found.
     bool Empty() const;
+
+    friend bool operator==(const IptcData&, const IptcData&) = default;
 };
 
 // Reads the IPTC data of a picture. A file that cannot be opened or does not begin with
-// the JPEG start marker 0xFF 0xD8 gives no data at all.
+// the JPEG start marker 0xFF 0xD8 gives no data at all. The result is that of the scan of
+// the whole file; when the picture's segments before its image data hold everything the
+// scan finds, the file is not held in memory whole.
 IptcData ReadIptc(const std::filesystem::path& picture);
 
-// The same scan over bytes already in memory (the whole file).
+// The scan of the whole file over its bytes already in memory.
 IptcData ReadIptcBytes(std::string_view bytes);
 
 }  // namespace tessarin

@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <optional>
 #include <ostream>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "app/window_state.h"
 #include "attachments/iptc_display.h"
@@ -17,24 +19,22 @@ namespace tessarin::cli {
 namespace {
 
 struct IptcArguments {
-    std::filesystem::path picture;
+    std::vector<std::string> pictures;  // as given on the command line
     bool macintoshAccents = false;
 };
 
 std::optional<IptcArguments> ParseIptc(const Arguments& arguments) {
     IptcArguments parsed;
-    bool havePicture = false;
     for (const std::string& argument : arguments) {
         if (argument == "--mac") {
             parsed.macintoshAccents = true;
-        } else if (!havePicture && !argument.empty() && !argument.starts_with("-")) {
-            parsed.picture = argument;
-            havePicture = true;
+        } else if (!argument.empty() && !argument.starts_with("-")) {
+            parsed.pictures.push_back(argument);
         } else {
             return std::nullopt;
         }
     }
-    if (!havePicture) return std::nullopt;
+    if (parsed.pictures.empty()) return std::nullopt;
     return parsed;
 }
 
@@ -57,27 +57,33 @@ InterfaceSettings ConfiguredLabels(const CliContext& context) {
 int RunIptcCommand(CliContext& context, const Arguments& arguments) {
     const std::optional<IptcArguments> parsed = ParseIptc(arguments);
     if (!parsed) {
-        context.err << "tessarin-cli: usage: iptc PICTURE [--mac]\n";
+        context.err << "tessarin-cli: usage: iptc PICTURE... [--mac]\n";
         return kExitUsage;
     }
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(parsed->picture, error)) {
-        context.err << "Cannot read the file " << parsed->picture.string() << '\n';
-        return kExitRefused;
-    }
-    const IptcData data = ReadIptc(parsed->picture);
-    if (data.shortRead) context.err << "Error reading file ...\n";
-    if (data.Empty()) return kExitDone;
+    const bool several = parsed->pictures.size() > 1;
+    std::optional<InterfaceSettings> labels;
+    bool everyPictureRead = true;
+    for (const std::string& picture : parsed->pictures) {
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(picture, error)) {
+            context.err << "Cannot read the file " << picture << '\n';
+            everyPictureRead = false;
+            continue;
+        }
+        if (several) context.out << "== " << picture << '\n';
+        const IptcData data = ReadIptc(picture);
+        if (data.shortRead) context.err << "Error reading file ...\n";
+        if (data.Empty()) continue;
 
-    const InterfaceSettings labels = ConfiguredLabels(context);
-    for (const IptcDisplayLine& line : IptcDisplayLines(data, labels, parsed->macintoshAccents)) {
-        context.out << line.label << ": " << line.value << '\n';
+        if (!labels) labels = ConfiguredLabels(context);
+        for (const IptcDisplayLine& line :
+             IptcDisplayLines(data, *labels, parsed->macintoshAccents)) {
+            context.out << line.label << ": " << line.value << '\n';
+        }
+        for (const std::string& line : IptcSegmentLines(data, parsed->macintoshAccents))
+            context.out << line << '\n';
     }
-    for (const IptcUnnamedDataset& dataset : data.unnamed) {
-        context.out << "Segment " << dataset.number << ": "
-                    << DisplayText(dataset.text, parsed->macintoshAccents) << '\n';
-    }
-    return kExitDone;
+    return everyPictureRead ? kExitDone : kExitRefused;
 }
 
 }  // namespace tessarin::cli

@@ -3,16 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "common/text_replace.h"
 #include "common/xml_document.h"
 
 namespace tessarin {
 
 // Text passes shared by the NewsML and NITF writers, which both start from a text box
 // element of the story as the story file holds it.
-
-// Replaces every occurrence of from (not empty) by to in one pass, left to right; what a
-// replacement has written is not searched again.
-void ReplaceAllInText(std::string& text, std::string_view from, std::string_view to);
 
 // The serialised form of an element with all its attributes (namespace declarations too)
 // removed: "<TextBox6>...</TextBox6>", or "<TextBox6/>" for an element without content.

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "attachments/iptc_display.h"
+#include "attachments/iptc_scanner.h"
 #include "attachments/jpeg_bytes.h"
 #include "support/temp_dir.h"
 
@@ -12,6 +13,15 @@ namespace tessarin {
 namespace {
 
 using namespace testing;
+
+// How many bytes of the file the scan took as text, all records together.
+std::size_t TextBytes(std::string_view bytes) {
+    const auto records = ScanIptcRecords(bytes, IptcScanExtent::WholeFile);
+    std::size_t total = 0;
+    for (const IptcRawRecord& record : *records)
+        total += record.text.size();
+    return total;
+}
 
 // A resource followed by a record one byte past its end: only a reader that honours the
 // resource's size leaves that record out.
@@ -81,10 +91,45 @@ TEST(IptcReader, FindsNothingOutsideAJpegAndSurvivesRandomBytes) {
         for (int index = 0; index < count; ++index) {
             bytes += random() % 3 ? std::string(1, char(random())) : pieces[random() % 5];
         }
+        EXPECT_LE(TextBytes(bytes), bytes.size());
         const IptcData data = ReadIptcBytes(bytes);
         for (const IptcDataset& dataset : IptcDatasets()) {
-            EXPECT_LE(data.Value(dataset.number).size(), 2 * bytes.size());
+            EXPECT_LE(data.Value(dataset.number).size(), 3 * bytes.size());
         }
+    }
+}
+
+TEST(IptcReader, ReadsEveryTextAsUtf8WhenTheEnvelopeDeclaresIt) {
+    const std::string utf8 = "\x1B%G";
+    // "é", a CJK character and a byte that is no UTF-8.
+    const std::string caption = IptcRecord(120, "Caf\xC3\xA9 \xE6\x9D\xB1 \xFF");
+    const std::string asUtf8 = "Caf\u00E9 \u6771 \u00FF";
+    const std::string as1252 = "Caf\u00C3\u00A9 \u00E6\u009D\u00B1 \u00FF";
+    struct Case {
+        const char* what;
+        std::string picture;
+        std::string caption;
+        std::string city;
+    };
+    const Case cases[] = {
+        {"declared", Jpeg({App13(IptcResource(IptcRecord(90, utf8, 1) + caption))}), asUtf8, ""},
+        {"declared in a later block",
+         Jpeg({App13(IptcResource(caption)), App13(IptcResource(IptcRecord(90, utf8, 1)))}), asUtf8,
+         ""},
+        {"not declared", Jpeg({App13(IptcResource(caption))}), as1252, ""},
+        // Any other envelope dataset 90, and the escape in the application record, are the
+        // city that the unchecked record number makes them.
+        {"another character set",
+         Jpeg({App13(IptcResource(IptcRecord(90, "\x1B-A", 1) + caption))}), as1252, "\x1B-A"},
+        {"the escape as a city", Jpeg({App13(IptcResource(IptcRecord(90, utf8) + caption))}),
+         as1252, "\x1B%G"},
+    };
+    for (const Case& test : cases) {
+        const IptcData data = ReadIptcBytes(test.picture);
+        EXPECT_EQ(data.Value(kIptcCaptionAbstract), test.caption) << test.what;
+        EXPECT_EQ(data.Value(90), test.city) << test.what;
+        EXPECT_EQ(data.declaredUtf8, test.caption == asUtf8) << test.what;
+        EXPECT_TRUE(data.unnamed.empty()) << test.what;
     }
 }
 
@@ -94,6 +139,13 @@ TEST(IptcDisplay, PutsValuesOnOneLineAndRestoresMacintoshAccentsInOrder) {
     const std::string mac = "\u017D\u00E9\u008D\u00E7\u00D5\u20AC\u00BD";
     EXPECT_EQ(DisplayText(mac, false), mac);
     EXPECT_EQ(DisplayText(mac, true), "\u00E9\u00C8\u00E7\u00C1'\u00C4\"");
+
+    // A picture declared UTF-8 has its accents already: "é" stays.
+    const IptcData utf8 = ReadIptcBytes(
+        Jpeg({App13(IptcResource(IptcRecord(90, "\x1B%G", 1) + IptcRecord(120, "\xC3\xA9") +
+                                 IptcRecord(200, "\xC3\xA9")))}));
+    EXPECT_EQ(IptcDisplayLines(utf8, {}, true).front().value, "\u00E9");
+    EXPECT_EQ(IptcSegmentLines(utf8, true), std::vector<std::string>{"Segment 200: \u00E9"});
 }
 
 TEST(IptcDisplay, ShowsTheDatasetsInTheTablesOrderWithTheirLabels) {

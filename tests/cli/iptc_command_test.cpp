@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <string>
+#include <vector>
+
 #include "attachments/jpeg_bytes.h"
 #include "cli/cli_run.h"
 
@@ -31,6 +35,86 @@ TEST(IptcCommand, PrintsTheDatasetsInTheTablesOrderThenTheUnnamedOnes) {
               "Headline: Gar\u00E7on\n"
               "Caption/Abstract: Caf\u00E9 on the/quay\n"
               "Segment 200: extra/data\n");
+}
+
+// A picture written by exiftool, an IPTC writer of its own, in one envelope.
+struct ExiftoolPicture {
+    const char* envelope;
+    std::string options;  // what makes exiftool write that envelope
+    std::string caption;
+    std::string byline;
+    std::string city;  // not written when empty
+    std::vector<std::string> keywords;
+};
+
+TEST(IptcCommand, PrintsWhatExiftoolWritesInBothEnvelopes) {
+    const ExiftoolPicture pictures[] = {
+        {"Windows-1252",
+         "",
+         "Caf\u00E9 \u00E0 l\u2019eau, 5 \u20AC",
+         "Zo\u00E9 M\u00FCller",
+         "Z\u00FCrich",
+         {"p\u00EAche", "port", "p\u00EAche"}},
+        {"UTF-8",
+         "-charset iptc=UTF8 -IPTC:CodedCharacterSet=UTF8",
+         "Caf\u00E9 \u00E0 \u0141\u00F3d\u017A, \u6771\u4EAC \u2013 5 \u20AC",
+         "Zo\u00E9 \u0141",
+         "\u0141\u00F3d\u017A",
+         {"\u6E2F", "port", "\u6E2F"}},
+        {"UTF-8 without a city",
+         "-charset iptc=UTF8 -IPTC:CodedCharacterSet=UTF8",
+         "\u00C9t\u00E9",
+         "Zo\u00E9",
+         "",
+         {"\u00E9t\u00E9"}},
+    };
+    TempDir folder;
+    for (const ExiftoolPicture& written : pictures) {
+        const std::string picture =
+            Quoted(folder.Write("picture.jpg", Jpeg({ImageData()})).string());
+        std::string command = "exiftool -q -overwrite_original " + written.options +
+                              " -IPTC:Caption-Abstract=" + Quoted(written.caption) +
+                              " -IPTC:By-line=" + Quoted(written.byline);
+        if (!written.city.empty()) command += " -IPTC:City=" + Quoted(written.city);
+        std::string keywords;
+        for (const std::string& keyword : written.keywords) {
+            command += " -IPTC:Keywords=" + Quoted(keyword);
+            keywords += (keywords.empty() ? "" : "; ") + keyword;
+        }
+        ASSERT_EQ(std::system((command + " " + picture).c_str()), 0)
+            << "exiftool must be installed";
+        const CliRun run = RunCli(folder, "iptc " + picture);
+        EXPECT_EQ(run.out, "Keywords: " + keywords + "\nByline: " + written.byline + "\n" +
+                               (written.city.empty() ? "" : "City: " + written.city + "\n") +
+                               "Caption/Abstract: " + written.caption + "\n")
+            << written.envelope;
+    }
+}
+
+TEST(IptcCommand, PrintsEachOfSeveralPicturesAfterItsPathAndGoesOnPastAMissingOne) {
+    TempDir folder;
+    const std::string first = folder.Write("first.jpg", kPicture).string();
+    const std::string missing = (folder / "missing.jpg").string();
+    const std::string zip = folder.Write("a.zip", "PK" + kPicture).string();
+    const CliRun run = RunCli(folder, "iptc " + Quoted(first) + " " + Quoted(missing) + " " +
+                                          Quoted(zip) + " " + Quoted(first));
+    const std::string lines = RunCli(folder, "iptc " + Quoted(first)).out;
+    EXPECT_EQ(run.out, "== " + first + "\n" + lines + "== " + zip + "\n== " + first + "\n" + lines);
+    EXPECT_EQ(run.err, "Cannot read the file " + missing + "\n");
+    EXPECT_EQ(run.exitStatus, 1);
+}
+
+TEST(IptcCommand, PrintsNoMoreThanThePictureHolds) {
+    // Tiny APP13 segments, each with one record that claims 8 KB of text and so runs over
+    // the segments that follow. Each byte of the picture is printed once at most (a byte
+    // above 0x7F as two in UTF-8).
+    std::string picture = "\xFF\xD8";
+    for (int segment = 0; segment < 10'000; ++segment)
+        picture += App13(IptcResource(std::string("\x1C\x02\xC8\x20\x00", 5)));
+    TempDir folder;
+    const CliRun run = RunCli(folder, "iptc " + Quoted(folder.Write("many.jpg", picture).string()));
+    EXPECT_EQ(run.exitStatus, 0);
+    EXPECT_LE(run.out.size(), 2 * picture.size());
 }
 
 TEST(IptcCommand, TakesTheConfiguredLabels) {
