@@ -3,6 +3,8 @@
 #include <unistd.h>
 #include <cstdlib>
 
+#include "common/temporary_files.h"
+
 namespace tessarin {
 namespace fs = std::filesystem;
 
@@ -47,6 +49,7 @@ bool CreateStartDirectories(const AppPaths& paths) {
         std::error_code error;
         fs::create_directories(dir, error);
         if (!fs::is_directory(dir, error)) return false;
+        RemoveStaleTemporaryFilesIn(dir);
     }
     return true;
 }

@@ -25,7 +25,8 @@ std::filesystem::path ResolveAppDir(const std::optional<std::filesystem::path>& 
 AppPaths MakeAppPaths(const std::filesystem::path& appDir);
 
 // Creates the application directory, then Upload, Upload/Logs and XSLT when missing, in
-// that order. False when one of them cannot be made.
+// that order, and removes from each the temporary files that a killed writer of this
+// program left there (temporary_files.h). False when one of them cannot be made.
 bool CreateStartDirectories(const AppPaths& paths);
 
 }  // namespace tessarin

@@ -58,9 +58,10 @@ std::string AttachmentTreeTip(const EditorSession& session, AttachmentKind kind)
 
 std::string AttachmentNodeTip(const EditorSession& session, AttachmentKind kind,
                               std::string_view key) {
-    if (kind != AttachmentKind::Image || !session.preferences.ImagesTooltips) return {};
     const auto index = AttachmentIndex(session, kind, key);
-    return index ? session.story.images[*index].path : std::string();
+    if (!index) return {};
+    if (kind == AttachmentKind::OtherFile) return session.story.files[*index].path;
+    return session.preferences.ImagesTooltips ? session.story.images[*index].path : std::string();
 }
 
 }  // namespace tessarin

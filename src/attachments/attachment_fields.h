@@ -35,8 +35,9 @@ std::optional<IptcData> ReadSelectedPictureIptc(EditorSession& session,
 // designed with, "Enter key to add / Del key to delete".
 std::string AttachmentTreeTip(const EditorSession& session, AttachmentKind kind);
 
-// The tool tip of the picture node of key, with the preference ImagesTooltips on: the
-// picture's full path. Empty otherwise, and for the root and other files.
+// The tool tip of the node of key: the attachment's full path, so that the writer sees where
+// the file comes from; for a picture only with the preference ImagesTooltips on. Empty for
+// the root.
 std::string AttachmentNodeTip(const EditorSession& session, AttachmentKind kind,
                               std::string_view key);
 

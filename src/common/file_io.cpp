@@ -4,14 +4,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <fstream>
 #include <sstream>
 
+#include "common/temporary_files.h"
+
 namespace tessarin {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 bool WriteAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
@@ -25,19 +28,60 @@ bool WriteAll(int descriptor, std::string_view bytes) {
     return true;
 }
 
-// A name beside the target that no other writer (thread or process) picks at the same time.
-std::filesystem::path TemporaryNameBeside(const std::filesystem::path& file) {
-    static std::atomic<unsigned> counter{0};
-    auto name = file;
-    name += ".tmp" + std::to_string(::getpid()) + "-" + std::to_string(counter++);
-    return name;
+// Writes the bytes to a new file, with the given permission bits when mode is not 0, and
+// flushes it to disk. False, and no file left, when anything fails.
+bool WriteNewFile(const fs::path& file, std::string_view bytes, mode_t mode) {
+    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) return false;
+    bool written = WriteAll(descriptor, bytes);
+    if (written && mode != 0) written = ::fchmod(descriptor, mode) == 0;
+    written = written && ::fsync(descriptor) == 0;
+    written = ::close(descriptor) == 0 && written;
+    if (!written) ::unlink(file.c_str());
+    return written;
+}
+
+// Puts a file in place of the target in one step; the file is gone either way.
+bool RenameOver(const fs::path& file, const fs::path& target) {
+    if (::rename(file.c_str(), target.c_str()) == 0) return true;
+    ::unlink(file.c_str());
+    return false;
+}
+
+// The backup's content under a temporary name: a second name of the old file, or a copy of
+// its bytes where the folder's file system has no links.
+bool TemporaryBackup(const fs::path& file, const fs::path& temporary, mode_t mode) {
+    if (::link(file.c_str(), temporary.c_str()) == 0) return true;
+    const std::optional<std::string> old = ReadFileBytes(file);
+    return old && WriteNewFile(temporary, *old, mode);
+}
+
+bool KeepBackup(const fs::path& file, const fs::path& backup, mode_t mode) {
+    RemoveStaleTemporaryFilesOf(backup);
+    const fs::path temporary = TemporaryNameBeside(backup);
+    return TemporaryBackup(file, temporary, mode) && RenameOver(temporary, backup);
+}
+
+ReplaceResult Replace(const fs::path& file, std::string_view bytes, const fs::path* backup) {
+    RemoveStaleTemporaryFilesOf(file);
+    struct stat existing {};
+    const bool exists = ::stat(file.c_str(), &existing) == 0;
+    if (exists && (!S_ISREG(existing.st_mode) || (existing.st_mode & 0222) == 0)) return {};
+
+    const mode_t mode = exists ? existing.st_mode & 07777 : 0;
+    const fs::path temporary = TemporaryNameBeside(file);
+    if (!WriteNewFile(temporary, bytes, mode)) return {};
+    ReplaceResult result;
+    if (backup != nullptr && exists) result.backupKept = KeepBackup(file, *backup, mode);
+    result.written = RenameOver(temporary, file);
+    return result;
 }
 
 }  // namespace
 
-std::optional<std::string> ReadFileBytes(const std::filesystem::path& file) {
+std::optional<std::string> ReadFileBytes(const fs::path& file) {
     std::error_code error;
-    if (std::filesystem::is_directory(file, error)) return std::nullopt;
+    if (fs::is_directory(file, error)) return std::nullopt;
     std::ifstream in(file, std::ios::binary);
     if (!in) return std::nullopt;
     std::ostringstream content;
@@ -46,23 +90,13 @@ std::optional<std::string> ReadFileBytes(const std::filesystem::path& file) {
     return std::move(content).str();
 }
 
-bool WriteFileAtomically(const std::filesystem::path& file, std::string_view bytes) {
-    struct stat existing {};
-    const bool exists = ::stat(file.c_str(), &existing) == 0;
-    if (exists && (!S_ISREG(existing.st_mode) || (existing.st_mode & 0222) == 0)) return false;
+bool WriteFileAtomically(const fs::path& file, std::string_view bytes) {
+    return Replace(file, bytes, nullptr).written;
+}
 
-    const std::filesystem::path temporary = TemporaryNameBeside(file);
-    const int descriptor = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (descriptor < 0) return false;
-    bool written = WriteAll(descriptor, bytes);
-    if (written && exists) written = ::fchmod(descriptor, existing.st_mode & 07777) == 0;
-    written = written && ::fsync(descriptor) == 0;
-    written = ::close(descriptor) == 0 && written;
-    if (!written || ::rename(temporary.c_str(), file.c_str()) != 0) {
-        ::unlink(temporary.c_str());
-        return false;
-    }
-    return true;
+ReplaceResult WriteFileKeepingBackup(const fs::path& file, std::string_view bytes,
+                                     const fs::path& backup) {
+    return Replace(file, bytes, &backup);
 }
 
 }  // namespace tessarin

@@ -84,8 +84,9 @@ bool LoadConfiguration(const std::filesystem::path& document, const ProfileFile&
         return false;
     }
     ReadFtpAndExport(root, ftp, document, configuration, window);
+    const ProfileContents preferencesFile = profile.Load();
     ReadSmtpTransmission(root.SelectSingleNode("SMTPTransmission"),
-                         profile.Read(kIdentificationSection, "SMTPRecipient"),
+                         preferencesFile.Read(kIdentificationSection, "SMTPRecipient"),
                          configuration.smtpTransmission, window);
     ReadWorkflow(root.SelectSingleNode("Workflow"), configuration.workflow, window);
     ReadTextML(root.SelectSingleNode("TextML"), configuration.textML);
@@ -95,7 +96,7 @@ bool LoadConfiguration(const std::filesystem::path& document, const ProfileFile&
         ReportConfigurationError(window, document, " - missing section 'Metadata'");
         return false;
     }
-    ReadMetadataItems(metadata, profile, configuration, window);
+    ReadMetadataItems(metadata, preferencesFile, configuration, window);
     configuration.ftpTransmission.identityAuthor = configuration.identity.author;
     ReadKeywords(root.SelectSingleNode("Keywords"), configuration, window);
     ReadTaxonomy(root.SelectSingleNode("Taxonomy"), configuration, window);

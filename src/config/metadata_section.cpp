@@ -100,15 +100,16 @@ void HideItem(const LabelledItem& item, WindowState& window) {
 // The identity value: the preferences' Identification key of the element's name when the
 // key is there, else the element's own text.
 std::string IdentityValue(const LabelledItem& item, const XmlNode& element,
-                          const ProfileFile& profile) {
+                          const ProfileContents& profile) {
     if (auto fromPreferences = profile.Read("Identification", item.element)) {
         return *fromPreferences;
     }
     return element.Text();
 }
 
-void ReadLabelledItem(const LabelledItem& item, const XmlNode& element, const ProfileFile& profile,
-                      Configuration& configuration, WindowState& window) {
+void ReadLabelledItem(const LabelledItem& item, const XmlNode& element,
+                      const ProfileContents& profile, Configuration& configuration,
+                      WindowState& window) {
     ResetItem(item, window);
     SetCaptionWhenGiven(CaptionControl(item, window), element.Attribute("Name"));
     if (item.readsVisible && element.Attribute("Visible") == "false") HideItem(item, window);
@@ -230,7 +231,7 @@ void ReadVocabulary(const XmlNode& metadata, const VocabularySection& kind, Voca
 
 }  // namespace
 
-void ReadMetadataItems(const XmlNode& metadata, const ProfileFile& profile,
+void ReadMetadataItems(const XmlNode& metadata, const ProfileContents& profile,
                        Configuration& configuration, WindowState& window) {
     configuration.identity = {};
     configuration.metadata = {};

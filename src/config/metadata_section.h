@@ -17,7 +17,7 @@ namespace tessarin {
 // designed, so that a second load starts afresh. The identity values come from the
 // preferences' Identification section, else from the element's text; each is shown in its
 // lblTxt... label.
-void ReadMetadataItems(const XmlNode& metadata, const ProfileFile& profile,
+void ReadMetadataItems(const XmlNode& metadata, const ProfileContents& profile,
                        Configuration& configuration, WindowState& window);
 
 // Forms (lstStoryTypes, the forms and the image size table), Status (lstStatus) and Genre

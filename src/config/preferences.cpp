@@ -42,6 +42,9 @@ template <typename... Visitors>
 struct Overloaded : Visitors... {
     using Visitors::operator()...;
 };
+// Spelled out for compilers that do not deduce an aggregate's arguments (clang before 17).
+template <typename... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
 
 // True when the text, after leading blanks and a sign, starts with a digit or with a decimal
 // point followed by one.
@@ -176,7 +179,7 @@ std::string FontKey(std::string_view name, std::size_t entry) {
     return std::string(name) + std::to_string(entry);
 }
 
-void ReadFonts(const ProfileFile& profile, Preferences& preferences) {
+void ReadFonts(const ProfileContents& profile, Preferences& preferences) {
     for (std::size_t entry = 0; entry < kFontEntries; ++entry) {
         preferences.FontName[entry] = ReadText(
             profile, kPreferencesSection, FontKey("FontName", entry), preferences.FontName[entry]);
@@ -196,7 +199,7 @@ void ReadFonts(const ProfileFile& profile, Preferences& preferences) {
     }
 }
 
-MainWindowSection ReadMainWindow(const ProfileFile& profile) {
+MainWindowSection ReadMainWindow(const ProfileContents& profile) {
     MainWindowSection window;
     const auto read = [&](std::string_view key) {
         return ReadOptionalInteger(profile, kMainWindowSection, key);
@@ -212,7 +215,7 @@ MainWindowSection ReadMainWindow(const ProfileFile& profile) {
     return window;
 }
 
-std::optional<std::filesystem::path> ExistingDirectory(const ProfileFile& profile,
+std::optional<std::filesystem::path> ExistingDirectory(const ProfileContents& profile,
                                                        std::string_view key) {
     const auto text = profile.Read(kConfigurationSection, key);
     if (!text) return std::nullopt;
@@ -222,7 +225,7 @@ std::optional<std::filesystem::path> ExistingDirectory(const ProfileFile& profil
     return directory;
 }
 
-IdentificationSection ReadIdentification(const ProfileFile& profile) {
+IdentificationSection ReadIdentification(const ProfileContents& profile) {
     const auto read = [&](std::string_view key) {
         return profile.Read(kIdentificationSection, key);
     };
@@ -235,7 +238,8 @@ bool AppliesStoredRectangle(const MainWindowSection& window) {
     return window.WindowState != kWindowMinimised && window.WindowState != kWindowMaximised;
 }
 
-Preferences ReadPreferences(const ProfileFile& profile) {
+Preferences ReadPreferences(const ProfileFile& file) {
+    const ProfileContents profile = file.Load();
     Preferences preferences;
     preferences.MainWindow = ReadMainWindow(profile);
     preferences.Configuration.DirStories = ExistingDirectory(profile, "DirStories");

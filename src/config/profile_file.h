@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,12 +29,39 @@ namespace tessarin {
 // cannot be written (read-only, that is without any write permission bit, or in a missing
 // folder) makes Write return false, without a message or an exception.
 //
+// Names that could not be read back as themselves are not written: a line break in a name,
+// blanks around it, "=" in a key or a key that starts with ";" or "[", "]" in a section.
+//
 // Every call reads the file afresh: a change made meanwhile by another instance of the
-// program is seen, and of two instances writing the same key the last one wins.
+// program is seen, and of two instances writing the same key the last one wins. Reading
+// many keys goes through Load, which reads and indexes the file once; each key is then found
+// in one step, and a write of many keys rewrites the file in one pass, so that the work
+// grows with the file's size, not with its size times the number of keys.
 struct ProfileEntry {
     std::string section;
     std::string key;
     std::string value;
+};
+
+class ProfileLines;
+
+// The preferences file's text as it was when loaded, indexed.
+class ProfileContents {
+  public:
+    explicit ProfileContents(std::string text);
+    ProfileContents(ProfileContents&&) noexcept;
+    ProfileContents& operator=(ProfileContents&&) noexcept;
+    ~ProfileContents();
+
+    std::optional<std::string> Read(std::string_view section, std::string_view key) const;
+
+    const std::string& Text() const { return *text_; }
+    const ProfileLines& Lines() const { return *lines_; }
+
+  private:
+    // On the heap, so that the lines' views of the text stay valid when the object moves.
+    std::unique_ptr<const std::string> text_;
+    std::unique_ptr<const ProfileLines> lines_;
 };
 
 class ProfileFile {
@@ -44,12 +72,16 @@ class ProfileFile {
 
     const std::filesystem::path& Path() const { return file_; }
 
+    // The file as it stands now; empty when there is none or it cannot be read.
+    ProfileContents Load() const;
+
     std::optional<std::string> Read(std::string_view section, std::string_view key) const;
 
     bool Write(std::string_view section, std::string_view key, std::string_view value);
 
     // Sets several keys in one replacement of the file, with the same result as writing them
-    // one after the other; a read-only file takes none of them.
+    // one after the other; a read-only file, or a name that cannot be written, takes none of
+    // them.
     bool Write(const std::vector<ProfileEntry>& entries);
 
   private:

@@ -25,25 +25,25 @@ std::string ColourText(OleColour colour) {
     return std::to_string(static_cast<std::int32_t>(colour));
 }
 
-bool ReadFlag(const ProfileFile& profile, std::string_view section, std::string_view key,
+bool ReadFlag(const ProfileContents& profile, std::string_view section, std::string_view key,
               bool defaultValue) {
     const auto text = profile.Read(section, key);
     return text ? FlagFromText(*text, defaultValue) : defaultValue;
 }
 
-std::int32_t ReadInteger(const ProfileFile& profile, std::string_view section, std::string_view key,
-                         std::int32_t defaultValue) {
+std::int32_t ReadInteger(const ProfileContents& profile, std::string_view section,
+                         std::string_view key, std::int32_t defaultValue) {
     return ReadOptionalInteger(profile, section, key).value_or(defaultValue);
 }
 
-std::optional<std::int32_t> ReadOptionalInteger(const ProfileFile& profile,
+std::optional<std::int32_t> ReadOptionalInteger(const ProfileContents& profile,
                                                 std::string_view section, std::string_view key) {
     const auto text = profile.Read(section, key);
     if (!text) return std::nullopt;
     return ParseLeadingInteger(*text);
 }
 
-std::string ReadText(const ProfileFile& profile, std::string_view section, std::string_view key,
+std::string ReadText(const ProfileContents& profile, std::string_view section, std::string_view key,
                      std::string_view defaultValue) {
     return profile.Read(section, key).value_or(std::string(defaultValue));
 }

@@ -26,18 +26,18 @@ std::string FlagText(bool value);
 OleColour ColourFromText(std::string_view text, OleColour defaultValue);
 std::string ColourText(OleColour colour);
 
-bool ReadFlag(const ProfileFile& profile, std::string_view section, std::string_view key,
+bool ReadFlag(const ProfileContents& profile, std::string_view section, std::string_view key,
               bool defaultValue);
 
 // The leading-number parse: a text that does not start with a number reads as 0.
-std::int32_t ReadInteger(const ProfileFile& profile, std::string_view section, std::string_view key,
-                         std::int32_t defaultValue);
+std::int32_t ReadInteger(const ProfileContents& profile, std::string_view section,
+                         std::string_view key, std::int32_t defaultValue);
 
 // As ReadInteger, with std::nullopt for a missing or empty key.
-std::optional<std::int32_t> ReadOptionalInteger(const ProfileFile& profile,
+std::optional<std::int32_t> ReadOptionalInteger(const ProfileContents& profile,
                                                 std::string_view section, std::string_view key);
 
-std::string ReadText(const ProfileFile& profile, std::string_view section, std::string_view key,
+std::string ReadText(const ProfileContents& profile, std::string_view section, std::string_view key,
                      std::string_view defaultValue);
 
 // Each returns false, silently, when the file cannot be written.

@@ -32,7 +32,7 @@ bool HasStoryExtension(std::string_view path) {
 
 }  // namespace
 
-RecentFiles ReadRecentFiles(const ProfileFile& profile) {
+RecentFiles ReadRecentFiles(const ProfileContents& profile) {
     RecentFiles list;
     list.UseMRU = ReadFlag(profile, kFileMRUSection, "UseMRU", list.UseMRU);
     for (std::size_t index = 0; index < kRecentFileCount; ++index) {

@@ -21,7 +21,7 @@ struct RecentFiles {
     bool operator==(const RecentFiles&) const = default;
 };
 
-RecentFiles ReadRecentFiles(const ProfileFile& profile);
+RecentFiles ReadRecentFiles(const ProfileContents& profile);
 
 // Puts a story that was opened or saved at the top of the list. Nothing happens when the list
 // is off or when the file's extension, in upper case, is not "XML". A path already in the

@@ -37,17 +37,6 @@ bool HasXmlExtension(std::string_view fileName) {
     return true;
 }
 
-// The previous version of the story becomes its backup: an older backup is deleted, then the
-// file is renamed. A story never saved has nothing to keep. Returns the backup made.
-fs::path KeepBackup(const fs::path& file) {
-    std::error_code error;
-    if (!fs::exists(file, error)) return {};
-    const fs::path backup = file.parent_path() / BackupStoryName(file.filename().string());
-    fs::remove(backup, error);
-    fs::rename(file, backup, error);
-    return error ? fs::path() : backup;
-}
-
 // Copies a file into a directory under its own name, replacing what stands there. Failures
 // are passed over: a tracking copy never stops a save.
 void CopyInto(const fs::path& file, const std::string& directory) {
@@ -93,16 +82,13 @@ class StorySaver {
         if (body.empty()) return Empty();
         if (IsReadOnlyFile(file_)) return ReadOnly();
 
-        SaveResult result;
-        if (!request_.unattended && context_.preferences.BackupStories) {
-            result.backup = KeepBackup(file_);
-        }
         const LocalDateTime now = Now();
         const std::string bytes = ComposeStoryFile(story_, context_, request_.fileName, now, body);
         const WorkflowSettings& workflow = context_.configuration.workflow;
         const bool tracking = workflow.TrackingEnabled && !request_.unattended;
         if (tracking) CopyLinkedFilesForTracking(story_, workflow.TrackingImagesDirectory);
-        if (!WriteFileAtomically(file_, bytes)) return WriteFailed(std::move(result));
+        SaveResult result;
+        if (!Write(bytes, result)) return WriteFailed(std::move(result));
         if (tracking)
             CopyStoryForTracking(bytes, request_.fileName, workflow.TrackingTextsDirectory);
         Stamp(now);
@@ -110,6 +96,18 @@ class StorySaver {
     }
 
   private:
+    // Unless unattended, with BackupStories on, the previous version becomes the backup
+    // story as the new one takes its place; a story never saved has nothing to keep.
+    bool Write(std::string_view bytes, SaveResult& result) {
+        if (request_.unattended || !context_.preferences.BackupStories) {
+            return WriteFileAtomically(file_, bytes);
+        }
+        const fs::path backup = file_.parent_path() / BackupStoryName(request_.fileName);
+        const ReplaceResult replaced = WriteFileKeepingBackup(file_, bytes, backup);
+        if (replaced.backupKept) result.backup = backup;
+        return replaced.written;
+    }
+
     SaveResult MandatoryFailed(const MandatoryFailure& failure) {
         context_.window.ShowStatusError(failure.message);
         context_.user.Tell(failure.message, MessageIcon::Exclamation);
@@ -131,10 +129,14 @@ class StorySaver {
     SaveResult ReadOnly() {
         SaveResult result;
         result.outcome = SaveOutcome::ReadOnly;
+        // The automatic save asks nothing: it does not save, and the status panel says why.
+        if (request_.unattended) {
+            result.message = messages_.Message("ReadOnlyStory") + ": " + file_.string();
+            context_.window.ShowStatusError(result.message);
+            return result;
+        }
         result.message = file_.string() + "\n" + messages_.Message("ReadOnlyStory") + "\n\n" +
                          messages_.Message("ReadOnlyStorySave");
-        // The automatic save asks nothing: it just does not save.
-        if (request_.unattended) return result;
         const Answer answer = context_.user.Ask(result.message, false, MessageIcon::Question);
         if (answer == Answer::Yes && request_.saveStoryAs) {
             result.savedUnderNewName = request_.saveStoryAs();
@@ -142,16 +144,10 @@ class StorySaver {
         return result;
     }
 
-    // The old version has already gone to the backup name, when there is one: say where.
+    // The file still holds the version before this save.
     SaveResult WriteFailed(SaveResult result) {
         result.outcome = SaveOutcome::WriteFailed;
         result.message = messages_.Message("NotSavedStory") + ": " + file_.string();
-        if (!result.backup.empty()) {
-            result.message += '\n';
-            result.message += messages_.Message("StoryBackupLabel");
-            result.message += ": ";
-            result.message += result.backup.string();
-        }
         context_.window.ShowStatusError(result.message);
         if (!request_.unattended) context_.user.Tell(result.message, MessageIcon::Critical);
         return result;

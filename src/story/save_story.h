@@ -49,15 +49,15 @@ std::string BackupStoryName(std::string_view fileName);
 //    ends the save;
 // 3. an existing file without write permission ends the save; unless unattended, the user
 //    is first asked: the path, ReadOnlyStory, ReadOnlyStorySave, and Yes runs the save-as
-//    command;
-// 4. unless unattended, with BackupStories on, the file becomes the backup story (an older
-//    backup of that name is deleted);
-// 5. the file is written through a temporary file renamed over it, so that it is never left
-//    half-written; a failure is told (NotSavedStory, the path, and where the backup story
-//    is), in the status panel only for an automatic save;
-// 6. unless unattended, with the workflow's tracking on, the linked files are copied to
+//    command; unattended, the status panel shows ReadOnlyStory ": " and the path;
+// 4. the file is written through a temporary file renamed over it, so that it is never left
+//    half-written; unless unattended, with BackupStories on, the previous version becomes
+//    the backup story just before (file_io.h: the story's name holds the complete old or
+//    the complete new version at every instant); a failure is told (NotSavedStory and the
+//    path), in the status panel only for an automatic save;
+// 5. unless unattended, with the workflow's tracking on, the linked files are copied to
 //    TrackingImagesDirectory and the story to TrackingTextsDirectory as <base>.xml;
-// 7. the status panel shows the time "hh:mm", " - ", SavedStory, ": " and the path; the
+// 6. the status panel shows the time "hh:mm", " - ", SavedStory, ": " and the path; the
 //    story's last-save date and time become now, and a story without a creation date gets
 //    now as well.
 SaveResult SaveStory(StoryRecord& story, StoryContext& context, const SaveStoryRequest& request);

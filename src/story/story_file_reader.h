@@ -46,8 +46,11 @@ void ResetStory(StoryRecord& story, const Configuration& configuration);
 // its title and text are unescaped a second time, the text's line ends become CR LF; it is
 // a bookmark when marked so and its title stands in a box; it is foreign when the user may
 // not manage all notes and the title begins with neither the user's name nor the initials.
+// An href that is relative names a file in the story's folder or below it (story_href.h).
 // An image or file that is not there is told (UnknownImage or UnknownOtherFile ": " path
-// line end StoryLabel ": " story path) and left out; the others are numbered from 1.
+// line end StoryLabel ": " story path) and left out; so is one that is no regular file (a
+// folder, a device, a pipe) or a relative path climbing out of the story's folder, with a
+// line saying so before the story's line. The others are numbered from 1.
 StoryReadOutcome ReadStory(const std::filesystem::path& path, const StoryContext& context,
                            StoryRecord& story);
 

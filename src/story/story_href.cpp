@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <string>
+#include <system_error>
 
 namespace tessarin {
 namespace {
@@ -39,6 +40,21 @@ std::filesystem::path PathFromStoryHref(std::string_view href) {
         }
     }
     return std::filesystem::path(path);
+}
+
+bool IsRelativeStoryPath(const std::filesystem::path& path) {
+    return path.is_relative() && !StartsWithDriveLetter(path.native());
+}
+
+std::optional<std::filesystem::path> LinkedFilePath(std::string_view href,
+                                                    const std::filesystem::path& storyFolder) {
+    std::filesystem::path path = PathFromStoryHref(href);
+    if (path.empty() || !IsRelativeStoryPath(path)) return path;
+    path = path.lexically_normal();
+    if (!path.empty() && *path.begin() == "..") return std::nullopt;
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::absolute(storyFolder, error);
+    return (error ? storyFolder : folder) / path;
 }
 
 }  // namespace tessarin

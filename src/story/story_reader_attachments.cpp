@@ -30,21 +30,45 @@ std::vector<std::string> SplitKeywords(std::string_view text) {
     return keywords;
 }
 
-bool FileIsThere(const std::filesystem::path& path) {
+// Why the linked file cannot be taken: nothing when it can, an empty text when it is not
+// there, else the reason. Only a regular file can be taken: a device, a pipe or a folder
+// would hang or fail every save and send that copies it.
+std::optional<std::string> Refusal(const std::optional<std::filesystem::path>& path) {
+    namespace fs = std::filesystem;
+    if (!path) return "A relative path must stay in the story's folder or below it.";
     std::error_code error;
-    return !path.empty() && std::filesystem::is_regular_file(path, error);
+    switch (fs::status(*path, error).type()) {
+        case fs::file_type::regular:
+            return std::nullopt;
+        case fs::file_type::not_found:
+        case fs::file_type::none:
+            return "";
+        case fs::file_type::directory:
+            return "This is a folder, not a regular file.";
+        case fs::file_type::block:
+        case fs::file_type::character:
+            return "This is a device, not a regular file.";
+        case fs::file_type::fifo:
+            return "This is a named pipe, not a regular file.";
+        default:
+            return "This is not a regular file.";
+    }
 }
 
-// The linked file of a bag when it is there; otherwise the user is warned and nothing is
-// returned, so that the bag is left out.
+// The linked file of a bag when it can be taken; otherwise the user is told why and nothing
+// is returned, so that the bag is left out.
 std::optional<std::filesystem::path> LinkedFile(const XmlNode& link, std::string_view unknownKey,
                                                 const std::filesystem::path& storyPath,
                                                 const StoryContext& context) {
-    std::filesystem::path path = PathFromStoryHref(link.Attribute("href"));
-    if (FileIsThere(path)) return path;
+    const std::string href = link.Attribute("href");
+    const auto path = LinkedFilePath(href, storyPath.parent_path());
+    const auto refusal = Refusal(path);
+    if (!refusal) return path;
     const MessageTexts& messages = context.configuration.messages;
-    context.user.Tell(messages.Message(unknownKey) + ": " + path.string() + "\n" +
-                          messages.Message("StoryLabel") + ": " + storyPath.string(),
+    std::string message =
+        messages.Message(unknownKey) + ": " + (path ? *path : PathFromStoryHref(href)).string();
+    if (!refusal->empty()) message += "\n" + *refusal;
+    context.user.Tell(message + "\n" + messages.Message("StoryLabel") + ": " + storyPath.string(),
                       MessageIcon::Exclamation);
     return std::nullopt;
 }

@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QSplitter>
+#include <QTreeWidgetItemIterator>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -85,10 +86,6 @@ SessionTreeWidget* AttachmentsPanel::BuildTree(AttachmentKind kind) {
         if (kind == AttachmentKind::Image)
             tessarin::ShowImage(session_, SessionTreeWidget::KeyOf(item));
         Refresh();
-    });
-    connect(tree, &QTreeWidget::itemEntered, this, [this, kind, tree](QTreeWidgetItem* item) {
-        const std::string tip = AttachmentNodeTip(session_, kind, SessionTreeWidget::KeyOf(item));
-        tree->setToolTip(ToQString(tip.empty() ? AttachmentTreeTip(session_, kind) : tip));
     });
     connect(tree, &QWidget::customContextMenuRequested, this,
             [this, kind](const QPoint& where) { ShowContextMenu(kind, where); });
@@ -170,6 +167,11 @@ void AttachmentsPanel::Refresh() {
         const TreeModel* model = window.FindTree(AttachmentTreeName(kind));
         tree->Show(model ? *model : TreeModel());
         tree->setToolTip(ToQString(AttachmentTreeTip(session_, kind)));
+        // Each file's node shows its full path; the others show the tree's tip.
+        for (QTreeWidgetItemIterator item(tree); *item; ++item) {
+            const std::string key = SessionTreeWidget::KeyOf(*item);
+            (*item)->setToolTip(0, ToQString(AttachmentNodeTip(session_, kind, key)));
+        }
         if (tree->currentItem() == nullptr) tree->SelectKey(kAttachmentRootKey);
     }
     otherFilesPart_->setVisible(session_.configuration.interface.OtherFilesVisible);

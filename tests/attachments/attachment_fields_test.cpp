@@ -71,7 +71,7 @@ TEST_F(AttachmentFieldsTest, TheIptcWindowShowsTheSelectedPictureOrTheFirstForTh
     EXPECT_EQ(ReadSelectedPictureIptc(session, kAttachmentRootKey), std::nullopt);
 }
 
-TEST_F(AttachmentFieldsTest, TipsComeFromTheConfigurationAndThePicturesPath) {
+TEST_F(AttachmentFieldsTest, TipsComeFromTheConfigurationAndEachFilesFullPath) {
     EXPECT_EQ(AttachmentTreeTip(session, AttachmentKind::Image),
               "Enter key to add / Del key to delete");
     session.configuration.interface.entries["OtherFilesToolTipText"].caption = "Entrée / Suppr";
@@ -79,9 +79,13 @@ TEST_F(AttachmentFieldsTest, TipsComeFromTheConfigurationAndThePicturesPath) {
 
     EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::Image, "1I"), first.string());
     EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::Image, kAttachmentRootKey), "");
-    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::OtherFile, "1F"), "");
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::OtherFile, "1F"),
+              (folder / "notes.txt").string());
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::OtherFile, kAttachmentRootKey), "");
     session.preferences.ImagesTooltips = false;
     EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::Image, "1I"), "");
+    EXPECT_EQ(AttachmentNodeTip(session, AttachmentKind::OtherFile, "1F"),
+              (folder / "notes.txt").string());
 }
 
 }  // namespace

@@ -1,9 +1,22 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/inotify.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
+#include <chrono>
 #include <filesystem>
+#include <random>
+#include <set>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "cli/cli_run.h"
+#include "support/finished_process.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
@@ -198,6 +211,11 @@ TEST(StoryResaveCommand, AReadOnlyTargetIsRefused) {
     EXPECT_EQ(run.exitStatus, 1);
     EXPECT_EQ(run.err, out.string() + "\nRead only story\n\nSave with a new name ?\n");
     EXPECT_EQ(ReadBytes(out), "kept");
+
+    const CliRun unattended = stored.Resave(out, "--unattended");
+    EXPECT_EQ(unattended.exitStatus, 1);
+    EXPECT_EQ(unattended.err, "Read only story: " + out.string() + "\n");
+    EXPECT_EQ(ReadBytes(out), "kept");
 }
 
 TEST(StoryResaveCommand, AStoryThatCannotBeOpenedIsRefused) {
@@ -234,6 +252,183 @@ TEST(StoryResaveCommand, ADamagedStoryIsRescuedWhenTheAnswerIsYes) {
                          "</TextBox6>\r\n</Body>"),
               std::string::npos)
         << saved;
+}
+
+// ---- story resave killed ----------------------------------------------------------------
+
+// The stored story with a long main text, of a megabyte.
+std::string LongStory(std::string story) {
+    std::string paragraphs;
+    for (int line = 0; line < 15000; ++line) {
+        paragraphs += "Line " + std::to_string(line) +
+                      " of a long story, with <b>bold</b> and <i>italic</i> words.<p/>\r\n";
+    }
+    story.insert(story.find("more<p/>\r\n") + 10, paragraphs);
+    return story;
+}
+
+// tessarin-cli saving the folder's story over itself, as a process of its own whose output
+// goes nowhere; its id.
+pid_t StartResave(const StoryFolder& stored) {
+    const std::string app = (stored.folder / "app").string();
+    const std::vector<std::string> arguments = {TESSARIN_CLI_PATH,
+                                                "--app-dir",
+                                                app,
+                                                "--config",
+                                                stored.config.string(),
+                                                "story",
+                                                "resave",
+                                                stored.story.string(),
+                                                "-o",
+                                                stored.story.string()};
+    std::vector<std::string> environment = {"TESSARIN_NOW=2026-11-21T08:30:00",
+                                            "TESSARIN_SHORT_DATE=dd/MM/yyyy"};
+    for (char** variable = environ; *variable != nullptr; ++variable)
+        environment.emplace_back(*variable);
+    std::vector<char*> argv, envp;
+    for (const std::string& argument : arguments)
+        argv.push_back(const_cast<char*>(argument.c_str()));
+    for (const std::string& variable : environment)
+        envp.push_back(const_cast<char*>(variable.c_str()));
+    argv.push_back(nullptr);
+    envp.push_back(nullptr);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const int nowhere = ::open("/dev/null", O_WRONLY);
+        ::dup2(nowhere, STDOUT_FILENO);
+        ::dup2(nowhere, STDERR_FILENO);
+        ::execve(argv[0], argv.data(), envp.data());
+        ::_exit(127);
+    }
+    return child;
+}
+
+int WaitFor(pid_t child) {
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return status;
+}
+
+std::set<std::string> NamesIn(const std::filesystem::path& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.insert(entry.path().filename().string());
+    return names;
+}
+
+// Tells when a name is first made, renamed or removed in a folder: when a save starts
+// touching the files.
+class FolderWatch {
+  public:
+    explicit FolderWatch(const std::filesystem::path& folder)
+        : watch_(::inotify_init1(IN_NONBLOCK)) {
+        ::inotify_add_watch(watch_, folder.c_str(), IN_CREATE | IN_MOVED_FROM | IN_DELETE);
+    }
+    ~FolderWatch() { ::close(watch_); }
+    FolderWatch(const FolderWatch&) = delete;
+    FolderWatch& operator=(const FolderWatch&) = delete;
+
+    // Waits for the first change after the last call, while the child runs; false when the
+    // child ended first.
+    bool WaitForChange(pid_t child) {
+        std::array<char, 4096> events{};
+        for (pollfd ready{watch_, POLLIN, 0}; Runs(child);) {
+            if (::poll(&ready, 1, 5) > 0) {
+                while (::read(watch_, events.data(), events.size()) > 0) {
+                }
+                return true;
+            }
+        }
+        return false;
+    }
+    void Forget() {
+        std::array<char, 4096> events{};
+        while (::read(watch_, events.data(), events.size()) > 0) {
+        }
+    }
+
+  private:
+    // Whether the child runs still, leaving it to be waited for.
+    static bool Runs(pid_t child) {
+        siginfo_t info{};
+        return ::waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+               info.si_pid == 0;
+    }
+
+    int watch_;
+};
+
+// Each save is killed at a random moment of the time that a whole save spends from its first
+// change in the folder to its end, where files are written and renamed.
+TEST(StoryResaveCommand, AKilledSaveLeavesTheCompleteOldOrNewStoryUnderItsName) {
+    using Clock = std::chrono::steady_clock;
+    using std::chrono::microseconds;
+    StoryFolder stored;
+    const std::string old = LongStory(ReadBytes(stored.story));
+    const auto backup = stored.folder / "stored.bml";
+    FolderWatch watch(stored.folder.path());
+    std::mt19937 random(20261121);
+    for (const bool keepBackup : {false, true}) {
+        SCOPED_TRACE(keepBackup ? "with the backup" : "without the backup");
+        stored.folder.Write("app/Tessarin.ini",
+                            keepBackup ? "[Preferences]\r\nBackupStories=1\r\n" : "");
+        // Whole saves give the new version, and the shortest time of their file work.
+        auto fileWork = microseconds::max();
+        for (int run = 0; run < 3; ++run) {
+            stored.folder.Write("stored.xml", old);
+            watch.Forget();
+            const pid_t child = StartResave(stored);
+            ASSERT_TRUE(watch.WaitForChange(child));
+            const auto firstChange = Clock::now();
+            ASSERT_EQ(WaitFor(child), 0);
+            fileWork = std::min(
+                fileWork, std::chrono::duration_cast<microseconds>(Clock::now() - firstChange));
+        }
+        const std::string saved = ReadBytes(stored.story);
+        ASSERT_NE(saved, old);
+
+        std::uniform_int_distribution<long> delay(0, fileWork.count());
+        int killed = 0;
+        for (int run = 0; run < 50; ++run) {
+            stored.folder.Write("stored.xml", old);
+            std::filesystem::remove(backup);
+            watch.Forget();
+            const pid_t child = StartResave(stored);
+            if (watch.WaitForChange(child)) {
+                std::this_thread::sleep_for(microseconds(delay(random)));
+            }
+            ::kill(child, SIGKILL);
+            killed += WIFSIGNALED(WaitFor(child)) ? 1 : 0;
+            const std::string story = ReadBytes(stored.story);
+            ASSERT_TRUE(story == old || story == saved)
+                << "run " << run << ": " << story.size() << " bytes under the story's name";
+            if (std::filesystem::exists(backup)) {
+                ASSERT_EQ(ReadBytes(backup), old) << run;
+            }
+        }
+        EXPECT_GE(killed, 15);  // most kills come before the save is over
+
+        // The next save removes the temporary files that the killed ones left.
+        ASSERT_EQ(WaitFor(StartResave(stored)), 0);
+        std::set<std::string> expected = {"app", "desk.xml", "photo.jpg", "stored.xml"};
+        if (keepBackup) expected.insert("stored.bml");
+        EXPECT_EQ(NamesIn(stored.folder.path()), expected);
+    }
+}
+
+TEST(StoryResaveCommand, TheStartRemovesTemporaryFilesLeftInTheProgramsFolders) {
+    StoryFolder stored;
+    const int ended = testing::FinishedProcessId();
+    const auto stalePreferences =
+        stored.folder.Write("app/" + testing::TemporaryNameOf("Tessarin.ini", ended), "half");
+    const auto staleUpload =
+        stored.folder.Write("app/Upload/" + testing::TemporaryNameOf("a.xml", ended, 4), "half");
+    const auto running = stored.folder.Write(
+        "app/Upload/" + testing::TemporaryNameOf("b.xml", static_cast<int>(::getpid())), "busy");
+    EXPECT_EQ(RunCli(stored.folder, "story text " + Quoted(stored.story.string())).exitStatus, 0);
+    EXPECT_FALSE(std::filesystem::exists(stalePreferences));
+    EXPECT_FALSE(std::filesystem::exists(staleUpload));
+    EXPECT_TRUE(std::filesystem::exists(running));
 }
 
 }  // namespace

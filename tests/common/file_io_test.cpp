@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "common/temporary_files.h"
+#include "support/finished_process.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
+using testing::FinishedProcessId;
 using testing::ReadBytes;
 using testing::TempDir;
+using testing::TemporaryNameOf;
 
 std::size_t EntriesIn(const std::filesystem::path& folder) {
     const std::filesystem::directory_iterator entries(folder);
@@ -41,6 +45,58 @@ TEST(WriteFileAtomically, ReplacesKeepingPermissionsAndLeavesNoTemporaryFile) {
     EXPECT_EQ(ReadBytes(file), std::string("x\0y", 3));
     EXPECT_EQ(EntriesIn(dir.path()), 1u);
     EXPECT_FALSE(WriteFileAtomically(dir / "no" / "such.xml", "x"));
+}
+
+TEST(WriteFileKeepingBackup, TheBackupHoldsThePreviousContent) {
+    TempDir dir;
+    const auto file = dir / "story.xml";
+    const auto backup = dir / "story.bml";
+    ReplaceResult result = WriteFileKeepingBackup(file, "first", backup);
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(result.backupKept);  // nothing to keep yet
+    EXPECT_FALSE(std::filesystem::exists(backup));
+
+    for (const char* next : {"second", "third"}) {
+        const std::string previous = ReadBytes(file);
+        result = WriteFileKeepingBackup(file, next, backup);
+        EXPECT_TRUE(result.written && result.backupKept);
+        EXPECT_EQ(ReadBytes(file), next);
+        EXPECT_EQ(ReadBytes(backup), previous);
+    }
+    EXPECT_EQ(EntriesIn(dir.path()), 2u);
+
+    ::chmod(file.c_str(), 0444);
+    result = WriteFileKeepingBackup(file, "fourth", backup);
+    EXPECT_FALSE(result.written || result.backupKept);
+    EXPECT_EQ(ReadBytes(file), "third");
+    EXPECT_EQ(ReadBytes(backup), "second");
+}
+
+TEST(RemoveStaleTemporaryFiles, OnlyThoseOfProcessesThatEnded) {
+    TempDir dir;
+    const int ended = FinishedProcessId();
+    const int running = static_cast<int>(::getpid());
+    const auto staleOfStory = dir.Write(TemporaryNameOf("story.xml", ended, 3), "half");
+    const auto liveOfStory = dir.Write(TemporaryNameOf("story.xml", running, 7), "busy");
+    const auto staleOfOther = dir.Write(TemporaryNameOf("other.xml", ended), "half");
+    const auto notTemporary = dir.Write("notes.tmp12-x", "mine");
+    const auto hugePid = dir.Write("a.ini.tmp99999999999999999999-0", "half");
+
+    RemoveStaleTemporaryFilesOf(dir / "story.xml");
+    EXPECT_FALSE(std::filesystem::exists(staleOfStory));
+    EXPECT_TRUE(std::filesystem::exists(liveOfStory));
+    EXPECT_TRUE(std::filesystem::exists(staleOfOther));
+
+    RemoveStaleTemporaryFilesIn(dir.path());
+    EXPECT_FALSE(std::filesystem::exists(staleOfOther));
+    EXPECT_FALSE(std::filesystem::exists(hugePid));
+    EXPECT_TRUE(std::filesystem::exists(liveOfStory));
+    EXPECT_TRUE(std::filesystem::exists(notTemporary));
+
+    // A write removes what a killed writer of the same file left.
+    dir.Write(TemporaryNameOf("story.xml", ended, 4), "half");
+    ASSERT_TRUE(WriteFileAtomically(dir / "story.xml", "whole"));
+    EXPECT_EQ(EntriesIn(dir.path()), 3u);  // the story, the live file, notes
 }
 
 }  // namespace

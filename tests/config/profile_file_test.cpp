@@ -187,6 +187,66 @@ TEST(ProfileFileWrite, SeveralKeysAtOnceGiveWhatOneByOneGives) {
     EXPECT_EQ(ReadBytes(single.Path()), expected);
 }
 
+TEST(ProfileFileWrite, ABatchEditsEveryLineAsSingleWritesDo) {
+    struct Case {
+        std::string original;
+        std::vector<ProfileEntry> entries;
+        std::string expected;
+    };
+    const std::vector<Case> cases = {
+        // A key in the second section of a name, a key set twice, a section added at the end.
+        {"[A]\r\nx=1\r\n[B]\r\ny=2\r\n[A]\r\nz=3\r",
+         {{"a", "X", "9"},
+          {"A", "w", "8"},
+          {"A", "z", "7"},
+          {"C", "k", "1"},
+          {"A", "w", "6"},
+          {"c", "K2", "2"},
+          {"B", "y", "5"}},
+         "[A]\r\nx=9\r\nw=6\r\n[B]\r\ny=5\r\n[A]\r\nz=7\r\n[C]\r\nk=1\r\nK2=2\r\n"},
+        // After a last line that ends in a lone CR, a LF completes its line end.
+        {"[A]\r\nx=1\r", {{"A", "y", "2"}}, "[A]\r\nx=1\r\ny=2\r\n"},
+        {"; only a comment",
+         {{"S", "k", "v"}, {"S", "k", ""}},
+         "; only a comment\r\n[S]\r\nk=\r\n"},
+        // A section without keys takes new keys right after its header.
+        {"[A]\n; note\n[B]\n",
+         {{"A", "k", "1"}, {"A", "l", "2"}},
+         "[A]\nk=1\r\nl=2\r\n; note\n[B]\n"},
+    };
+    TempDir dir;
+    for (const Case& test : cases) {
+        ProfileFile batch(dir.Write("batch.ini", test.original));
+        ProfileFile single(dir.Write("single.ini", test.original));
+        ASSERT_TRUE(batch.Write(test.entries));
+        for (const ProfileEntry& entry : test.entries)
+            ASSERT_TRUE(single.Write(entry.section, entry.key, entry.value));
+        EXPECT_EQ(ReadBytes(batch.Path()), test.expected) << test.original;
+        EXPECT_EQ(ReadBytes(single.Path()), test.expected) << test.original;
+    }
+}
+
+TEST(ProfileFileWrite, ANameThatWouldNotReadBackIsNotWritten) {
+    TempDir dir;
+    const std::string original = "[S]\r\nk=1\r\n";
+    ProfileFile profile(dir.Write("p.ini", original));
+    for (const auto& [section, key] :
+         std::vector<std::pair<std::string, std::string>>{{"S", "a=b"},
+                                                          {"S", " k"},
+                                                          {"S", "k\t"},
+                                                          {"S", ";k"},
+                                                          {"S", "[k]"},
+                                                          {"S", "k\nx"},
+                                                          {"a]b", "k"},
+                                                          {" S", "k"},
+                                                          {"S\r", "k"}}) {
+        EXPECT_FALSE(profile.Write({{"S", "k", "2"}, {section, key, "v"}})) << section << key;
+    }
+    EXPECT_EQ(ReadBytes(profile.Path()), original);
+    ASSERT_TRUE(profile.Write("", "", "empty names"));
+    EXPECT_EQ(profile.Read("", ""), "empty names");
+}
+
 TEST(ProfileFileWrite, LineBreaksInAValueBecomeBlanks) {
     TempDir dir;
     ProfileFile profile(dir / "p.ini");

@@ -34,7 +34,7 @@ TEST(UpdateMRU, NewPathsGoOnTopAndKnownPathsMoveThere) {
 TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnterAListThatIsOn) {
     TempDir dir;
     RecentFiles list = ReadRecentFiles(
-        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")));
+        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")).Load());
     EXPECT_FALSE(UpdateMRU(list, "b.xml"));
     list.UseMRU = true;
     for (const char* path : {"/s/story.doc", "/s/story.bml", "/s/story.xml.bak", "/s/xml",
@@ -49,21 +49,21 @@ TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnterAListThatIsOn) {
 TEST(RecentFiles, WrittenBackAsFile1ToFile4AndClearedAsEmptyKeys) {
     TempDir dir;
     ProfileFile profile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=1\r\nFile2=old.xml\r\n"));
-    RecentFiles list = ReadRecentFiles(profile);
+    RecentFiles list = ReadRecentFiles(profile.Load());
     EXPECT_EQ(list.File, (Entries{"", "old.xml", "", ""}));
     ASSERT_TRUE(UpdateMRU(list, "/home/ana/Stories/Élection.xml"));
     ASSERT_TRUE(WriteRecentFiles(profile, list));
     EXPECT_EQ(ReadBytes(profile.Path()),
               "[FileMRU]\r\nUseMRU=1\r\nFile2=\r\nFile1=/home/ana/Stories/\xC9lection.xml\r\n"
               "File3=old.xml\r\nFile4=\r\n");
-    EXPECT_EQ(ReadRecentFiles(profile), list);
+    EXPECT_EQ(ReadRecentFiles(profile.Load()), list);
 
     ClearMRU(list);
     EXPECT_EQ(list.File, Entries{});
     ASSERT_TRUE(WriteRecentFiles(profile, list));
     EXPECT_EQ(ReadBytes(profile.Path()),
               "[FileMRU]\r\nUseMRU=1\r\nFile2=\r\nFile1=\r\nFile3=\r\nFile4=\r\n");
-    EXPECT_EQ(ReadRecentFiles(profile), list);
+    EXPECT_EQ(ReadRecentFiles(profile.Load()), list);
 }
 
 TEST(RecentFiles, MenuShowsFileNamesAndTheSeparatorWhileAnEntryIsLeft) {

@@ -1,20 +1,26 @@
 #include "story/save_story.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include "common/scoped_environment.h"
 #include "story/story_file_writer.h"
 #include "story_save_fixture.h"
+#include "support/finished_process.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::FinishedProcessId;
 using testing::ReadBytes;
 using testing::ScopedEnvironment;
 using testing::StorySaveFixture;
 using testing::TempDir;
+using testing::TemporaryNameOf;
 
 constexpr LocalDateTime kNow{2025, 2, 20, 9, 30, 0};
 
@@ -132,9 +138,11 @@ TEST_F(SaveStoryTest, ReadOnlyFileAsksAndLeadsToSaveAs) {
     EXPECT_EQ(saveAsRuns, 1);
     EXPECT_EQ(ReadBytes(StoryFile()), "locked version");
 
-    // The automatic save asks nothing and does not save.
+    // The automatic save asks nothing and does not save; the status panel says why.
     result = Save(true, saveAs);
     EXPECT_EQ(result.outcome, SaveOutcome::ReadOnly);
+    EXPECT_EQ(result.message, "Read only story: " + StoryFile().string());
+    EXPECT_EQ(fixture_.window.Status().text, result.message);
     EXPECT_EQ(fixture_.user.questions.size(), 2u);
     EXPECT_EQ(saveAsRuns, 1);
     EXPECT_EQ(ReadBytes(StoryFile()), "locked version");
@@ -158,6 +166,65 @@ TEST_F(SaveStoryTest, BackupKeepsTheNextToLastVersion) {
     story_.author = "Marie";
     EXPECT_EQ(Save(true).backup, fs::path());
     EXPECT_EQ(ReadBytes(directory_ / "story.bml"), second);
+}
+
+// Files can grow to a few bytes only, as on a full disk, while it lives; a write beyond
+// that fails instead of ending the process.
+class FullDisk {
+  public:
+    FullDisk() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        rlimit full = before_;
+        full.rlim_cur = 64;
+        ::setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    void (*handler_)(int);
+    rlimit before_{};
+};
+
+TEST_F(SaveStoryTest, AFullDiskLeavesTheStoryAndItsBackupAsTheyWere) {
+    fixture_.preferences.BackupStories = true;
+    for (const char* author : {"Jean", "Paul"}) {
+        story_.author = author;
+        ASSERT_EQ(Save().outcome, SaveOutcome::Saved);
+    }
+    const std::string story = ReadBytes(StoryFile());
+    const std::string backup = ReadBytes(directory_ / "story.bml");
+    story_.author = "Marie";
+    SaveResult result;
+    {
+        FullDisk full;
+        result = Save();
+    }
+    EXPECT_EQ(result.outcome, SaveOutcome::WriteFailed);
+    EXPECT_EQ(result.message, "Not saved story: " + StoryFile().string());
+    EXPECT_EQ(ReadBytes(StoryFile()), story);
+    EXPECT_EQ(ReadBytes(directory_ / "story.bml"), backup);
+    EXPECT_EQ(std::distance(fs::directory_iterator(directory_.path()), fs::directory_iterator()),
+              2);
+}
+
+TEST_F(SaveStoryTest, TemporaryFilesLeftByAKilledSaveGoAtTheNextSave) {
+    const int ended = FinishedProcessId();
+    const fs::path stale = directory_.Write(TemporaryNameOf("story.xml", ended), "half");
+    const fs::path staleBackup = directory_.Write(TemporaryNameOf("story.bml", ended, 2), "x");
+    const fs::path otherStory = directory_.Write(TemporaryNameOf("other.xml", ended), "half");
+    const fs::path running = directory_.Write(TemporaryNameOf("story.xml", ::getpid(), 90), "");
+    fixture_.preferences.BackupStories = true;
+    ASSERT_EQ(Save().outcome, SaveOutcome::Saved);
+    ASSERT_EQ(Save().outcome, SaveOutcome::Saved);
+    EXPECT_FALSE(fs::exists(stale));
+    EXPECT_FALSE(fs::exists(staleBackup));
+    EXPECT_TRUE(fs::exists(otherStory));
+    EXPECT_TRUE(fs::exists(running));
 }
 
 TEST(BackupStoryName, XmlExtensionInAnyCaseBecomesBml) {

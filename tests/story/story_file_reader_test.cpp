@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <string>
@@ -15,6 +16,7 @@ namespace {
 using testing::Describe;
 using testing::ReaderBench;
 using testing::StoryXml;
+using testing::TempDir;
 
 TEST(ReadStoryValidation, AMissingFileIsToldAndLeavesTheStoryAsItWas) {
     ReaderBench bench;
@@ -286,6 +288,64 @@ TEST(ReadStoryAttachments, LinkedFilesAreReadFromEveryHrefFormOrToldMissing) {
     EXPECT_EQ(bench.user.messages, (std::vector<std::string>{
                                        "Unknown photo: C:/Photos/a.jpg\nStory: " + path.string(),
                                        "Unknown file: /nowhere/x y.doc\nStory: " + path.string()}));
+}
+
+TEST(ReadStoryAttachments, ARelativeHrefNamesAFileOfTheStorysFolder) {
+    ReaderBench bench;
+    const auto photo = bench.folder.Write("desk/photo.jpg", "jpeg");
+    const auto plan = bench.folder.Write("desk/Files/plan 2.pdf", "pdf");
+    bench.folder.Write("above.jpg", "jpeg");
+    const auto story = bench.Write(
+        StoryXml("<Images><ImageBag><Image href=\"photo.jpg\"/></ImageBag>"
+                 "<ImageBag><Image href=\"../above.jpg\"/></ImageBag>"
+                 "<ImageBag><Image href=\"Files/../../above.jpg\"/></ImageBag></Images>"
+                 "<Files><FileBag><File href=\"file://Files\\plan%202.pdf\"/></FileBag></Files>"),
+        "desk/story.xml");
+    // The working directory is another folder, which holds a file of the same name.
+    ASSERT_NE(std::filesystem::current_path(), story.parent_path());
+    const TempDir elsewhere;
+    elsewhere.Write("photo.jpg", "wrong");
+    const auto workingDirectory = std::filesystem::current_path();
+    std::filesystem::current_path(elsewhere.path());
+    ReadStory(story, bench.context, bench.story);
+    std::filesystem::current_path(workingDirectory);
+
+    ASSERT_EQ(bench.story.images.size(), 1u);
+    EXPECT_EQ(bench.story.images[0].path, photo.string());
+    ASSERT_EQ(bench.story.files.size(), 1u);
+    EXPECT_EQ(bench.story.files[0].path, plan.string());
+    const std::string climbing =
+        "\nA relative path must stay in the story's folder or below it.\nStory: " + story.string();
+    EXPECT_EQ(bench.user.messages,
+              (std::vector<std::string>{"Unknown photo: ../above.jpg" + climbing,
+                                        "Unknown photo: Files/../../above.jpg" + climbing}));
+}
+
+TEST(ReadStoryAttachments, WhatIsNoRegularFileIsRefusedWithItsReason) {
+    ReaderBench bench;
+    const auto pipe = bench.folder / "pipe.jpg";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0644), 0);
+    std::filesystem::create_directory(bench.folder / "folder.jpg");
+    std::filesystem::create_symlink("/dev/zero", bench.folder / "zero.jpg");
+    const auto story = bench.Write(
+        StoryXml("<Images><ImageBag><Image href=\"file:///dev/zero\"/></ImageBag>"
+                 "<ImageBag><Image href=\"file://" +
+                 pipe.string() +
+                 "\"/></ImageBag><ImageBag><Image href=\"zero.jpg\"/></ImageBag></Images>"
+                 "<Files><FileBag><File href=\"folder.jpg\"/></FileBag></Files>"));
+    ReadStory(story, bench.context, bench.story);
+    EXPECT_TRUE(bench.story.images.empty());
+    EXPECT_TRUE(bench.story.files.empty());
+    const std::string storyLine = "\nStory: " + story.string();
+    EXPECT_EQ(bench.user.messages,
+              (std::vector<std::string>{
+                  "Unknown photo: /dev/zero\nThis is a device, not a regular file." + storyLine,
+                  "Unknown photo: " + pipe.string() +
+                      "\nThis is a named pipe, not a regular file." + storyLine,
+                  "Unknown photo: " + (bench.folder / "zero.jpg").string() +
+                      "\nThis is a device, not a regular file." + storyLine,
+                  "Unknown file: " + (bench.folder / "folder.jpg").string() +
+                      "\nThis is a folder, not a regular file." + storyLine}));
 }
 
 TEST(ReadStoryAsSimpleText, BoxesFormatsAndStylesComeBackFromTheTextOrTheStoryIsEmptied) {

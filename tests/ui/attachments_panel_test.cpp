@@ -80,6 +80,8 @@ void AttachmentsPanelTest::aPictureChosenInTheDialogIsShownWithItsIptcValues() {
 
     QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [1]"));
     QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
+    QCOMPARE(bench.Tree("treeImages")->currentItem()->toolTip(0),
+             QString::fromStdString(bench.picture.string()));
     QCOMPARE(bench.Text("txtImageCaption"), QStringLiteral("Harbour at dawn"));
     QCOMPARE(bench.Text("txtImageCredit"), QStringLiteral("Agency"));
     QVERIFY(bench.Find<QLabel>("lblImageInfo")
@@ -95,8 +97,10 @@ void AttachmentsPanelTest::aPictureChosenInTheDialogIsShownWithItsIptcValues() {
 void AttachmentsPanelTest::droppedFilesAreLinkedOrRefusedAndDelRemovesThem() {
     Bench bench;
     QTreeWidget* files = bench.Tree("treeOtherFiles");
-    bench.Drop(*files->viewport(), bench.bench.folder.Write("notes.txt", "interview"));
+    const std::filesystem::path notes = bench.bench.folder.Write("notes.txt", "interview");
+    bench.Drop(*files->viewport(), notes);
     QCOMPARE(bench.CurrentText("treeOtherFiles"), QStringLiteral("notes.txt"));
+    QCOMPARE(files->currentItem()->toolTip(0), QString::fromStdString(notes.string()));
     QTest::keyClicks(bench.Find<QLineEdit>("txtOtherFileDescription"), QStringLiteral("Notes"));
     QCOMPARE(bench.session.story.files[0].description, std::string("Notes"));
 
