@@ -40,7 +40,7 @@ TEST_F(MetadataFieldsTest, LeavingADateJudgesItInWholeDays) {
     EXPECT_EQ(Leave(DateField::Publication, "10/03/2025"), "");
     EXPECT_EQ(Leave(DateField::Publication, "09/03/2025"), "Expired!Expired publication date");
     EXPECT_EQ(Leave(DateField::Event, "09/03/2025"), "");
-    EXPECT_EQ(Leave(DateField::Event, "31/02/2025"), "Invalid!Invalid date");
+    EXPECT_EQ(Leave(DateField::Event, "31/02/2025"), "Invalid!Invalid date (dd/MM/yyyy)");
     EXPECT_EQ(Leave(DateField::Publication, " "), "");
     EXPECT_EQ(Session().window.beeps, 2);
 }
