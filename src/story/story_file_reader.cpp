@@ -61,10 +61,11 @@ std::array<std::int32_t, kTextBoxCount> BoxFontSizes(const Preferences& preferen
 
 void ResetStory(StoryRecord& story, const Configuration& configuration) {
     StoryRecord reset;
-    reset.author = std::move(story.author);
-    reset.email = std::move(story.email);
-    reset.group = std::move(story.group);
-    reset.initials = std::move(story.initials);
+    const Identity& user = configuration.identity;
+    reset.author = user.author;
+    reset.email = user.email;
+    reset.group = user.group;
+    reset.initials = user.initials;
     reset.formIndex = story.formIndex;
     reset.statusIndex = configuration.status.defaultIndex;
     reset.genreIndex = configuration.genre.defaultIndex;

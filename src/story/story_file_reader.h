@@ -15,10 +15,11 @@ enum class StoryReadOutcome {
 };
 
 // Brings the story to the state of a new story, as the editor's reset does before a story
-// is read: every value empty, the status and the genre at their configured defaults, the
-// sections as the configuration's choice of general or local sections says, the signature
-// field disabled. The identity fields (author, e-mail, group, initials) and the form in
-// force are kept: a new story keeps the form, and the identity stays until a story sets it.
+// is read: every value empty, the identity fields (author, e-mail, group, initials) those of
+// the user (the configuration's identity, which the preferences' Identification section
+// overrides), the status and the genre at their configured defaults, the sections as the
+// configuration's choice of general or local sections says, the signature field disabled.
+// The form in force is kept.
 void ResetStory(StoryRecord& story, const Configuration& configuration);
 
 // Opens the story file at path into story, checking in this order:

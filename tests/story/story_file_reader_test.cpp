@@ -118,9 +118,10 @@ TEST(ReadStoryMetadata, EveryRowIsReadAsTheFileHoldsIt) {
     EXPECT_EQ(story.eventDate, "01/03/2025");
 }
 
-TEST(ReadStoryMetadata, MissingRowsKeepTheResetValuesAndTheIdentityStays) {
+TEST(ReadStoryMetadata, MissingRowsKeepTheResetValuesAndTheUsersIdentity) {
     ReaderBench bench;
-    bench.story.author = "Desk user";
+    bench.story.author = "Previous author";
+    bench.configuration.identity.author = "Desk user";
     bench.story.publication = "Old";
     bench.story.creation = {"01/01/2020", "10:00"};
     bench.story.keywords.push_back({"K1", "old"});

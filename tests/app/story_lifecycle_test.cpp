@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "app/session_start.h"
+#include "common/scoped_environment.h"
+#include "common/utf8.h"
+#include "config/configuration_document.h"
+#include "editing/copy_fit.h"
+#include "metadata/publication_selection.h"
+#include "metadata/taxonomy.h"
+#include "story/file_operations.h"
+#include "support/temp_dir.h"
+
+namespace tessarin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadBytes;
+using testing::ScopedEnvironment;
+
+// A newsroom whose user is Ana Lima, with two forms, a publications tree, a taxonomy and a
+// mandatory publication, started as the editor starts on Monday 10 March 2025.
+class StoryLifecycleTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        testing::ConfigurationDocument document;
+        document.metadata =
+            R"(<Metadata><Author>Ana Lima</Author><Email>ana@herald.example</Email>)"
+            R"(<Initials>AL</Initials><Publication Name="Title" Mandatory="true"/>)"
+            R"(<Forms><Form Name="Brief" TextBoxes="7" NumberOfChars7="10-20"/>)"
+            R"(<Form Name="Feature" TextBoxes="17"/></Forms></Metadata>)";
+        document.taxonomy = R"(<Taxonomy Name="Topics"><Topic FormalName="15000000">Sport)"
+                            R"(</Topic></Taxonomy>)";
+        document.publications =
+            R"(<Publications><Publication Name="Herald"><Classification Name="City" )"
+            R"(Type="General"><Section Name="Port"/></Classification></Publication>)"
+            R"(</Publications>)";
+        document.messages = "<Messages/>";
+        app_.Write("Tessarin.xml", document.Text());
+        ASSERT_EQ(StartEditor(session_).state, StartState::Ready);
+        FirstActivation(session_);
+    }
+
+    // A story by another author, saved in form 1 with a publication.
+    fs::path WriteForeignStory() {
+        return app_.Write(
+            "other.xml",
+            "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<Story AppName=\"Tessarin\"><Metadata>"
+            "<Author>Lena Brandt</Author><Email>lena@herald.example</Email>"
+            "<Initials>LB</Initials><Publication>Herald</Publication>"
+            "<Form Index=\"1\">Feature</Form></Metadata><Body><TextBox6>Harbour "
+            "news</TextBox6></Body></Story>\n");
+    }
+
+    std::string KeyOf(std::string_view tree, bool (*wanted)(const TreeNode&)) {
+        for (const TreeNode* node : session_.window.Tree(tree).AllNodes()) {
+            if (wanted(*node)) return node->key;
+        }
+        return "";
+    }
+    bool AnyBold(std::string_view tree) {
+        for (const TreeNode* node : session_.window.Tree(tree).AllNodes()) {
+            if (node->bold) return true;
+        }
+        return false;
+    }
+
+    ScopedEnvironment now_{"TESSARIN_NOW", "2025-03-10T09:00:00"};
+    ScopedEnvironment shortDate_{"TESSARIN_SHORT_DATE", "dd/MM/yyyy"};
+    testing::TempDir app_;
+    ScriptedInteraction user_;
+    EditorSession session_{MakeAppPaths(app_.path()), user_};
+};
+
+TEST_F(StoryLifecycleTest, ANewStoryAfterAnotherAuthorsStoryIsTheUsers) {
+    ASSERT_TRUE(OpenStoryFile(session_, WriteForeignStory()));
+    EXPECT_EQ(session_.story.author, "Lena Brandt");
+    ASSERT_TRUE(NewStory(session_));
+    const StoryRecord& story = session_.story;
+    EXPECT_EQ(story.author + "|" + story.email + "|" + story.initials,
+              "Ana Lima|ana@herald.example|AL");
+    session_.story.publication = "Herald";
+    session_.story.boxes[6] = StyledText(u"Port opens");
+    user_.QueuePath(app_ / "mine.xml");
+    ASSERT_TRUE(SaveCurrentStory(session_));
+    EXPECT_NE(ReadBytes(app_ / "mine.xml").find(">Ana Lima</Author>"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tessarin
