@@ -196,9 +196,8 @@ void SetMetadataLock(EditorSession& session, bool locked) {
     ApplyMetadataLock(session, locked);
 }
 
-void PrepareMetadataAtStart(EditorSession& session) {
+void PrepareNewStoryMetadata(EditorSession& session) {
     session.story.publicationDate = TomorrowShortDate();
-    ApplyMetadataLock(session, false);
     MetadataChanged(session);
 }
 

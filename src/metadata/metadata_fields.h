@@ -76,8 +76,8 @@ bool MetadataLocked(const WindowState& window);
 // once, the entry checked as it says, and the lock applied.
 void SetMetadataLock(EditorSession& session, bool locked);
 
-// The metadata at start, once the configuration is loaded: the publication date is tomorrow,
-// the controls are unlocked, and the metadata tool tip is built.
-void PrepareMetadataAtStart(EditorSession& session);
+// The metadata of a new story: the publication date is tomorrow and the metadata tool tip is
+// built.
+void PrepareNewStoryMetadata(EditorSession& session);
 
 }  // namespace tessarin

@@ -104,9 +104,9 @@ bool SettleChangesBeforeLoss(EditorSession& session) {
 
 bool NewStory(EditorSession& session) {
     if (!SettleChangesBeforeLoss(session)) return false;
-    RefreshStoryPanel(session);
     session.storyDirectory.clear();
     session.storyFileName.clear();
+    ShowNewStory(session);
     session.storyModified = false;
     return true;
 }

@@ -33,8 +33,8 @@ struct DocumentImport {
 // the story as it is and returns false, so that no change is lost.
 bool SettleChangesBeforeLoss(EditorSession& session);
 
-// NewStory (also the close command): the question, then the editor is reset to a new story
-// of the form in force, without name and unchanged. False when the question stopped it.
+// NewStory (also the close command): the question, then the editor shows the new story of a
+// fresh start (ShowNewStory), without name and unchanged. False when the question stopped it.
 bool NewStory(EditorSession& session);
 
 // OpenStory: the question, then the open dialog titled OpenStory in the last story directory

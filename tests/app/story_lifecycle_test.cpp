@@ -85,5 +85,41 @@ TEST_F(StoryLifecycleTest, ANewStoryAfterAnotherAuthorsStoryIsTheUsers) {
     EXPECT_NE(ReadBytes(app_ / "mine.xml").find(">Ana Lima</Author>"), std::string::npos);
 }
 
+// New (and Close, the same command) shows what a fresh start shows, whatever the story before
+// left: no highlight, no check, no status message, the first form and tomorrow's date.
+TEST_F(StoryLifecycleTest, NewShowsWhatAFreshStartShows) {
+    const PanelState fresh = session_.panel;
+    const auto shown = [this] {
+        const StoryRecord& story = session_.story;
+        return story.author + "|" + story.publication + "|" + story.publicationDate + "|" +
+               std::to_string(story.formIndex) + "|" + std::to_string(story.taxonomy.size()) + "|" +
+               Utf16ToUtf8(story.boxes[6].Text());
+    };
+    const std::string freshStory = shown();
+    const std::string freshStatus = session_.window.Status().text;
+    ASSERT_TRUE(OpenStoryFile(session_, WriteForeignStory()));
+    ASSERT_TRUE(ClickPublicationNode(
+        session_, session_.highlights,
+        KeyOf(kPublicationsTree, [](const TreeNode& node) { return node.tag.starts_with("S"); })));
+    ASSERT_TRUE(CheckTaxonomyTopic(
+        session_, session_.highlights,
+        KeyOf(kTaxonomyTree, [](const TreeNode& node) { return node.hasCheckbox; }), true));
+    session_.window.Status() = {"Body: 198841 chars too many", false};
+    session_.story.publicationDate.clear();
+    ASSERT_TRUE(AnyBold(kPublicationsTree) && AnyBold(kTaxonomyTree));
+
+    user_.QueueAnswer(Answer::No);
+    ASSERT_TRUE(NewStory(session_));
+    EXPECT_FALSE(AnyBold(kPublicationsTree) || AnyBold(kTaxonomyTree));
+    EXPECT_EQ(session_.window.Status().text, freshStatus);
+    EXPECT_EQ(session_.story.publicationDate, "11/03/2025");
+    EXPECT_EQ(shown(), freshStory);
+    EXPECT_EQ(freshStory, "Ana Lima||11/03/2025|0|0|");
+    EXPECT_EQ(session_.panel.formInForce, 0);
+    EXPECT_EQ(session_.panel.limits[6].maximum, fresh.limits[6].maximum);
+    EXPECT_TRUE(session_.window.Control(LimitsLabelName(6)).visible);
+    EXPECT_EQ(session_.undo.snapshots[session_.undo.position].box, kNoBox);
+}
+
 }  // namespace
 }  // namespace tessarin

@@ -28,8 +28,8 @@ class MetadataFieldsTest : public ::testing::Test {
     testing::MetadataSession bench_;
 };
 
-TEST_F(MetadataFieldsTest, StartDatesTheStoryTomorrow) {
-    PrepareMetadataAtStart(Session());
+TEST_F(MetadataFieldsTest, ANewStoryIsDatedTomorrow) {
+    PrepareNewStoryMetadata(Session());
     EXPECT_EQ(Story().publicationDate, "11/03/2025");
     EXPECT_EQ(bench_.Control("cmdMetadataTooltip").toolTip,
               "0 Photos\nPublication date:\n   11/03/2025");
