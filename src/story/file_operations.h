@@ -53,8 +53,9 @@ bool OpenRecentFile(EditorSession& session, std::size_t row, const DocumentImpor
 // names chosen (before its text and attachments are in place, so that choosing it asks
 // nothing), the boxes counted and the attachments shown; the story takes the file's directory
 // and name and counts as unchanged, the automatic save's countdown starts again, the title
-// shows the name and the recent-files list takes the path. A file that cannot be read leaves
-// a new story without name. A missing file is told and changes nothing.
+// shows the name and the recent-files list takes the path; a story rescued as text only
+// counts as changed. A file that cannot be read (missing, refused, nothing rescued) is told
+// and leaves the open story as it stood.
 //
 // A backup story "base.bml": when "base.xml" stands beside it, Yes/No StoryBackupReplace
 // " '" base.xml "'" line break StoryBackupReplaceBy " '" base.bml "'"; otherwise

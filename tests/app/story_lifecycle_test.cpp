@@ -121,5 +121,31 @@ TEST_F(StoryLifecycleTest, NewShowsWhatAFreshStartShows) {
     EXPECT_EQ(session_.undo.snapshots[session_.undo.position].box, kNoBox);
 }
 
+// A file that is no story keeps the story that was open; text that is there is rescued.
+TEST_F(StoryLifecycleTest, AFailedOpenKeepsTheOpenStoryAndTheRescueTakesTheTextThatIsThere) {
+    ASSERT_TRUE(OpenStoryFile(session_, WriteForeignStory()));
+    session_.story.boxes[6] = StyledText(u"Unsaved lead");
+    session_.storyModified = true;
+    const fs::path open = session_.StoryPath();
+
+    const fs::path binary = app_.Write("photo.xml", std::string("\xFF\xD8\x00\x10JFIF\x00", 10));
+    const fs::path empty = app_.Write("empty.xml", "");
+    const fs::path foreign = app_.Write("list.xml", "<?xml version=\"1.0\"?>\n<Groceries/>\n");
+    user_.QueueAnswer(Answer::No);
+    for (const fs::path& file : {binary, empty, foreign}) {
+        EXPECT_FALSE(OpenStoryFile(session_, file)) << file;
+        EXPECT_EQ(session_.story.boxes[6].Text(), u"Unsaved lead") << file;
+        EXPECT_TRUE(session_.storyModified && session_.StoryPath() == open) << file;
+    }
+    EXPECT_EQ(user_.questions.size(), 1u);  // only the file that holds text offers the rescue
+
+    const fs::path notes = app_.Write("notes.xml", "Quay closed\nFerry late\r\n");
+    ASSERT_TRUE(OpenStoryFile(session_, notes));
+    EXPECT_EQ(session_.story.boxes[6].Text(), u"Quay closed\r\nFerry late\r\n");
+    EXPECT_TRUE(session_.storyModified && session_.StoryPath() == notes);
+    ASSERT_TRUE(OpenStoryFile(session_, foreign));
+    EXPECT_EQ(session_.story.boxes[6].Text(), u"<?xml version=\"1.0\"?>\r\n<Groceries/>\r\n");
+}
+
 }  // namespace
 }  // namespace tessarin
