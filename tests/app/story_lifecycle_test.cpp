@@ -147,5 +147,36 @@ TEST_F(StoryLifecycleTest, AFailedOpenKeepsTheOpenStoryAndTheRescueTakesTheTextT
     EXPECT_EQ(session_.story.boxes[6].Text(), u"<?xml version=\"1.0\"?>\r\n<Groceries/>\r\n");
 }
 
+// A refused save (here an empty mandatory publication) stops New, Open, Close and quitting:
+// the story and its changes stay.
+TEST_F(StoryLifecycleTest, ARefusedSaveKeepsTheStoryOpenWhateverAskedForIt) {
+    const fs::path other = WriteForeignStory();
+    const std::vector<std::pair<const char*, std::function<bool()>>> operations = {
+        {"new", [&] { return NewStory(session_); }},
+        {"open",
+         [&] {
+             user_.QueuePath(other);
+             return OpenStory(session_);
+         }},
+        {"close", [&] { return NewStory(session_); }},
+        {"quit", [&] { return CloseEditor(session_, MainWindowSection{}); }},
+    };
+    const fs::path story = app_.Write("draft.xml", "");
+    for (const auto& [name, operation] : operations) {
+        session_.storyDirectory = story.parent_path();
+        session_.storyFileName = story.filename().string();
+        session_.story.publication.clear();
+        session_.story.boxes[6] = StyledText(u"Draft lead");
+        session_.storyModified = true;
+        user_.QueueAnswer(Answer::Yes);
+        EXPECT_FALSE(operation()) << name;
+        EXPECT_EQ(session_.story.boxes[6].Text(), u"Draft lead") << name;
+        EXPECT_TRUE(session_.storyModified && session_.StoryPath() == story) << name;
+        EXPECT_EQ(ReadBytes(story), "") << name;
+        EXPECT_EQ(user_.messages.back(), "Title: Mandatory field") << name;
+    }
+    EXPECT_EQ(user_.messages.size(), operations.size());
+}
+
 }  // namespace
 }  // namespace tessarin
