@@ -121,7 +121,10 @@ QWidget* StoryPanel::BuildFormList() {
     forms_->setObjectName(QStringLiteral("lstStoryTypes"));
     layout->addWidget(formsLabel_);
     layout->addWidget(forms_, 1);
-    connect(forms_, &QListWidget::currentRowChanged, this, &StoryPanel::FormClicked);
+    // The list makes the clicked row current before it selects it: the choice is taken once
+    // the click is done, so that a refusal can put the selection back on the form in force.
+    connect(forms_, &QListWidget::currentRowChanged, this, &StoryPanel::FormClicked,
+            Qt::QueuedConnection);
     return column;
 }
 

@@ -119,12 +119,14 @@ class StoryPanelTest : public QObject {
         const auto click = [&forms](int row) {
             QTest::mouseClick(forms.viewport(), Qt::LeftButton, {},
                               forms.visualItemRect(forms.item(row)).center());
+            QCoreApplication::processEvents();
         };
         panel.bench.user.QueueAnswer(Answer::No);
         click(2);  // "Main" has no box 1
         QCOMPARE(QString::fromStdString(panel.bench.user.questions.back()),
                  QStringLiteral("Following text will be deleted:\nBox1"));
         QCOMPARE(forms.currentRow(), 0);
+        QCOMPARE(forms.selectedItems(), QList<QListWidgetItem*>{forms.item(0)});
         QCOMPARE(panel.Box(1).toPlainText(), QStringLiteral("text"));
 
         panel.bench.user.QueueAnswer(Answer::No);  // keep the mixed case
