@@ -33,12 +33,12 @@ bool SaveNamedStory(EditorSession& session) {
 }
 
 DialogSave SaveThroughDialog(EditorSession& session, std::string_view titleKey) {
+    const std::string filter = session.Message("StoriesLabel") + " XML (*.xml)|*.xml";
     const std::optional<fs::path> chosen = session.user.ChooseFileToSave(
-        session.Message(titleKey), session.Message("StoriesLabel") + " XML (*.xml)|*.xml",
-        session.lastStoryDirectory, "");
+        session.Message(titleKey), filter, session.lastStoryDirectory, "");
     if (!chosen || chosen->filename().empty()) return DialogSave::Cancelled;
     session.storyDirectory = TakeDialogDirectory(session, chosen->parent_path());
-    session.storyFileName = chosen->filename().string();
+    session.storyFileName = WithFilterExtension(*chosen, filter).filename().string();
     return SaveNamedStory(session) ? DialogSave::Saved : DialogSave::NotSaved;
 }
 

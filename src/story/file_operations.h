@@ -71,7 +71,8 @@ bool SaveCurrentStory(EditorSession& session);
 
 // SaveStoryAs: the save dialog titled SaveStoryAs with an empty name, in the last story
 // directory, filtered on StoriesLabel " XML (*.xml)|*.xml"; then the personal directory rule,
-// the directory and name taken over, DirStories written, and the story saved. False when the
+// the directory and name taken over (a name that is not ".xml" takes the extension,
+// WithFilterExtension), DirStories written, and the story saved. False when the
 // dialog is cancelled (nothing changes) or the save is refused.
 bool SaveStoryAs(EditorSession& session);
 

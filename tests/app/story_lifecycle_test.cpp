@@ -147,6 +147,28 @@ TEST_F(StoryLifecycleTest, AFailedOpenKeepsTheOpenStoryAndTheRescueTakesTheTextT
     EXPECT_EQ(session_.story.boxes[6].Text(), u"<?xml version=\"1.0\"?>\r\n<Groceries/>\r\n");
 }
 
+// The save dialogs add the extension of their filter to a name without it, so that the open
+// dialog lists the story again.
+TEST_F(StoryLifecycleTest, SaveAsGivesANameWithoutExtensionTheFiltersOne) {
+    session_.story.publication = "Herald";
+    const std::pair<const char*, const char*> names[] = {
+        {"brief", "brief.xml"}, {"brief.v2", "brief.v2.xml"}, {"Brief.XML", "Brief.XML"}};
+    for (const auto& [typed, saved] : names) {
+        session_.story.boxes[6] = StyledText(u"Port opens");
+        session_.storyModified = true;
+        user_.QueuePath(app_ / typed);
+        ASSERT_TRUE(SaveStoryAs(session_)) << typed;
+        EXPECT_EQ(session_.storyFileName, saved);
+        EXPECT_TRUE(fs::exists(app_ / saved)) << saved;
+    }
+    EXPECT_FALSE(fs::exists(app_ / "brief"));
+    EXPECT_EQ(WithFilterExtension("/news/memo", "Texts (*.txt;*.rtf)|*.txt;*.rtf"),
+              fs::path("/news/memo.txt"));
+    EXPECT_EQ(WithFilterExtension("/news/memo.rtf", "Texts (*.txt;*.rtf)|*.txt;*.rtf"),
+              fs::path("/news/memo.rtf"));
+    EXPECT_EQ(WithFilterExtension("/news/memo", "All (*.*)|*.*"), fs::path("/news/memo"));
+}
+
 // A refused save (here an empty mandatory publication) stops New, Open, Close and quitting:
 // the story and its changes stay.
 TEST_F(StoryLifecycleTest, ARefusedSaveKeepsTheStoryOpenWhateverAskedForIt) {
