@@ -278,6 +278,8 @@ void StoryPanel::ShowBoxControls(int box) {
     widgets.row->setVisible(Visible(window, TextBoxControlName(box), true));
     widgets.edit->setEnabled(Enabled(window, TextBoxControlName(box)));
     widgets.edit->setReadOnly(box == kMainTextBox && session_.mainBoxLocked);
+    // Tab types a tab only when the preference says so; otherwise it moves to the next box.
+    widgets.edit->setTabChangesFocus(!session_.preferences.TabInText);
     widgets.label->setText(Caption(window, TextBoxLabelName(box)));
     SetTextColour(*widgets.label, BoxLabelColour(session_, box));
     widgets.count->setText(Caption(window, CountLabelName(box)));

@@ -46,7 +46,6 @@ StoryTextBox::StoryTextBox(int box, QWidget* parent) : QTextEdit(parent), box_(b
     setAcceptRichText(false);
     setUndoRedoEnabled(false);
     setAcceptDrops(false);
-    setTabChangesFocus(false);
 }
 
 void StoryTextBox::keyPressEvent(QKeyEvent* event) {
