@@ -85,6 +85,9 @@ void WindowChrome::BuildMenus(QMainWindow& window) {
                 Name(*action, QStringLiteral("mnu") + FromView(entry.key), entry.caption);
                 action->setCheckable(entry.checkable);
                 entries_[FromView(entry.key)] = action;
+                if (entry.shortcut != QKeySequence::UnknownKey) {
+                    standardShortcuts_[action] = entry.shortcut;
+                }
             }
         }
     }
@@ -152,6 +155,21 @@ void WindowChrome::Refresh(const EditorSession& session) {
     }
     for (QToolBar* toolbar : toolbars_)
         toolbar->setVisible(session.preferences.ToolBarVisible);
+    ShowShortcuts(session);
+}
+
+void WindowChrome::ShowShortcuts(const EditorSession& session) {
+    for (const auto& [key, action] : entries_) {
+        const std::string& configured = session.configuration.interface.Entry(ToStd(key)).Shortcut;
+        QList<QKeySequence> shortcuts;
+        if (!configured.empty()) {
+            shortcuts = QKeySequence::listFromString(QString::fromStdString(configured));
+        } else if (const auto standard = standardShortcuts_.find(action);
+                   standard != standardShortcuts_.end()) {
+            shortcuts = StandardShortcuts(standard->second);
+        }
+        if (action->shortcuts() != shortcuts) action->setShortcuts(shortcuts);
+    }
 }
 
 }  // namespace tessarin

@@ -1,0 +1,91 @@
+#include <QAction>
+#include <QTextEdit>
+#include <QtTest>
+
+#include "ui/editor_driver.h"
+#include "ui/main_menu_layout.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+using testing::Editor;
+using testing::TempDir;
+
+// A newsroom with one form that holds the main box; interface holds Interface's entries.
+std::string Newsroom(std::string_view interface = "") {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<Tessarin Version=\"3.2\" StoriesEncoding=\"UTF-8\">"
+           "<FTPTransmission><FTPServer IPNumber=\"ftp.example.org\" User=\"desk\"/>"
+           "</FTPTransmission>"
+           "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
+           "<Story/><Publications><Publication Name=\"Morning Herald\"/></Publications>"
+           "<Interface>" +
+           std::string(interface) + "</Interface><Messages/></Tessarin>\n";
+}
+
+class MainWindowCommandsTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void theCommandsHaveTheDesktopsShortcutsUnlessConfigured();
+};
+
+void MainWindowCommandsTest::theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Newsroom("<FileSaveAs Shortcut=\"F12\"/>"));
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+
+    const std::pair<const char*, QKeySequence::StandardKey> standard[] = {
+        {"mnuFileNew", QKeySequence::New},
+        {"mnuFileOpen", QKeySequence::Open},
+        {"mnuFileSave", QKeySequence::Save},
+        {"mnuFileClose", QKeySequence::Close},
+        {"mnuFileExit", QKeySequence::Quit},
+        {"mnuEditionUndo", QKeySequence::Undo},
+        {"mnuEditionRedo", QKeySequence::Redo},
+        {"mnuEditionCut", QKeySequence::Cut},
+        {"mnuEditionCopy", QKeySequence::Copy},
+        {"mnuEditionPaste", QKeySequence::Paste},
+        {"mnuFormatBold", QKeySequence::Bold},
+        {"mnuFormatItalic", QKeySequence::Italic},
+        {"mnuFormatUnderline", QKeySequence::Underline},
+        {"mnuSearchText", QKeySequence::Find},
+        {"mnuSearchReplace", QKeySequence::Replace},
+        {"mnuAbout", QKeySequence::HelpContents},
+    };
+    for (const auto& [entry, key] : standard) {
+        QVERIFY2(!editor.Action(entry)->shortcuts().isEmpty(), entry);
+        QCOMPARE(editor.Action(entry)->shortcuts(), StandardShortcuts(key));
+    }
+    QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
+    QList<QKeySequence> all;
+    for (QAction* action : editor.window.findChildren<QAction*>())
+        all += action->shortcuts();
+    for (const char* keys : {"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+W", "Ctrl+Q", "Ctrl+B", "Ctrl+I",
+                             "Ctrl+U", "Ctrl+F", "Ctrl+H", "Ctrl+Y", "F1"}) {
+        QVERIFY2(all.contains(QKeySequence(QString::fromLatin1(keys))), keys);
+    }
+
+    // Pressed in the story's main box, the keys run their commands.
+    editor.Trigger("mnuDisplayStory");
+    editor.Type("Harbour");
+    QTextEdit* box = editor.Box(6);
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
+    QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
+    const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
+    QVERIFY(format.bold && format.underline);
+    editor.user.QueuePath(dir / "harbour.xml");
+    QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(std::filesystem::exists(dir / "harbour.xml"));
+    QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(editor.MainBox(), std::u16string());
+}
+
+TESSARIN_UI_TEST(MainWindowCommandsTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "main_window_commands_test.moc"
