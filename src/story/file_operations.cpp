@@ -118,6 +118,13 @@ bool SaveCurrentStory(EditorSession& session) {
     return session.storyModified && SaveNamedStory(session);
 }
 
+bool SaveAndCloseStory(EditorSession& session) {
+    if (session.storyModified && !session.mainBoxLocked && !SaveCurrentStory(session)) {
+        return false;
+    }
+    return NewStory(session);
+}
+
 bool SaveStoryAs(EditorSession& session) {
     return SaveThroughDialog(session, "SaveStoryAs") == DialogSave::Saved;
 }

@@ -69,6 +69,11 @@ bool OpenStoryFile(EditorSession& session, const std::filesystem::path& file,
 // SaveStory. True when the story was saved.
 bool SaveCurrentStory(EditorSession& session);
 
+// SaveAndCloseStory (mnuFileSaveClose): a story with changes is saved as SaveCurrentStory
+// saves it, then closed as NewStory closes it. A refused or cancelled save keeps it open;
+// false then.
+bool SaveAndCloseStory(EditorSession& session);
+
 // SaveStoryAs: the save dialog titled SaveStoryAs with an empty name, in the last story
 // directory, filtered on StoriesLabel " XML (*.xml)|*.xml"; then the personal directory rule,
 // the directory and name taken over (a name that is not ".xml" takes the extension,

@@ -1,5 +1,8 @@
 #include "ui/main_menu_layout.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace tessarin {
 namespace {
 
@@ -163,6 +166,47 @@ constexpr ToolbarLayout kToolbars[] = {
     {"ToolbarTools", kToolsButtons},
 };
 
+constexpr std::string_view kCommandsNotBuiltYet[] = {
+    "FileMyStories",
+    "FilePrint",
+    "EditionMultipleClipboard",
+    "DisplayTextZoom",
+    "DisplayParagraphs",
+    "DisplayTeleprompter",
+    "DisplayLogs",
+    "InsertCharacters",
+    "InsertSetOfCharacters",
+    "FormatQuestionsAnswers",
+    "FormatQuestions",
+    "FormatAnswers",
+    "FormatNewline",
+    "FormatFollowingText",
+    "FormatAutoTypography",
+    "Search",
+    "SearchText",
+    "SearchReplace",
+    "SearchNextOccurrence",
+    "SearchStories",
+    "ToolsSpellChecker",
+    "ToolsWordStatistics",
+    "ToolsInternet1",
+    "ToolsInternet2",
+    "ToolsInternet3",
+    "ToolsApplications",
+    "ToolsApplication",
+    "ToolsFTP",
+    "ToolsSMTP",
+    "ToolsSendWorkflow",
+    "ToolsReceiveWorkflow",
+    "ToolsInterceptWorkflow",
+    "ToolsCheckLogs",
+    "ToolsTracking",
+    "ToolsConfiguration",
+    "ExportRTF",
+    "ExportPDF",
+    "TipOfTheDay",
+};
+
 struct ButtonCaption {
     std::string_view button;
     std::string_view caption;
@@ -206,6 +250,11 @@ constexpr ButtonCaption kButtonCaptions[] = {
 
 std::span<const MenuLayout> MainMenuLayout() {
     return kMenus;
+}
+
+bool CommandNotBuiltYet(std::string_view key) {
+    return std::find(std::begin(kCommandsNotBuiltYet), std::end(kCommandsNotBuiltYet), key) !=
+           std::end(kCommandsNotBuiltYet);
 }
 
 QList<QKeySequence> StandardShortcuts(QKeySequence::StandardKey key) {

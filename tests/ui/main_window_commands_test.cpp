@@ -24,11 +24,61 @@ std::string Newsroom(std::string_view interface = "") {
            std::string(interface) + "</Interface><Messages/></Tessarin>\n";
 }
 
+// How many receivers a signal of any object has: the count is protected in QObject, and a
+// pointer to it, taken through a class that makes it public, reaches it on every object.
+struct ReceiverCount : QObject {
+    using QObject::receivers;
+};
+int TriggerReceivers(const QAction& action) {
+    int (QObject::*receivers)(const char*) const = &ReceiverCount::receivers;
+    return (action.*receivers)(SIGNAL(triggered(bool)));
+}
+
 class MainWindowCommandsTest : public QObject {
     Q_OBJECT
   private slots:
     void theCommandsHaveTheDesktopsShortcutsUnlessConfigured();
+    void everyCommandRunsOrIsDisabled();
 };
+
+// A menu entry either runs a command or, while its window is not built, is disabled with its
+// button; About tells the program's name and version, and Save and close does both.
+void MainWindowCommandsTest::everyCommandRunsOrIsDisabled() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Newsroom());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    for (const MenuLayout& menu : MainMenuLayout()) {
+        for (const MenuEntryLayout& entry : menu.entries) {
+            if (entry.key == kMenuSeparator || entry.key == kRecentFilesRows) continue;
+            const std::string name = "mnu" + std::string(entry.key);
+            const QAction* action = editor.Action(name.c_str());
+            if (CommandNotBuiltYet(entry.key)) {
+                QVERIFY2(!action->isEnabled(), name.c_str());
+            } else {
+                QVERIFY2(TriggerReceivers(*action) > 0, name.c_str());
+            }
+        }
+    }
+    for (const char* button : {"SendWorkflow", "ReceiveWorkflow", "InterceptWorkflow", "SendFTP",
+                               "SendMail", "Logs", "SpellChecker", "Search", "Zoom", "QA"}) {
+        QVERIFY2(!editor.Action(button)->isEnabled(), button);
+    }
+    for (const char* stuck : {"Zoom", "Logs"}) {
+        editor.Trigger(stuck);
+        QVERIFY2(!editor.Action(stuck)->isChecked(), stuck);
+    }
+    QVERIFY(editor.Action("Save")->isEnabled() && editor.Action("Bold")->isEnabled());
+
+    editor.Trigger("mnuAbout");
+    QVERIFY(editor.user.messages.back().starts_with("Tessarin " TESSARIN_VERSION));
+    editor.Trigger("mnuDisplayStory");
+    editor.Type("Ferry late");
+    editor.user.QueuePath(dir / "ferry.xml");
+    editor.Trigger("mnuFileSaveClose");
+    QVERIFY(std::filesystem::exists(dir / "ferry.xml"));
+    QCOMPARE(editor.MainBox(), std::u16string());
+}
 
 void MainWindowCommandsTest::theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
     TempDir dir;
