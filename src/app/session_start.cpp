@@ -53,18 +53,6 @@ void TakePersonalDirectories(EditorSession& session) {
     }
 }
 
-// The new story of the start takes the user's identity and the status and genre that the
-// configuration chooses by default ("Usable", "Current").
-void TakeIdentity(EditorSession& session) {
-    session.story.statusIndex = session.configuration.status.defaultIndex;
-    session.story.genreIndex = session.configuration.genre.defaultIndex;
-    const Identity& identity = session.configuration.identity;
-    session.story.author = identity.author;
-    session.story.email = identity.email;
-    session.story.group = identity.group;
-    session.story.initials = identity.initials;
-}
-
 StartResult EndProgram(bool configurationLoaded) {
     return {StartState::EndProgram, configurationLoaded};
 }
@@ -112,8 +100,8 @@ StartResult StartEditor(EditorSession& session, const StartOptions& options) {
         TakePersonalDirectories(session);
     }
     ShowRecentFiles(session);
-    TakeIdentity(session);
-    PrepareMetadataAtStart(session);
+    ShowNewStory(session);
+    ApplyMetadataLock(session, false);
     session.storyModified = false;
     return result;
 }

@@ -56,9 +56,9 @@ struct StartResult {
 //    WarningAdministrator, and the program ends; then PersonalTextsDirectory and
 //    PersonalImagesDirectory, when set, replace the last directories for this run (the
 //    preferences file keeps its own);
-// 8. the recent-files menu is filled; the new story takes the user's identity, the metadata
-//    are prepared (tomorrow's publication date, unlocked, their tool tip) and the story
-//    counts as unchanged.
+// 8. the recent-files menu is filled; the editor shows the new story (ShowNewStory: the
+//    user's identity, the first form, tomorrow's publication date), the metadata controls are
+//    unlocked and the story counts as unchanged.
 StartResult StartEditor(EditorSession& session, const StartOptions& options = {});
 
 // The first activation of the main window: with no story open, the first form is chosen and

@@ -39,6 +39,13 @@ class UserInteraction {
     virtual void Beep() = 0;
 };
 
+// The name chosen in a save dialog, with the extension of the filter's first pattern added
+// when the name matches none of the filter's patterns, so that the open dialog lists the file
+// again: "brief" and "brief.v2" with "Stories XML (*.xml)|*.xml" give "brief.xml" and
+// "brief.v2.xml"; "brief.XML" stays. A filter without such a pattern ("*.*") adds nothing.
+std::filesystem::path WithFilterExtension(const std::filesystem::path& chosen,
+                                          std::string_view filter);
+
 // Answers from a script: each question takes the next queued answer, or the default answer
 // when the queue is empty; each file choice the next queued path, or nothing. Everything
 // that was asked or told is kept, in order, for the caller to print or check.

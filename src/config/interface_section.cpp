@@ -305,6 +305,7 @@ InterfaceEntry ReadEntry(const XmlNode& section, std::string_view key) {
     entry.Link = AttributeOr(element, key, "Link");
     entry.UserDict = AttributeOr(element, key, "UserDict");
     entry.Title = AttributeOr(element, key, "Title");
+    entry.Shortcut = element.Attribute("Shortcut");
     entry.Mandatory = FlagDefaultFalse(element.Attribute("Mandatory"));
     entry.Enabled = FlagDefaultTrue(element.Attribute("Enabled"));
     return entry;

@@ -28,6 +28,9 @@ struct InterfaceEntry {
     std::string Link;
     std::string UserDict;
     std::string Title;
+    // The menu entry's keyboard shortcuts, as "Ctrl+Shift+S" or several joined by ", ";
+    // empty: the desktop's standard ones for the command.
+    std::string Shortcut;
     bool Mandatory = false;
     bool Enabled = true;
 };

@@ -42,15 +42,23 @@ bool ChooseForm(EditorSession& session, int index);
 
 // Brings the editor to the state of a new story, keeping the form in force: the title
 // "Tessarin <version>[ - <client>] - <NewStory>", the story record reset (ResetStory: every
-// value and box empty, status and genre at their defaults, sections as the configuration
-// chooses), metadata tool tips cleared, lstStatus and lstGenre on their defaults, the
-// taxonomy unchecked and lstTaxonomy empty, no keyword under the categories, the copy-fit
+// value and box empty, the user's identity, status and genre at their defaults, sections as
+// the configuration chooses), metadata tool tips cleared, lstStatus and lstGenre on their defaults,
+// the taxonomy unchecked and lstTaxonomy empty, no keyword under the categories, the copy-fit
 // display reset, the toolbar's Bold, Italic, Underline, Superscript and QA buttons released
 // with mnuDisplayParagraphs and mnuFormatQA, no notes ("<Notes> [0]", collapsed), no logs
 // (lstLogs, lstLogsTypes emptied; mnuDisplayLogs and Logs released), no attachments, the
-// signature buttons released and the field empty and disabled, the Zoom button released.
-// The modified flag and the story's file name are the caller's.
+// signature buttons released and the field empty and disabled, the Zoom button released, the
+// highlights of treePublications and treeTaxonomy cleared, the undo ring emptied, the main box
+// unlocked and the status panel cleared. The modified flag and the story's file name are the
+// caller's.
 void RefreshStoryPanel(EditorSession& session);
+
+// The new story that the start shows and that New and Close bring back, whatever stood in the
+// editor before: RefreshStoryPanel (the user's identity, status and genre by default, nothing
+// chosen or highlighted), the first form chosen and every box counted against its limits,
+// the publication date of tomorrow and the metadata tool tip built.
+void ShowNewStory(EditorSession& session);
 
 // What a key typed into an all-caps box puts in: each character that the 8-bit code page
 // (Windows-1252) has is replaced by its upper case when the code page has that too ("é" to

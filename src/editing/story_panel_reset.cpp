@@ -4,6 +4,9 @@
 #include "config/load_configuration.h"
 #include "editing/copy_fit.h"
 #include "editing/story_forms.h"
+#include "metadata/metadata_fields.h"
+#include "metadata/publication_selection.h"
+#include "metadata/taxonomy.h"
 #include "story/story_file_reader.h"
 
 namespace tessarin {
@@ -63,7 +66,9 @@ void RefreshStoryPanel(EditorSession& session) {
         window.Control(field).toolTip.clear();
     window.List("lstStatus").selected = session.story.statusIndex;
     window.List("lstGenre").selected = session.story.genreIndex;
-    UncheckAll(window.Tree("treeTaxonomy").Roots());
+    session.highlights.Clear(kPublicationsTree, window.Tree(kPublicationsTree));
+    session.highlights.Clear(kTaxonomyTree, window.Tree(kTaxonomyTree));
+    UncheckAll(window.Tree(kTaxonomyTree).Roots());
     window.List("lstTaxonomy").Clear();
     RemoveKeywordNodes(window.Tree("treeKeywords"));
     ResetCopyFitDisplay(session);
@@ -73,6 +78,16 @@ void RefreshStoryPanel(EditorSession& session) {
     window.List("lstLogs").Clear();
     window.List("lstLogsTypes").Clear();
     ClearAttachments(session);
+    session.undo = UndoRing{};
+    session.mainBoxLocked = false;
+    window.ClearStatus();
+}
+
+void ShowNewStory(EditorSession& session) {
+    RefreshStoryPanel(session);
+    ChooseForm(session, 0);
+    RecountAllBoxes(session);
+    PrepareNewStoryMetadata(session);
 }
 
 }  // namespace tessarin

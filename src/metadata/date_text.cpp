@@ -161,6 +161,10 @@ std::optional<LocalDateTime> ParseShortDate(std::string_view text) {
     return ParseDate(text, ShortDatePattern(), CurrentDateLanguage());
 }
 
+std::string InvalidDateText(const MessageTexts& messages) {
+    return messages.Message("InvalidDate") + " (" + ShortDatePattern() + ")";
+}
+
 std::string LongDateOfShortDateText(std::string_view text) {
     const std::optional<LocalDateTime> date = ParseShortDate(text);
     return date ? FormatLongDate(*date) : std::string(text);

@@ -6,6 +6,7 @@
 
 #include "common/clock.h"
 #include "common/date_format.h"
+#include "config/messages_section.h"
 
 namespace tessarin {
 
@@ -22,6 +23,11 @@ std::optional<LocalDateTime> ParseDate(std::string_view text, std::string_view p
 
 // The same in the user's short date pattern and language.
 std::optional<LocalDateTime> ParseShortDate(std::string_view text);
+
+// What the writer is told of a date that does not read: InvalidDate, then the short date
+// form that dates are read in, between brackets ("Invalid date (dd/MM/yyyy)"), so that a
+// date typed or stored in another form can be put right.
+std::string InvalidDateText(const MessageTexts& messages);
 
 // The long date form of a date held as short date text; text that is no date is returned
 // as it stands.

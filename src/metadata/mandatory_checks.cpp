@@ -70,12 +70,12 @@ class MandatoryRules {
         }
         // A cold story has no date and no number of its own.
         if (!story_.coldStory) {
-            if (auto failure = CheckedTextFailure(kPublicationDate, IsDate, "InvalidDate"))
-                return failure;
+            if (auto failure = DateFailure(kPublicationDate)) return failure;
         }
-        if (auto failure = CheckedTextFailure(kEventDate, IsDate, "InvalidDate")) return failure;
+        if (auto failure = DateFailure(kEventDate)) return failure;
         if (story_.coldStory) return std::nullopt;
-        return CheckedTextFailure(kPublicationNumber, IsNumeric, "InvalidNumber");
+        return CheckedTextFailure(kPublicationNumber, IsNumeric,
+                                  configuration_.messages.Message("InvalidNumber"));
     }
 
   private:
@@ -83,8 +83,12 @@ class MandatoryRules {
 
     MandatoryFailure Failure(std::string_view field, std::string_view subject,
                              std::string_view messageKey) const {
-        return {std::string(subject) + ": " + configuration_.messages.Message(messageKey),
-                std::string(field)};
+        return FailureText(field, subject, configuration_.messages.Message(messageKey));
+    }
+
+    static MandatoryFailure FailureText(std::string_view field, std::string_view subject,
+                                        std::string_view text) {
+        return {std::string(subject) + ": " + std::string(text), std::string(field)};
     }
 
     template <std::size_t N>
@@ -144,16 +148,21 @@ class MandatoryRules {
         return Failure("treeTaxonomy", TaxonomyName(), "MandatoryTaxonomy");
     }
 
-    // A date or number field: unless "invisible", text that is not valid gives invalidKey,
+    // A date or number field: unless "invisible", text that is not valid gives invalidText,
     // an empty mandatory one MandatoryField.
     std::optional<MandatoryFailure> CheckedTextFailure(const TextField& field,
                                                        bool (*valid)(std::string_view),
-                                                       std::string_view invalidKey) const {
+                                                       const std::string& invalidText) const {
         if (TagHolds(window_, field.control, "invisible")) return std::nullopt;
         const std::string& text = story_.*field.value;
         if (text.empty() ? !Mandatory(field.label) : valid(text)) return std::nullopt;
-        return Failure(field.control, LabelCaption(window_, field.label),
-                       text.empty() ? "MandatoryField" : invalidKey);
+        const std::string label = LabelCaption(window_, field.label);
+        if (text.empty()) return Failure(field.control, label, "MandatoryField");
+        return FailureText(field.control, label, invalidText);
+    }
+
+    std::optional<MandatoryFailure> DateFailure(const TextField& field) const {
+        return CheckedTextFailure(field, IsDate, InvalidDateText(configuration_.messages));
     }
 
     static bool IsDate(std::string_view text) { return ParseShortDate(text).has_value(); }

@@ -32,7 +32,8 @@ struct MandatoryFailure {
 //     MandatoryTaxonomy.
 //  7. The story form, when mandatory, must be chosen: label, ": ", MandatoryField.
 //  8. The publication date, unless its field is "invisible" or the story is cold: text that
-//     is no date gives label, ": ", InvalidDate; an empty mandatory one MandatoryField.
+//     is no date gives label, ": " and InvalidDateText (the message with the date form
+//     expected); an empty mandatory one MandatoryField.
 //  9. The event date, unless its field is "invisible": the same.
 // 10. The publication number, unless its field is "invisible" or the story is cold: text
 //     that is not numeric gives label, ": ", InvalidNumber; an empty mandatory one

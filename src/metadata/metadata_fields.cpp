@@ -114,7 +114,7 @@ DateCheck LeaveDateField(EditorSession& session, DateField field) {
     if (TrimWhitespace(text).empty()) return DateCheck::Empty;
     const std::optional<LocalDateTime> date = ParseShortDate(text);
     if (!date) {
-        session.window.ShowStatusError(session.Message("InvalidDate"));
+        session.window.ShowStatusError(InvalidDateText(session.configuration.messages));
         return DateCheck::Invalid;
     }
     if (field == DateField::Publication && BeforeToday(*date)) {
@@ -128,7 +128,7 @@ DateCheck StepDate(EditorSession& session, DateField field, int direction) {
     session.window.ClearStatus();
     const std::optional<LocalDateTime> date = ParseShortDate(DateText(session.story, field));
     if (!date) {
-        session.window.ShowStatusError(session.Message("InvalidDate"));
+        session.window.ShowStatusError(InvalidDateText(session.configuration.messages));
         return DateCheck::Invalid;
     }
     const LocalDateTime moved = AddDays(*date, direction * DateStepDays(session.preferences));
@@ -196,9 +196,8 @@ void SetMetadataLock(EditorSession& session, bool locked) {
     ApplyMetadataLock(session, locked);
 }
 
-void PrepareMetadataAtStart(EditorSession& session) {
+void PrepareNewStoryMetadata(EditorSession& session) {
     session.story.publicationDate = TomorrowShortDate();
-    ApplyMetadataLock(session, false);
     MetadataChanged(session);
 }
 

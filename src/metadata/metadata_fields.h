@@ -35,11 +35,11 @@ void TypeDate(EditorSession& session, DateField field, std::string text);
 void TypePublicationNumber(EditorSession& session, std::string text);
 
 // Leaving a date field. Blank text is not tested. A date before today in the publication
-// date shows ExpiredDate; text that is no date shows InvalidDate. The text is never changed.
+// date shows ExpiredDate; text that is no date shows InvalidDateText. The text is never changed.
 DateCheck LeaveDateField(EditorSession& session, DateField field);
 
 // A click on a date's up-down control, direction +1 or -1. The status panel is cleared; text
-// that is no date (blank included) shows InvalidDate and stays. Otherwise the date moves by
+// that is no date (blank included) shows InvalidDateText and stays. Otherwise the date moves by
 // DateStepDays and is stored as after typing; a step down of the publication date that lands
 // before today shows ExpiredDate, and the date is kept.
 DateCheck StepDate(EditorSession& session, DateField field, int direction);
@@ -76,8 +76,8 @@ bool MetadataLocked(const WindowState& window);
 // once, the entry checked as it says, and the lock applied.
 void SetMetadataLock(EditorSession& session, bool locked);
 
-// The metadata at start, once the configuration is loaded: the publication date is tomorrow,
-// the controls are unlocked, and the metadata tool tip is built.
-void PrepareMetadataAtStart(EditorSession& session);
+// The metadata of a new story: the publication date is tomorrow and the metadata tool tip is
+// built.
+void PrepareNewStoryMetadata(EditorSession& session);
 
 }  // namespace tessarin

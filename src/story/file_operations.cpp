@@ -33,12 +33,12 @@ bool SaveNamedStory(EditorSession& session) {
 }
 
 DialogSave SaveThroughDialog(EditorSession& session, std::string_view titleKey) {
+    const std::string filter = session.Message("StoriesLabel") + " XML (*.xml)|*.xml";
     const std::optional<fs::path> chosen = session.user.ChooseFileToSave(
-        session.Message(titleKey), session.Message("StoriesLabel") + " XML (*.xml)|*.xml",
-        session.lastStoryDirectory, "");
+        session.Message(titleKey), filter, session.lastStoryDirectory, "");
     if (!chosen || chosen->filename().empty()) return DialogSave::Cancelled;
     session.storyDirectory = TakeDialogDirectory(session, chosen->parent_path());
-    session.storyFileName = chosen->filename().string();
+    session.storyFileName = WithFilterExtension(*chosen, filter).filename().string();
     return SaveNamedStory(session) ? DialogSave::Saved : DialogSave::NotSaved;
 }
 
@@ -104,9 +104,9 @@ bool SettleChangesBeforeLoss(EditorSession& session) {
 
 bool NewStory(EditorSession& session) {
     if (!SettleChangesBeforeLoss(session)) return false;
-    RefreshStoryPanel(session);
     session.storyDirectory.clear();
     session.storyFileName.clear();
+    ShowNewStory(session);
     session.storyModified = false;
     return true;
 }
@@ -116,6 +116,13 @@ bool SaveCurrentStory(EditorSession& session) {
         return SaveThroughDialog(session, "SaveStory") == DialogSave::Saved;
     }
     return session.storyModified && SaveNamedStory(session);
+}
+
+bool SaveAndCloseStory(EditorSession& session) {
+    if (session.storyModified && !session.mainBoxLocked && !SaveCurrentStory(session)) {
+        return false;
+    }
+    return NewStory(session);
 }
 
 bool SaveStoryAs(EditorSession& session) {

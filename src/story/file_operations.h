@@ -33,8 +33,8 @@ struct DocumentImport {
 // the story as it is and returns false, so that no change is lost.
 bool SettleChangesBeforeLoss(EditorSession& session);
 
-// NewStory (also the close command): the question, then the editor is reset to a new story
-// of the form in force, without name and unchanged. False when the question stopped it.
+// NewStory (also the close command): the question, then the editor shows the new story of a
+// fresh start (ShowNewStory), without name and unchanged. False when the question stopped it.
 bool NewStory(EditorSession& session);
 
 // OpenStory: the question, then the open dialog titled OpenStory in the last story directory
@@ -53,8 +53,9 @@ bool OpenRecentFile(EditorSession& session, std::size_t row, const DocumentImpor
 // names chosen (before its text and attachments are in place, so that choosing it asks
 // nothing), the boxes counted and the attachments shown; the story takes the file's directory
 // and name and counts as unchanged, the automatic save's countdown starts again, the title
-// shows the name and the recent-files list takes the path. A file that cannot be read leaves
-// a new story without name. A missing file is told and changes nothing.
+// shows the name and the recent-files list takes the path; a story rescued as text only
+// counts as changed. A file that cannot be read (missing, refused, nothing rescued) is told
+// and leaves the open story as it stood.
 //
 // A backup story "base.bml": when "base.xml" stands beside it, Yes/No StoryBackupReplace
 // " '" base.xml "'" line break StoryBackupReplaceBy " '" base.bml "'"; otherwise
@@ -68,9 +69,15 @@ bool OpenStoryFile(EditorSession& session, const std::filesystem::path& file,
 // SaveStory. True when the story was saved.
 bool SaveCurrentStory(EditorSession& session);
 
+// SaveAndCloseStory (mnuFileSaveClose): a story with changes is saved as SaveCurrentStory
+// saves it, then closed as NewStory closes it. A refused or cancelled save keeps it open;
+// false then.
+bool SaveAndCloseStory(EditorSession& session);
+
 // SaveStoryAs: the save dialog titled SaveStoryAs with an empty name, in the last story
 // directory, filtered on StoriesLabel " XML (*.xml)|*.xml"; then the personal directory rule,
-// the directory and name taken over, DirStories written, and the story saved. False when the
+// the directory and name taken over (a name that is not ".xml" takes the extension,
+// WithFilterExtension), DirStories written, and the story saved. False when the
 // dialog is cancelled (nothing changes) or the save is refused.
 bool SaveStoryAs(EditorSession& session);
 

@@ -1,6 +1,7 @@
 // The open command: the dialog, opening by extension, restoring a backup story, importing.
 
 #include <system_error>
+#include <utility>
 
 #include "attachments/attachments.h"
 #include "common/clock.h"
@@ -49,28 +50,25 @@ void ChooseFormOfReadStory(EditorSession& session) {
     story.initialsSignature = content.initialsSignature;
 }
 
-// Reads a story file into the editor. The editor is reset once the file is found; a file that
-// then cannot be read leaves a new story without name.
+// Reads a story file into the editor. The file is read aside first: a file that cannot be
+// read, and whose text is not rescued, leaves the open story as it stood. Once read, the
+// editor is reset and shows the story. A rescued text is not the story its file should
+// hold, so it counts as changed.
 bool ReadIntoSession(EditorSession& session, const fs::path& file) {
-    std::error_code error;
-    const bool there = fs::is_regular_file(file, error);
-    if (there) RefreshStoryPanel(session);
     StoryContext context = session.MakeStoryContext();
-    if (ReadStory(file, context, session.story) == StoryReadOutcome::NotRead) {
-        if (there) {
-            session.storyDirectory.clear();
-            session.storyFileName.clear();
-            session.storyModified = false;
-        }
-        return false;
-    }
+    StoryRecord read;
+    read.formIndex = session.story.formIndex;
+    const StoryReadOutcome outcome = ReadStory(file, context, read);
+    if (outcome == StoryReadOutcome::NotRead) return false;
+    RefreshStoryPanel(session);
+    session.story = std::move(read);
     session.storyDirectory = file.parent_path();
     session.storyFileName = file.filename().string();
     ChooseFormOfReadStory(session);
     ShowStoryAttachments(session);
     RecountAllBoxes(session);
     MetadataChanged(session);
-    session.storyModified = false;
+    session.storyModified = outcome == StoryReadOutcome::ReadAsSimpleText;
     session.backupCountdown = session.preferences.BackupAutoTime;
     ShowStoryName(session);
     RecordRecentFile(session, file);

@@ -22,20 +22,30 @@ bool StoryFileIsThere(const std::filesystem::path& path) {
     return std::filesystem::is_regular_file(path, error);
 }
 
-std::string ParseErrorQuestion(const std::filesystem::path& path, const XmlParseError& error,
-                               const MessageTexts& messages) {
+std::string ParseErrorReport(const std::filesystem::path& path, const XmlParseError& error) {
     return "Parsing error: \n" + path.string() + "\nline: " + std::to_string(error.line) +
            ", pos: " + std::to_string(error.linePosition) + "\n" + error.sourceText + "\n" +
-           error.reason + "\n" + messages.Message("ReadAsSimpleText");
+           error.reason;
 }
 
-std::string ForeignStoryQuestion(const std::filesystem::path& path, const MessageTexts& messages) {
-    return messages.Message("InvalidStory") + ":\n" + path.string() + "\n\n" +
-           messages.Message("ReadAsSimpleText");
+std::string ForeignStoryReport(const std::filesystem::path& path, const MessageTexts& messages) {
+    return messages.Message("InvalidStory") + ":\n" + path.string() + "\n";
 }
 
-StoryReadOutcome OfferSimpleText(const std::string& question, const std::filesystem::path& path,
+std::u16string FileText(const std::filesystem::path& path) {
+    return DecodeStoryFileText(ReadFileBytes(path).value_or(""));
+}
+
+// The rescue is offered only for a file that holds text: a file of binary bytes, or an empty
+// one, is only told.
+StoryReadOutcome OfferSimpleText(const std::string& report, const std::filesystem::path& path,
                                  const StoryContext& context, StoryRecord& story) {
+    if (!HoldsRescuableText(FileText(path))) {
+        context.user.Tell(report, MessageIcon::Exclamation);
+        return StoryReadOutcome::NotRead;
+    }
+    const std::string question =
+        report + "\n" + context.configuration.messages.Message("ReadAsSimpleText");
     if (context.user.Ask(question, false, MessageIcon::Question) != Answer::Yes) {
         return StoryReadOutcome::NotRead;
     }
@@ -61,10 +71,11 @@ std::array<std::int32_t, kTextBoxCount> BoxFontSizes(const Preferences& preferen
 
 void ResetStory(StoryRecord& story, const Configuration& configuration) {
     StoryRecord reset;
-    reset.author = std::move(story.author);
-    reset.email = std::move(story.email);
-    reset.group = std::move(story.group);
-    reset.initials = std::move(story.initials);
+    const Identity& user = configuration.identity;
+    reset.author = user.author;
+    reset.email = user.email;
+    reset.group = user.group;
+    reset.initials = user.initials;
     reset.formIndex = story.formIndex;
     reset.statusIndex = configuration.status.defaultIndex;
     reset.genreIndex = configuration.genre.defaultIndex;
@@ -87,12 +98,12 @@ StoryReadOutcome ReadStory(const std::filesystem::path& path, const StoryContext
     XmlDocument document;
     if (!document.LoadFile(path)) {
         const XmlParseError error = document.ParseError().value_or(XmlParseError{});
-        return OfferSimpleText(ParseErrorQuestion(path, error, messages), path, context, story);
+        return OfferSimpleText(ParseErrorReport(path, error), path, context, story);
     }
     const XmlNode root = document.DocumentElement();
     if (root.Attribute("AppName") != kAppName) {
         context.user.Beep();
-        return OfferSimpleText(ForeignStoryQuestion(path, messages), path, context, story);
+        return OfferSimpleText(ForeignStoryReport(path, messages), path, context, story);
     }
     ReadStoryParts(root, path, context, story);
     return StoryReadOutcome::Read;
@@ -100,10 +111,13 @@ StoryReadOutcome ReadStory(const std::filesystem::path& path, const StoryContext
 
 StoryReadOutcome ReadStoryAsSimpleText(const std::filesystem::path& path,
                                        const StoryContext& context, StoryRecord& story) {
-    const std::optional<std::string> bytes = ReadFileBytes(path);
-    std::optional<RescuedBoxes> boxes =
-        RescueStoryBoxes(DecodeStoryFileText(bytes.value_or("")), MarkupSettingsOf(context),
-                         BoxFontSizes(context.preferences));
+    const std::u16string text = FileText(path);
+    std::optional<RescuedBoxes> boxes;
+    if (HoldsRescuableText(text)) {
+        boxes =
+            RescueStoryBoxes(text, MarkupSettingsOf(context), BoxFontSizes(context.preferences));
+        if (!boxes) boxes = RescuePlainText(text);
+    }
     if (!boxes) {
         context.user.Beep();
         context.user.Tell(context.configuration.messages.Message("InvalidStory"),

@@ -15,10 +15,11 @@ enum class StoryReadOutcome {
 };
 
 // Brings the story to the state of a new story, as the editor's reset does before a story
-// is read: every value empty, the status and the genre at their configured defaults, the
-// sections as the configuration's choice of general or local sections says, the signature
-// field disabled. The identity fields (author, e-mail, group, initials) and the form in
-// force are kept: a new story keeps the form, and the identity stays until a story sets it.
+// is read: every value empty, the identity fields (author, e-mail, group, initials) those of
+// the user (the configuration's identity, which the preferences' Identification section
+// overrides), the status and the genre at their configured defaults, the sections as the
+// configuration's choice of general or local sections says, the signature field disabled.
+// The form in force is kept.
 void ResetStory(StoryRecord& story, const Configuration& configuration);
 
 // Opens the story file at path into story, checking in this order:
@@ -29,7 +30,11 @@ void ResetStory(StoryRecord& story, const Configuration& configuration);
 //    line end reason line end ReadAsSimpleText.
 // 3. A root whose AppName is not exactly "Tessarin": a beep and the question InvalidStory
 //    ":" line end path, two line ends, ReadAsSimpleText.
-// Yes to either question rescues the text (ReadStoryAsSimpleText). Nothing else is checked:
+// Yes to either question rescues the text (ReadStoryAsSimpleText); No ends the read. The
+// question is asked only of a file that holds text (HoldsRescuableText): for an empty file
+// or binary bytes the same report without its last line is told, and the read ends. A caller
+// that must keep its story when the read fails reads into another record. Nothing else is
+// checked:
 // a root of any name with AppName "Tessarin" reads, and every missing element leaves its
 // value empty. Line ends in messages are "\n".
 //
@@ -59,9 +64,10 @@ StoryReadOutcome ReadStory(const std::filesystem::path& path, const StoryContext
 // and WordCount cut out of the box tags, "<euro/>" as "€" and the escapes undone; inter and
 // superscript pairs are formatted; then the text between "<TextBoxN>" and "</TextBoxN>"
 // goes to box N for N from 0 to 5 and what remains to box 6. Every other tag stays as
-// characters. Without "<Body>" and "</Body>": a beep, the error InvalidStory, and the boxes
-// are emptied (NotRead). The file is read as UTF-8, stray bytes as Windows-1252 characters,
-// unless its prolog declares ISO-8859-1 (or Windows-1252), read as Windows-1252.
+// characters. A text without "<Body>" and "</Body>" goes whole to box 6 (RescuePlainText).
+// A file that holds no text (HoldsRescuableText): a beep, the error InvalidStory, and the
+// boxes are emptied (NotRead). The file is read as UTF-8, stray bytes as Windows-1252
+// characters, unless its prolog declares ISO-8859-1 (or Windows-1252), read as Windows-1252.
 StoryReadOutcome ReadStoryAsSimpleText(const std::filesystem::path& path,
                                        const StoryContext& context, StoryRecord& story);
 

@@ -117,6 +117,35 @@ std::u16string DecodeStoryFileText(std::string_view bytes) {
     return Utf8ToUtf16(bytes);
 }
 
+bool HoldsRescuableText(std::u16string_view fileText) {
+    bool visible = false;
+    for (const char16_t unit : fileText) {
+        if (unit == u'\t' || unit == u'\r' || unit == u'\n' || unit == u' ') continue;
+        if (unit < u' ' || unit == 0x7F) return false;
+        visible = true;
+    }
+    return visible;
+}
+
+RescuedBoxes RescuePlainText(std::u16string_view fileText) {
+    std::u16string text;
+    text.reserve(fileText.size());
+    for (std::size_t position = 0; position < fileText.size(); ++position) {
+        const char16_t unit = fileText[position];
+        if (unit != u'\r' && unit != u'\n') {
+            text += unit;
+            continue;
+        }
+        text += u"\r\n";
+        if (unit == u'\r' && position + 1 < fileText.size() && fileText[position + 1] == u'\n') {
+            ++position;
+        }
+    }
+    RescuedBoxes boxes;
+    boxes[kMainTextBox] = StyledText(text);
+    return boxes;
+}
+
 std::optional<RescuedBoxes> RescueStoryBoxes(
     std::u16string_view fileText, const MarkupSettings& settings,
     const std::array<std::int32_t, kTextBoxCount>& fontSizes) {

@@ -19,6 +19,14 @@ using RescuedBoxes = std::array<StyledText, kTextBoxCount>;
 // ISO-8859-1, Latin-1 or Windows-1252.
 std::u16string DecodeStoryFileText(std::string_view bytes);
 
+// Whether the text of a file holds something to rescue: a character other than a blank, and
+// no control character but tab, CR and LF, which only binary bytes give.
+bool HoldsRescuableText(std::u16string_view fileText);
+
+// The rescue of a text that has no story body: the whole text in box 6, as plain characters
+// with its line ends (CR LF, LF or CR) made line breaks.
+RescuedBoxes RescuePlainText(std::u16string_view fileText);
+
 // The seven boxes that the rescue of a damaged story finds in the text of its file, or
 // nothing when the text has no "<Body>" followed by a "</Body>".
 //

@@ -1,29 +1,36 @@
 #include "ui/main_menu_layout.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace tessarin {
 namespace {
 
 constexpr MenuEntryLayout kFileEntries[] = {
-    {"FileNew", "&New"},
-    {"FileOpen", "&Open..."},
+    {"FileNew", "&New", false, QKeySequence::New},
+    {"FileOpen", "&Open...", false, QKeySequence::Open},
     {"FileMyStories", "My stories..."},
     {kMenuSeparator, ""},
-    {"FileSave", "&Save"},
-    {"FileSaveAs", "Save &as..."},
-    {"FileClose", "&Close"},
+    {"FileSave", "&Save", false, QKeySequence::Save},
+    {"FileSaveAs", "Save &as...", false, QKeySequence::SaveAs},
+    {"FileClose", "&Close", false, QKeySequence::Close},
     {"FileSaveClose", "Save and close"},
     {kMenuSeparator, ""},
-    {"FilePrint", "&Print..."},
+    {"FilePrint", "&Print...", false, QKeySequence::Print},
     {kRecentFilesRows, ""},
     {kMenuSeparator, ""},
-    {"FileExit", "E&xit"},
+    {"FileExit", "E&xit", false, QKeySequence::Quit},
 };
 
 constexpr MenuEntryLayout kEditionEntries[] = {
-    {"EditionUndo", "&Undo"}, {"EditionRedo", "&Redo"},
-    {kMenuSeparator, ""},     {"EditionCut", "Cu&t"},
-    {"EditionCopy", "&Copy"}, {"EditionPaste", "&Paste"},
-    {kMenuSeparator, ""},     {"EditionMultipleClipboard", "Multiple clipboard", true},
+    {"EditionUndo", "&Undo", false, QKeySequence::Undo},
+    {"EditionRedo", "&Redo", false, QKeySequence::Redo},
+    {kMenuSeparator, ""},
+    {"EditionCut", "Cu&t", false, QKeySequence::Cut},
+    {"EditionCopy", "&Copy", false, QKeySequence::Copy},
+    {"EditionPaste", "&Paste", false, QKeySequence::Paste},
+    {kMenuSeparator, ""},
+    {"EditionMultipleClipboard", "Multiple clipboard", true},
 };
 
 constexpr MenuEntryLayout kDisplayEntries[] = {
@@ -51,9 +58,9 @@ constexpr MenuEntryLayout kInsertEntries[] = {
 };
 
 constexpr MenuEntryLayout kFormatEntries[] = {
-    {"FormatBold", "&Bold", true},
-    {"FormatItalic", "&Italic", true},
-    {"FormatUnderline", "&Underline", true},
+    {"FormatBold", "&Bold", true, QKeySequence::Bold},
+    {"FormatItalic", "&Italic", true, QKeySequence::Italic},
+    {"FormatUnderline", "&Underline", true, QKeySequence::Underline},
     {"FormatSuperscript", "Superscript", true},
     {kMenuSeparator, ""},
     {"FormatInter1", "Inter 1"},
@@ -73,9 +80,9 @@ constexpr MenuEntryLayout kFormatEntries[] = {
 };
 
 constexpr MenuEntryLayout kSearchEntries[] = {
-    {"SearchText", "Search text..."},
-    {"SearchReplace", "Replace..."},
-    {"SearchNextOccurrence", "Next occurrence"},
+    {"SearchText", "Search text...", false, QKeySequence::Find},
+    {"SearchReplace", "Replace...", false, QKeySequence::Replace},
+    {"SearchNextOccurrence", "Next occurrence", false, QKeySequence::FindNext},
     {kMenuSeparator, ""},
     {"SearchPublications", "Search publications..."},
     {"SearchTaxonomy", "Search taxonomy..."},
@@ -111,7 +118,7 @@ constexpr MenuEntryLayout kExportEntries[] = {
 
 constexpr MenuEntryLayout kHelpEntries[] = {
     {"TipOfTheDay", "Tip of the day..."},
-    {"About", "About..."},
+    {"About", "About...", false, QKeySequence::HelpContents},
 };
 
 constexpr MenuLayout kMenus[] = {
@@ -159,6 +166,47 @@ constexpr ToolbarLayout kToolbars[] = {
     {"ToolbarTools", kToolsButtons},
 };
 
+constexpr std::string_view kCommandsNotBuiltYet[] = {
+    "FileMyStories",
+    "FilePrint",
+    "EditionMultipleClipboard",
+    "DisplayTextZoom",
+    "DisplayParagraphs",
+    "DisplayTeleprompter",
+    "DisplayLogs",
+    "InsertCharacters",
+    "InsertSetOfCharacters",
+    "FormatQuestionsAnswers",
+    "FormatQuestions",
+    "FormatAnswers",
+    "FormatNewline",
+    "FormatFollowingText",
+    "FormatAutoTypography",
+    "Search",
+    "SearchText",
+    "SearchReplace",
+    "SearchNextOccurrence",
+    "SearchStories",
+    "ToolsSpellChecker",
+    "ToolsWordStatistics",
+    "ToolsInternet1",
+    "ToolsInternet2",
+    "ToolsInternet3",
+    "ToolsApplications",
+    "ToolsApplication",
+    "ToolsFTP",
+    "ToolsSMTP",
+    "ToolsSendWorkflow",
+    "ToolsReceiveWorkflow",
+    "ToolsInterceptWorkflow",
+    "ToolsCheckLogs",
+    "ToolsTracking",
+    "ToolsConfiguration",
+    "ExportRTF",
+    "ExportPDF",
+    "TipOfTheDay",
+};
+
 struct ButtonCaption {
     std::string_view button;
     std::string_view caption;
@@ -202,6 +250,19 @@ constexpr ButtonCaption kButtonCaptions[] = {
 
 std::span<const MenuLayout> MainMenuLayout() {
     return kMenus;
+}
+
+bool CommandNotBuiltYet(std::string_view key) {
+    return std::find(std::begin(kCommandsNotBuiltYet), std::end(kCommandsNotBuiltYet), key) !=
+           std::end(kCommandsNotBuiltYet);
+}
+
+QList<QKeySequence> StandardShortcuts(QKeySequence::StandardKey key) {
+    QList<QKeySequence> shortcuts = QKeySequence::keyBindings(key);
+    if (!shortcuts.isEmpty()) return shortcuts;
+    if (key == QKeySequence::Quit) return {QKeySequence(Qt::CTRL | Qt::Key_Q)};
+    if (key == QKeySequence::SaveAs) return {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)};
+    return {};
 }
 
 std::span<const ToolbarLayout> MainToolbarLayout() {

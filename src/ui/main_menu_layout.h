@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QKeySequence>
+#include <QList>
 #include <span>
 #include <string_view>
 
@@ -17,6 +19,8 @@ struct MenuEntryLayout {
     std::string_view key;  // or kMenuSeparator, kRecentFilesRows
     std::string_view caption;
     bool checkable = false;
+    // The desktop's standard shortcut of the command; UnknownKey: none.
+    QKeySequence::StandardKey shortcut = QKeySequence::UnknownKey;
 };
 
 struct MenuLayout {
@@ -26,6 +30,15 @@ struct MenuLayout {
 };
 
 std::span<const MenuLayout> MainMenuLayout();
+
+// The commands whose windows or actions are not built yet, by their menu entry key ("Search"
+// for the search button): their menu entries and tool-bar buttons are disabled, never silent.
+// The work that builds one takes its key out of this list.
+bool CommandNotBuiltYet(std::string_view key);
+
+// The shortcuts of a standard key on this desktop; where the desktop defines none for quitting
+// or saving under a new name, the usual Ctrl+Q and Ctrl+Shift+S.
+QList<QKeySequence> StandardShortcuts(QKeySequence::StandardKey key);
 
 // The tool bars as designed, by their buttons' key words; a key word that starts with "Sep" is
 // a separator, placed before the button it goes with.

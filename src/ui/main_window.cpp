@@ -105,6 +105,11 @@ void MainWindow::ConnectCommands() {
     on("FileOpen", [this] { OpenStory(session_); });
     on("FileSave", [this] { SaveCurrentStory(session_); });
     on("FileSaveAs", [this] { SaveStoryAs(session_); });
+    on("FileSaveClose", [this] { SaveAndCloseStory(session_); });
+    on("About", [this] {
+        session_.user.Tell("Tessarin " TESSARIN_VERSION "\nA story editor for newsrooms.",
+                           MessageIcon::Information);
+    });
     on("DisplayMetadata", [this] { SelectView(session_.window, DisplayView::Informations); });
     on("DisplayStory", [this] { SelectView(session_.window, DisplayView::Story); });
     on("DisplayImages", [this] { SelectView(session_.window, DisplayView::Images); });

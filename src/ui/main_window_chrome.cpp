@@ -25,12 +25,18 @@ std::string ToStd(const QString& text) {
     return text.toStdString();
 }
 
-// The menu entry key that a tool-bar button stands for; empty for a separator.
+bool StandsFor(std::string_view key, std::string_view button) {
+    const auto buttons = ToolbarButtonsOf(key);
+    return !buttons.empty() && buttons.front() == button;
+}
+
+// The menu entry key that a tool-bar button stands for (a menu's own key for the search
+// button); empty for a separator.
 std::string_view MenuKeyOfButton(std::string_view button) {
     for (const MenuLayout& menu : MainMenuLayout()) {
+        if (!menu.key.empty() && StandsFor(menu.key, button)) return menu.key;
         for (const MenuEntryLayout& entry : menu.entries) {
-            const auto buttons = ToolbarButtonsOf(entry.key);
-            if (!buttons.empty() && buttons.front() == button) return entry.key;
+            if (StandsFor(entry.key, button)) return entry.key;
         }
     }
     return {};
@@ -48,9 +54,10 @@ QString TextOr(const std::string& configured, const QAction& action) {
                               : QString::fromStdString(configured);
 }
 
-void ApplyState(QAction& action, const ControlState& state) {
+// A command that is not built yet stays disabled whatever the state says.
+void ApplyState(QAction& action, const ControlState& state, bool built) {
     action.setVisible(state.visible);
-    action.setEnabled(state.enabled);
+    action.setEnabled(state.enabled && built);
     if (action.isCheckable()) action.setChecked(state.checked);
 }
 
@@ -85,6 +92,9 @@ void WindowChrome::BuildMenus(QMainWindow& window) {
                 Name(*action, QStringLiteral("mnu") + FromView(entry.key), entry.caption);
                 action->setCheckable(entry.checkable);
                 entries_[FromView(entry.key)] = action;
+                if (entry.shortcut != QKeySequence::UnknownKey) {
+                    standardShortcuts_[action] = entry.shortcut;
+                }
             }
         }
     }
@@ -136,15 +146,24 @@ void WindowChrome::BuildToolbars(QMainWindow& window) {
 void WindowChrome::Refresh(const EditorSession& session) {
     const WindowState& window = session.window;
     for (const auto& [key, action] : entries_) {
-        if (const ControlState* state = window.FindControl(ToStd(action->objectName()))) {
-            action->setText(TextOr(state->caption, *action));
-            ApplyState(*action, *state);
+        // A menu's own title stays enabled: its entries answer for themselves.
+        const bool built = action->menu() != nullptr || !CommandNotBuiltYet(ToStd(key));
+        const ControlState* state = window.FindControl(ToStd(action->objectName()));
+        if (state == nullptr) {
+            action->setEnabled(built);
+            continue;
         }
+        action->setText(TextOr(state->caption, *action));
+        ApplyState(*action, *state, built);
     }
     for (QAction* button : buttons_) {
+        const bool built = !CommandNotBuiltYet(ToStd(button->property(kMenuKey).toString()));
         const ControlState* state = window.FindControl(ToStd(button->objectName()));
-        if (state == nullptr) continue;
-        ApplyState(*button, *state);
+        if (state == nullptr) {
+            button->setEnabled(built);
+            continue;
+        }
+        ApplyState(*button, *state, built);
         if (button->isSeparator()) continue;
         button->setToolTip(TextOr(state->toolTip, *button));
         const std::string key = ToStd(button->property(kMenuKey).toString());
@@ -152,6 +171,21 @@ void WindowChrome::Refresh(const EditorSession& session) {
     }
     for (QToolBar* toolbar : toolbars_)
         toolbar->setVisible(session.preferences.ToolBarVisible);
+    ShowShortcuts(session);
+}
+
+void WindowChrome::ShowShortcuts(const EditorSession& session) {
+    for (const auto& [key, action] : entries_) {
+        const std::string& configured = session.configuration.interface.Entry(ToStd(key)).Shortcut;
+        QList<QKeySequence> shortcuts;
+        if (!configured.empty()) {
+            shortcuts = QKeySequence::listFromString(QString::fromStdString(configured));
+        } else if (const auto standard = standardShortcuts_.find(action);
+                   standard != standardShortcuts_.end()) {
+            shortcuts = StandardShortcuts(standard->second);
+        }
+        if (action->shortcuts() != shortcuts) action->setShortcuts(shortcuts);
+    }
 }
 
 }  // namespace tessarin

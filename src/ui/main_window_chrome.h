@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QObject>
 #include <QString>
 #include <map>
@@ -19,7 +20,8 @@ struct EditorSession;
 // tool-bar separator by its own ("SepPrint"); a button triggers the menu entry it stands for,
 // so that one handler serves both. Captions, tool tips, visibility, enabled and checked
 // states come from the session's window state; a control without a configured caption keeps
-// its design-time one.
+// its design-time one. Menu entries carry the desktop's standard shortcuts for their command,
+// or those that the configuration's Interface entry sets (Shortcut).
 class WindowChrome : public QObject {
     Q_OBJECT
   public:
@@ -41,8 +43,11 @@ class WindowChrome : public QObject {
     void BuildToolbars(QMainWindow& window);
     void AddRecentFileRows(QMenu& menu);
 
+    void ShowShortcuts(const EditorSession& session);
+
     std::map<QString, QAction*> entries_;  // by key
-    std::vector<QAction*> buttons_;        // tool-bar buttons and separators
+    std::map<QAction*, QKeySequence::StandardKey> standardShortcuts_;
+    std::vector<QAction*> buttons_;  // tool-bar buttons and separators
     std::vector<QToolBar*> toolbars_;
 };
 

@@ -343,6 +343,13 @@ void MetadataPanel::ShowTrees() {
     publications_->Show(TreeOf(window, kPublicationsTree));
     taxonomy_->Show(TreeOf(window, kTaxonomyTree));
     keywords_->Show(TreeOf(window, kKeywordsTree));
+    // The publication chosen stays selected only while its chain is highlighted: a new story
+    // has none.
+    const TreeNode* chosen = TreeOf(window, kPublicationsTree).Find(publications_->CurrentKey());
+    if (chosen == nullptr || !session_.highlights.IsHighlighted(kPublicationsTree, *chosen)) {
+        publications_->setCurrentItem(nullptr);
+        publications_->clearSelection();
+    }
     ShowControlState(*publications_, window, kPublicationsTree);
     ShowControlState(*taxonomy_, window, kTaxonomyTree, configuration.taxonomyOn);
     ShowControlState(*keywords_, window, kKeywordsTree, configuration.keywordsOn);

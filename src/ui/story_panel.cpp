@@ -121,7 +121,10 @@ QWidget* StoryPanel::BuildFormList() {
     forms_->setObjectName(QStringLiteral("lstStoryTypes"));
     layout->addWidget(formsLabel_);
     layout->addWidget(forms_, 1);
-    connect(forms_, &QListWidget::currentRowChanged, this, &StoryPanel::FormClicked);
+    // The list makes the clicked row current before it selects it: the choice is taken once
+    // the click is done, so that a refusal can put the selection back on the form in force.
+    connect(forms_, &QListWidget::currentRowChanged, this, &StoryPanel::FormClicked,
+            Qt::QueuedConnection);
     return column;
 }
 
@@ -275,6 +278,8 @@ void StoryPanel::ShowBoxControls(int box) {
     widgets.row->setVisible(Visible(window, TextBoxControlName(box), true));
     widgets.edit->setEnabled(Enabled(window, TextBoxControlName(box)));
     widgets.edit->setReadOnly(box == kMainTextBox && session_.mainBoxLocked);
+    // Tab types a tab only when the preference says so; otherwise it moves to the next box.
+    widgets.edit->setTabChangesFocus(!session_.preferences.TabInText);
     widgets.label->setText(Caption(window, TextBoxLabelName(box)));
     SetTextColour(*widgets.label, BoxLabelColour(session_, box));
     widgets.count->setText(Caption(window, CountLabelName(box)));

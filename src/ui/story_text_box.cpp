@@ -1,5 +1,6 @@
 #include "ui/story_text_box.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -7,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextBlock>
+#include <algorithm>
 
 namespace tessarin {
 namespace {
@@ -40,13 +42,31 @@ bool SelectDeletion(QKeyEvent* event, QTextCursor& cursor) {
     return false;
 }
 
+// Whether the key is the shortcut of an enabled command of the window.
+bool IsCommandShortcut(const QWidget& window, const QKeyEvent& event) {
+    const QKeySequence pressed(event.keyCombination());
+    const QList<QAction*> actions = window.findChildren<QAction*>();
+    return std::any_of(actions.begin(), actions.end(), [&pressed](const QAction* action) {
+        return action->isEnabled() && action->shortcuts().contains(pressed);
+    });
+}
+
 }  // namespace
 
 StoryTextBox::StoryTextBox(int box, QWidget* parent) : QTextEdit(parent), box_(box) {
     setAcceptRichText(false);
     setUndoRedoEnabled(false);
     setAcceptDrops(false);
-    setTabChangesFocus(false);
+}
+
+bool StoryTextBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        IsCommandShortcut(*window(), *static_cast<QKeyEvent*>(event))) {
+        // Left unaccepted, the key is the window's shortcut.
+        event->ignore();
+        return true;
+    }
+    return QTextEdit::event(event);
 }
 
 void StoryTextBox::keyPressEvent(QKeyEvent* event) {

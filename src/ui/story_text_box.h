@@ -7,7 +7,8 @@ namespace tessarin {
 // One text box of the story panel. The widget moves the caret and the selection itself, but
 // never changes its own text: every gesture that would (keys, input methods, pasting by any
 // means, the context menu's commands) is sent out as a request, and the panel shows what the
-// core made of it. Dropping text into the box is not offered.
+// core made of it. Dropping text into the box is not offered. A key that is the shortcut of
+// one of the window's commands goes to that command, even where the box would take it.
 class StoryTextBox : public QTextEdit {
     Q_OBJECT
   public:
@@ -28,6 +29,7 @@ class StoryTextBox : public QTextEdit {
     void contextMenuRequested(const QPoint& globalPosition);
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;

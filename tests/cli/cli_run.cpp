@@ -6,13 +6,6 @@
 
 namespace tessarin::testing {
 
-std::string Quoted(const std::string& text) {
-    std::string quoted = "'";
-    for (const char c : text)
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
-
 CliRun RunCli(const TempDir& folder, const std::string& arguments, const std::string& environment) {
     const std::string command = environment + " " + Quoted(TESSARIN_CLI_PATH) + " --app-dir " +
                                 Quoted((folder / "app").string()) + " " + arguments + " >" +

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "support/shell_quote.h"
 #include "support/temp_dir.h"
 
 namespace tessarin::testing {
@@ -17,8 +18,5 @@ struct CliRun {
 // ("TESSARIN_NOW=... "); standard output and error are caught whole.
 CliRun RunCli(const TempDir& folder, const std::string& arguments,
               const std::string& environment = "");
-
-// The text quoted for the shell.
-std::string Quoted(const std::string& text);
 
 }  // namespace tessarin::testing

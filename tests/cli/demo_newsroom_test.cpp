@@ -7,6 +7,7 @@
 
 #include "app/session_start.h"
 #include "cli/cli_run.h"
+#include "support/demo_launch.h"
 
 namespace tessarin {
 namespace {
@@ -75,6 +76,40 @@ TEST_F(DemoNewsroom, EveryStoryReadsAndSavesBackToTheSameBytes) {
         ++stories;
     }
     EXPECT_GE(stories, 3);
+}
+
+// On a machine whose locale is C (month first), each story, given a line of text, is saved
+// again with its checks in the date forms that the launcher gives the editor; without them
+// the save is refused with a message that names the date form expected.
+TEST_F(DemoNewsroom, EveryStoryIsEditedAndSavedAgainInTheLaunchersDateFormsInTheCLocale) {
+    const DemoLaunch launch = LaunchDemo(folder_, app_);
+    ASSERT_EQ(launch.exitStatus, 0);
+    std::string launcher = "LC_ALL=C";
+    for (const char* name : {"TESSARIN_SHORT_DATE", "TESSARIN_LONG_DATE"}) {
+        const auto value = launch.environment.find(name);
+        ASSERT_NE(value, launch.environment.end()) << name;
+        launcher += std::string(" ") + name + "=" + Quoted(value->second);
+    }
+    const fs::path edited = folder_ / "edited/story.xml";
+    const std::string resave = "story resave " + Quoted(edited.string()) + " -o " +
+                               Quoted((folder_ / "saved.xml").string());
+    for (const auto& entry : fs::directory_iterator(kRepository / "demo/stories")) {
+        std::string bytes = ReadBytes(app_ / "Stories" / entry.path().filename());
+        bytes.replace(bytes.find("</TextBox6>"), 0, " Updated at noon.");
+        folder_.Write("edited/story.xml", bytes);
+        const CliRun save = RunCli(folder_, resave, launcher);
+        EXPECT_EQ(save.exitStatus, 0) << entry.path() << save.out << save.err;
+        EXPECT_NE(ReadBytes(folder_ / "saved.xml").find("Updated at noon."), std::string::npos);
+
+        if (bytes.find("<PublicationDate Name=\"Publication date\">0<") != std::string::npos) {
+            continue;  // a cold story has no date to judge
+        }
+        const CliRun refused = RunCli(folder_, resave, "LC_ALL=C");
+        EXPECT_EQ(refused.exitStatus, 1) << entry.path();
+        EXPECT_NE((refused.out + refused.err).find("Publication date: Invalid date (M/d/yyyy)"),
+                  std::string::npos)
+            << refused.out << refused.err;
+    }
 }
 
 TEST_F(DemoNewsroom, EveryPictureCarriesItsCaptionInItsIptcData) {

@@ -28,8 +28,8 @@ class MetadataFieldsTest : public ::testing::Test {
     testing::MetadataSession bench_;
 };
 
-TEST_F(MetadataFieldsTest, StartDatesTheStoryTomorrow) {
-    PrepareMetadataAtStart(Session());
+TEST_F(MetadataFieldsTest, ANewStoryIsDatedTomorrow) {
+    PrepareNewStoryMetadata(Session());
     EXPECT_EQ(Story().publicationDate, "11/03/2025");
     EXPECT_EQ(bench_.Control("cmdMetadataTooltip").toolTip,
               "0 Photos\nPublication date:\n   11/03/2025");
@@ -40,7 +40,7 @@ TEST_F(MetadataFieldsTest, LeavingADateJudgesItInWholeDays) {
     EXPECT_EQ(Leave(DateField::Publication, "10/03/2025"), "");
     EXPECT_EQ(Leave(DateField::Publication, "09/03/2025"), "Expired!Expired publication date");
     EXPECT_EQ(Leave(DateField::Event, "09/03/2025"), "");
-    EXPECT_EQ(Leave(DateField::Event, "31/02/2025"), "Invalid!Invalid date");
+    EXPECT_EQ(Leave(DateField::Event, "31/02/2025"), "Invalid!Invalid date (dd/MM/yyyy)");
     EXPECT_EQ(Leave(DateField::Publication, " "), "");
     EXPECT_EQ(Session().window.beeps, 2);
 }

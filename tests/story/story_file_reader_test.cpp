@@ -111,9 +111,10 @@ TEST(ReadStoryMetadata, TopicsNeedANumericFormalItemAndKeywordsACategoryIndex) {
     EXPECT_EQ(bench.story.keywords, (std::vector<StoryKeyword>{{"K0", "Paris"}}));
 }
 
-TEST(ReadStoryMetadata, MissingRowsKeepTheResetValuesAndTheIdentityStays) {
+TEST(ReadStoryMetadata, MissingRowsKeepTheResetValuesAndTheUsersIdentity) {
     ReaderBench bench;
-    bench.story.author = "Desk user";
+    bench.story.author = "Previous author";
+    bench.configuration.identity.author = "Desk user";
     bench.story.publication = "Old";
     bench.story.creation = {"01/01/2020", "10:00"};
     bench.story.keywords.push_back({"K1", "old"});

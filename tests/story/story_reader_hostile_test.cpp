@@ -34,8 +34,8 @@ StoryReadOutcome ReadAfterAParseError(ReaderBench& bench, const std::string& byt
 }
 
 TEST(ReadStoryHostile, TruncatedFilesAreParseErrorsWhoseTextCanBeRescued) {
-    for (std::size_t length : {std::size_t{0}, std::size_t{10}, std::size_t{150},
-                               kWellFormed.find("</TextBox6>"), kWellFormed.size() - 3}) {
+    for (std::size_t length : {std::size_t{10}, std::size_t{150}, kWellFormed.find("</TextBox6>"),
+                               kWellFormed.size() - 3}) {
         SCOPED_TRACE(length);
         ReaderBench bench;
         const StoryReadOutcome outcome = ReadAfterAParseError(bench, kWellFormed.substr(0, length));
@@ -43,6 +43,20 @@ TEST(ReadStoryHostile, TruncatedFilesAreParseErrorsWhoseTextCanBeRescued) {
             EXPECT_EQ(outcome, StoryReadOutcome::ReadAsSimpleText);
             EXPECT_EQ(bench.Box(0), "Title");
         }
+    }
+}
+
+// Binary or empty files hold no text to rescue: they are told, no rescue is offered.
+TEST(ReadStoryHostile, BinaryAndEmptyFilesAreToldWithoutOfferingARescue) {
+    std::string binary;
+    for (int value = 0; value < 512; ++value)
+        binary += static_cast<char>(value % 256);
+    for (const std::string& bytes : {binary, std::string()}) {
+        ReaderBench bench;
+        EXPECT_EQ(bench.Read(bytes), StoryReadOutcome::NotRead);
+        EXPECT_TRUE(bench.user.questions.empty());
+        ASSERT_EQ(bench.user.messages.size(), 1u);
+        EXPECT_TRUE(bench.user.messages[0].starts_with("Parsing error: \n"));
     }
 }
 

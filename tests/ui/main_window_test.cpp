@@ -6,6 +6,7 @@
 
 #include "app/missing_configuration.h"
 #include "support/temp_dir.h"
+#include "ui/editor_driver.h"
 #include "ui/main_window.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/ui_test_registry.h"
@@ -13,10 +14,9 @@
 namespace tessarin {
 namespace {
 
+using testing::Editor;
 using testing::ReadBytes;
 using testing::TempDir;
-
-constexpr int kMainBox = 6;
 
 // A newsroom with one form that holds the main box, a client for the title, and a few
 // configured captions: New is renamed, Print withdrawn, a new story is "Untitled".
@@ -33,37 +33,6 @@ std::string Configuration(std::string_view interfaceAttributes = "") {
            "<FilePrint Visible=\"false\">Print the story</FilePrint></Interface>"
            "<Messages><NewStory>Untitled</NewStory></Messages></Tessarin>\n";
 }
-
-// The main window on an application directory, with scripted answers.
-struct Editor {
-    explicit Editor(const TempDir& dir) : window(MakeAppPaths(dir.path()), &user) {}
-
-    // Starts the window and waits for its first activation.
-    bool StartAndShow() {
-        if (window.Start("")) return false;
-        QSignalSpy activated(&window, &MainWindow::firstActivationDone);
-        window.show();
-        return activated.wait(5000);
-    }
-
-    QAction* Action(const char* name) { return window.findChild<QAction*>(name); }
-    void Trigger(const char* name) { Action(name)->trigger(); }
-    // Types at the end of the main box of the story panel.
-    void Type(const char* text) {
-        auto* box = window.findChild<QTextEdit*>("TextBox6");
-        box->moveCursor(QTextCursor::End);
-        QTest::keyClicks(box, text);
-    }
-    // The main box as the session holds it and as the story panel shows it, when they agree.
-    std::u16string MainBox() {
-        const std::u16string held = window.Session().story.boxes[kMainBox].Text();
-        const QString shown = window.findChild<QTextEdit*>("TextBox6")->toPlainText();
-        return shown.toStdU16String() == held ? held : u"(the panel shows something else)";
-    }
-
-    ScriptedInteraction user{Answer::Yes};
-    MainWindow window;
-};
 
 class MainWindowTest : public QObject {
     Q_OBJECT

@@ -15,6 +15,7 @@
 #include "editing/story_forms.h"
 #include "metadata/metadata_fields.h"
 #include "metadata/metadata_session.h"
+#include "story/file_operations.h"
 #include "ui/metadata_panel.h"
 #include "ui/session_tree_widget.h"
 #include "ui/ui_test_registry.h"
@@ -46,8 +47,7 @@ struct Bench {
         document.taxonomy = R"(<Taxonomy Name="Topics"><Topic FormalName="15000000">Sport)"
                             R"(</Topic></Taxonomy>)";
         bench.Load(document);
-        RefreshStoryPanel(session);
-        PrepareMetadataAtStart(session);
+        ShowNewStory(session);
         panel.Refresh();
         panel.resize(1100, 700);
         panel.show();
@@ -126,6 +126,14 @@ void MetadataPanelTest::aClickInThePublicationsFilesTheStoryAndHighlightsTheChai
     // The pointer over a sub-section shows its code and name.
     emit bench.Tree("treePublications")->itemEntered(sibling, 0);
     QCOMPARE(bench.Tree("treePublications")->toolTip(), QStringLiteral("69/009 - Vaise"));
+
+    // A new story is filed nowhere: neither highlight nor selection is left.
+    bench.bench.user.QueueAnswer(Answer::No);
+    QVERIFY(NewStory(bench.session));
+    bench.panel.Refresh();
+    QCOMPARE(bench.Text("txtPublication"), QString());
+    QVERIFY(!bench.Item("treePublications", "T1")->font(0).bold());
+    QVERIFY(bench.Tree("treePublications")->selectedItems().isEmpty());
 }
 
 void MetadataPanelTest::keywordsAreAddedInPlaceAndRemovedWithDel() {

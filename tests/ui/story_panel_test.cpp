@@ -111,6 +111,25 @@ class StoryPanelTest : public QObject {
         QVERIFY(panel.bench.session.storyModified);
     }
 
+    // The preference TabInText decides what Tab does in every text box.
+    void TheTabKeyFollowsItsPreference() {
+        PanelBench panel;
+        for (int box : {0, 1, 6}) {
+            panel.Select(box, 0, 0);
+            QTest::keyClick(&panel.Box(box), Qt::Key_Tab);
+            QVERIFY2(!panel.Box(box).hasFocus(), qPrintable(QString::number(box)));
+            QCOMPARE(panel.Core(box), QString());
+        }
+        panel.bench.session.preferences.TabInText = true;
+        panel.panel->Refresh();
+        for (int box : {0, 1, 6}) {
+            panel.Select(box, 0, 0);
+            QTest::keyClick(&panel.Box(box), Qt::Key_Tab);
+            QVERIFY(panel.Box(box).hasFocus());
+            QCOMPARE(panel.Core(box), QStringLiteral("\t"));
+        }
+    }
+
     void AFormIsChosenOnlyWhenItsQuestionsAreAgreed() {
         PanelBench panel;
         panel.Select(1, 0, 0);
@@ -119,12 +138,14 @@ class StoryPanelTest : public QObject {
         const auto click = [&forms](int row) {
             QTest::mouseClick(forms.viewport(), Qt::LeftButton, {},
                               forms.visualItemRect(forms.item(row)).center());
+            QCoreApplication::processEvents();
         };
         panel.bench.user.QueueAnswer(Answer::No);
         click(2);  // "Main" has no box 1
         QCOMPARE(QString::fromStdString(panel.bench.user.questions.back()),
                  QStringLiteral("Following text will be deleted:\nBox1"));
         QCOMPARE(forms.currentRow(), 0);
+        QCOMPARE(forms.selectedItems(), QList<QListWidgetItem*>{forms.item(0)});
         QCOMPARE(panel.Box(1).toPlainText(), QStringLiteral("text"));
 
         panel.bench.user.QueueAnswer(Answer::No);  // keep the mixed case

@@ -1,0 +1,141 @@
+#include <QAction>
+#include <QTextEdit>
+#include <QtTest>
+
+#include "ui/editor_driver.h"
+#include "ui/main_menu_layout.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+using testing::Editor;
+using testing::TempDir;
+
+// A newsroom with one form that holds the main box; interface holds Interface's entries.
+std::string Newsroom(std::string_view interface = "") {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<Tessarin Version=\"3.2\" StoriesEncoding=\"UTF-8\">"
+           "<FTPTransmission><FTPServer IPNumber=\"ftp.example.org\" User=\"desk\"/>"
+           "</FTPTransmission>"
+           "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
+           "<Story/><Publications><Publication Name=\"Morning Herald\"/></Publications>"
+           "<Interface>" +
+           std::string(interface) + "</Interface><Messages/></Tessarin>\n";
+}
+
+// How many receivers a signal of any object has: the count is protected in QObject, and a
+// pointer to it, taken through a class that makes it public, reaches it on every object.
+struct ReceiverCount : QObject {
+    using QObject::receivers;
+};
+int TriggerReceivers(const QAction& action) {
+    int (QObject::*receivers)(const char*) const = &ReceiverCount::receivers;
+    return (action.*receivers)(SIGNAL(triggered(bool)));
+}
+
+class MainWindowCommandsTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void theCommandsHaveTheDesktopsShortcutsUnlessConfigured();
+    void everyCommandRunsOrIsDisabled();
+};
+
+// A menu entry either runs a command or, while its window is not built, is disabled with its
+// button; About tells the program's name and version, and Save and close does both.
+void MainWindowCommandsTest::everyCommandRunsOrIsDisabled() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Newsroom());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    for (const MenuLayout& menu : MainMenuLayout()) {
+        for (const MenuEntryLayout& entry : menu.entries) {
+            if (entry.key == kMenuSeparator || entry.key == kRecentFilesRows) continue;
+            const std::string name = "mnu" + std::string(entry.key);
+            const QAction* action = editor.Action(name.c_str());
+            if (CommandNotBuiltYet(entry.key)) {
+                QVERIFY2(!action->isEnabled(), name.c_str());
+            } else {
+                QVERIFY2(TriggerReceivers(*action) > 0, name.c_str());
+            }
+        }
+    }
+    for (const char* button : {"SendWorkflow", "ReceiveWorkflow", "InterceptWorkflow", "SendFTP",
+                               "SendMail", "Logs", "SpellChecker", "Search", "Zoom", "QA"}) {
+        QVERIFY2(!editor.Action(button)->isEnabled(), button);
+    }
+    for (const char* stuck : {"Zoom", "Logs"}) {
+        editor.Trigger(stuck);
+        QVERIFY2(!editor.Action(stuck)->isChecked(), stuck);
+    }
+    QVERIFY(editor.Action("Save")->isEnabled() && editor.Action("Bold")->isEnabled());
+
+    editor.Trigger("mnuAbout");
+    QVERIFY(editor.user.messages.back().starts_with("Tessarin " TESSARIN_VERSION));
+    editor.Trigger("mnuDisplayStory");
+    editor.Type("Ferry late");
+    editor.user.QueuePath(dir / "ferry.xml");
+    editor.Trigger("mnuFileSaveClose");
+    QVERIFY(std::filesystem::exists(dir / "ferry.xml"));
+    QCOMPARE(editor.MainBox(), std::u16string());
+}
+
+void MainWindowCommandsTest::theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Newsroom("<FileSaveAs Shortcut=\"F12\"/>"));
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+
+    const std::pair<const char*, QKeySequence::StandardKey> standard[] = {
+        {"mnuFileNew", QKeySequence::New},
+        {"mnuFileOpen", QKeySequence::Open},
+        {"mnuFileSave", QKeySequence::Save},
+        {"mnuFileClose", QKeySequence::Close},
+        {"mnuFileExit", QKeySequence::Quit},
+        {"mnuEditionUndo", QKeySequence::Undo},
+        {"mnuEditionRedo", QKeySequence::Redo},
+        {"mnuEditionCut", QKeySequence::Cut},
+        {"mnuEditionCopy", QKeySequence::Copy},
+        {"mnuEditionPaste", QKeySequence::Paste},
+        {"mnuFormatBold", QKeySequence::Bold},
+        {"mnuFormatItalic", QKeySequence::Italic},
+        {"mnuFormatUnderline", QKeySequence::Underline},
+        {"mnuSearchText", QKeySequence::Find},
+        {"mnuSearchReplace", QKeySequence::Replace},
+        {"mnuAbout", QKeySequence::HelpContents},
+    };
+    for (const auto& [entry, key] : standard) {
+        QVERIFY2(!editor.Action(entry)->shortcuts().isEmpty(), entry);
+        QCOMPARE(editor.Action(entry)->shortcuts(), StandardShortcuts(key));
+    }
+    QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
+    QList<QKeySequence> all;
+    for (QAction* action : editor.window.findChildren<QAction*>())
+        all += action->shortcuts();
+    for (const char* keys : {"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+W", "Ctrl+Q", "Ctrl+B", "Ctrl+I",
+                             "Ctrl+U", "Ctrl+F", "Ctrl+H", "Ctrl+Y", "F1"}) {
+        QVERIFY2(all.contains(QKeySequence(QString::fromLatin1(keys))), keys);
+    }
+
+    // Pressed in the story's main box, the keys run their commands.
+    editor.Trigger("mnuDisplayStory");
+    editor.Type("Harbour");
+    QTextEdit* box = editor.Box(6);
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
+    QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
+    const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
+    QVERIFY(format.bold && format.underline);
+    editor.user.QueuePath(dir / "harbour.xml");
+    QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(std::filesystem::exists(dir / "harbour.xml"));
+    QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(editor.MainBox(), std::u16string());
+}
+
+TESSARIN_UI_TEST(MainWindowCommandsTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "main_window_commands_test.moc"
