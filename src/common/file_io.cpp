@@ -33,6 +33,27 @@ std::filesystem::path TemporaryNameBeside(const std::filesystem::path& file) {
     return name;
 }
 
+// Writes the bytes to a new file beside the target and renames it over the target, after
+// flushing it to disk when flush is set.
+bool WriteThroughTemporary(const std::filesystem::path& file, std::string_view bytes, bool flush) {
+    struct stat existing {};
+    const bool exists = ::stat(file.c_str(), &existing) == 0;
+    if (exists && (!S_ISREG(existing.st_mode) || (existing.st_mode & 0222) == 0)) return false;
+
+    const std::filesystem::path temporary = TemporaryNameBeside(file);
+    const int descriptor = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) return false;
+    bool written = WriteAll(descriptor, bytes);
+    if (written && exists) written = ::fchmod(descriptor, existing.st_mode & 07777) == 0;
+    written = written && (!flush || ::fsync(descriptor) == 0);
+    written = ::close(descriptor) == 0 && written;
+    if (!written || ::rename(temporary.c_str(), file.c_str()) != 0) {
+        ::unlink(temporary.c_str());
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& file) {
@@ -47,22 +68,11 @@ std::optional<std::string> ReadFileBytes(const std::filesystem::path& file) {
 }
 
 bool WriteFileAtomically(const std::filesystem::path& file, std::string_view bytes) {
-    struct stat existing {};
-    const bool exists = ::stat(file.c_str(), &existing) == 0;
-    if (exists && (!S_ISREG(existing.st_mode) || (existing.st_mode & 0222) == 0)) return false;
+    return WriteThroughTemporary(file, bytes, true);
+}
 
-    const std::filesystem::path temporary = TemporaryNameBeside(file);
-    const int descriptor = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (descriptor < 0) return false;
-    bool written = WriteAll(descriptor, bytes);
-    if (written && exists) written = ::fchmod(descriptor, existing.st_mode & 07777) == 0;
-    written = written && ::fsync(descriptor) == 0;
-    written = ::close(descriptor) == 0 && written;
-    if (!written || ::rename(temporary.c_str(), file.c_str()) != 0) {
-        ::unlink(temporary.c_str());
-        return false;
-    }
-    return true;
+bool WriteFileReplacing(const std::filesystem::path& file, std::string_view bytes) {
+    return WriteThroughTemporary(file, bytes, false);
 }
 
 }  // namespace tessarin

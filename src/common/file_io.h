@@ -16,4 +16,10 @@ std::optional<std::string> ReadFileBytes(const std::filesystem::path& file);
 // (read-only) is not replaced. False when anything fails; the target is then untouched.
 bool WriteFileAtomically(const std::filesystem::path& file, std::string_view bytes);
 
+// The same, without waiting for the disk: the file is still never seen half-written, and
+// the file system's ordering of a rename after the data it replaces is all the safety
+// against a power cut. For files that a batch writes by the hundred (staged and exported
+// copies, log entries), where a flush per file would cost more than the copies themselves.
+bool WriteFileReplacing(const std::filesystem::path& file, std::string_view bytes);
+
 }  // namespace tessarin
