@@ -4,6 +4,7 @@
 #include <string>
 
 #include "common/read_only_file.h"
+#include "story/file_operations.h"
 #include "transmission/send_list.h"
 #include "transmission/story_control.h"
 #include "transmission/story_staging.h"
@@ -202,6 +203,23 @@ TEST(StoryControl, StagingNamesTheFilesAndMarksTheSource) {
     EXPECT_TRUE(IsReadOnlyFile(story));
     EXPECT_TRUE(fs::exists(desk.session.paths.uploadDir / "fire.nc"));
     EXPECT_EQ(NameWithInitials("notes", "JD"), "notes (JD)");
+}
+
+TEST(StoryControl, CurrentStoryIsClosedAndAddedAndAnEditOpensIt) {
+    WorkflowDesk desk;
+    const fs::path story =
+        desk.Story("fire.xml", kBrief, R"(<TextBox6 CharCount="10">Fire</TextBox6>)");
+    ASSERT_TRUE(OpenStoryFile(desk.session, story));
+    OpenWorkflowWindow(desk.session, desk.window);
+    EXPECT_TRUE(desk.window.state.Control("cmdAddCurrent").enabled);
+
+    const AddResult result = AddCurrentStory(desk.session, desk.window);
+    EXPECT_EQ(result.outcome, AddOutcome::EditRequested);  // 10 characters of 1000 to 2000
+    EXPECT_TRUE(desk.session.storyFileName.empty());
+
+    ASSERT_TRUE(OpenStoryForEdit(desk.session, result));
+    EXPECT_EQ(desk.session.StoryPath(), story);
+    EXPECT_EQ(SelectedView(desk.session.window), DisplayView::Story);
 }
 
 }  // namespace
