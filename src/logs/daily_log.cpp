@@ -59,6 +59,11 @@ std::string DailyLogName(const LocalDateTime& day) {
            std::string(kDailyLogExtension);
 }
 
+fs::path DailyLogPageOf(const fs::path& logsDir, std::string_view date) {
+    return logsDir /
+           (std::string(kDailyLogPrefix) + std::string(date) + std::string(kDailyLogExtension));
+}
+
 std::vector<std::string> DailyLogPages(const fs::path& logsDir) {
     std::vector<std::string> pages = NamesWithExtension(logsDir, kDailyLogExtension);
     std::erase_if(pages, [](const std::string& name) { return !IsDailyLogName(name); });

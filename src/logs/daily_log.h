@@ -22,6 +22,9 @@ inline constexpr std::string_view kDailyLogExtension = ".htm";
 // "Log Tessarin yyyy-mm-dd.htm" for the day.
 std::string DailyLogName(const LocalDateTime& day);
 
+// The page of a date as DailyLogDates gives it.
+std::filesystem::path DailyLogPageOf(const std::filesystem::path& logsDir, std::string_view date);
+
 // The names of the daily pages in the folder ("Log Tessarin" ... ".htm"), sorted, which is
 // their order of age.
 std::vector<std::string> DailyLogPages(const std::filesystem::path& logsDir);
