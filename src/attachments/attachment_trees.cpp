@@ -10,8 +10,7 @@ constexpr std::string_view kOtherFilesCaption = "Other files";
 
 std::string RootCaption(const EditorSession& session, AttachmentKind kind) {
     if (kind == AttachmentKind::Image) return session.Message("ImagesLabel");
-    const std::string& caption = session.configuration.interface.Caption("OtherFiles");
-    return caption.empty() ? std::string(kOtherFilesCaption) : caption;
+    return session.configuration.interface.CaptionOr("OtherFiles", kOtherFilesCaption);
 }
 
 std::size_t AttachmentCount(const EditorSession& session, AttachmentKind kind) {

@@ -32,5 +32,7 @@ int RunConfigCommand(CliContext& context, const Arguments& arguments);
 int RunStoryCommand(CliContext& context, const Arguments& arguments);
 int RunExportCommand(CliContext& context, const Arguments& arguments);
 int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
+int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
+int RunLogsCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

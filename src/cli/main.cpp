@@ -28,6 +28,17 @@ constexpr const char* kHelp =
     "                      run the export writer for FORMAT on a story and copy its output\n"
     "                      to OUT\n"
     "  uuencode FILE       print the uuencoded form of a file, as a mail attachment\n"
+    "  workflow add STORY [--no-control]\n"
+    "                      control a story and stage it in the send list\n"
+    "  workflow list       print the send list\n"
+    "  workflow remove NAME\n"
+    "                      take a story out of the send list\n"
+    "  workflow send DESTINATION [--all-users]\n"
+    "                      send the whole list to a user, a group or a layout system\n"
+    "  workflow message DESTINATION TEXT\n"
+    "                      leave a message in a user's inbox\n"
+    "  logs STORY          print a story's logs\n"
+    "  logs days           print the dates of the daily log pages\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -100,5 +111,7 @@ int main(int argc, char** argv) {
     if (command == "iptc") return tessarin::cli::RunIptcCommand(context, rest);
     if (command == "export") return tessarin::cli::RunExportCommand(context, rest);
     if (command == "uuencode") return tessarin::cli::RunUuencodeCommand(context, rest);
+    if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
+    if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
     return Usage("unknown command " + command);
 }

@@ -6,9 +6,8 @@
 #include "app/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
+#include "cli/cli_session.h"
 #include "common/xml_document.h"
-#include "config/load_configuration.h"
-#include "config/preferences.h"
 #include "story/save_story.h"
 #include "story/story_file_reader.h"
 #include "story/story_plain_text.h"
@@ -47,30 +46,10 @@ std::optional<ResaveArguments> ParseResave(const Arguments& arguments) {
     return parsed;
 }
 
-// The program as it stands after start-up: preferences and configuration read, a new story
-// with the user's identity in the form selected first.
-bool StartSession(EditorSession& session, const CliContext& context, CliInteraction& user) {
-    session.preferences = ReadPreferences(session.profile);
-    const bool loaded =
-        LoadConfiguration(context.configurationFile, session.profile, session.preferences,
-                          session.configuration, session.window);
-    user.ShowStatus(session.window.Status().text);
-    const Identity& identity = session.configuration.identity;
-    session.story.author = identity.author;
-    session.story.email = identity.email;
-    session.story.group = identity.group;
-    session.story.initials = identity.initials;
-    session.story.formIndex = session.window.List("lstStoryTypes").selected;
-    return loaded;
-}
-
 // Opens the story as the editor does, then saves it under OUT with the save command.
 int Resave(CliContext& context, const ResaveArguments& arguments) {
     CliInteraction user(context.answer, context.err);
-    AppPaths paths = context.paths;
-    paths.preferencesFile = context.preferencesFile;
-    paths.configurationFile = context.configurationFile;
-    EditorSession session(paths, user);
+    EditorSession session(SessionPaths(context), user);
     if (!StartSession(session, context, user)) return kExitRefused;
 
     StoryContext storyContext = session.MakeStoryContext();

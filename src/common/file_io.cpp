@@ -29,13 +29,13 @@ bool WriteAll(int descriptor, std::string_view bytes) {
 }
 
 // Writes the bytes to a new file, with the given permission bits when mode is not 0, and
-// flushes it to disk. False, and no file left, when anything fails.
-bool WriteNewFile(const fs::path& file, std::string_view bytes, mode_t mode) {
+// flushes it to disk when flush is set. False, and no file left, when anything fails.
+bool WriteNewFile(const fs::path& file, std::string_view bytes, mode_t mode, bool flush = true) {
     const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) return false;
     bool written = WriteAll(descriptor, bytes);
     if (written && mode != 0) written = ::fchmod(descriptor, mode) == 0;
-    written = written && ::fsync(descriptor) == 0;
+    written = written && (!flush || ::fsync(descriptor) == 0);
     written = ::close(descriptor) == 0 && written;
     if (!written) ::unlink(file.c_str());
     return written;
@@ -62,15 +62,15 @@ bool KeepBackup(const fs::path& file, const fs::path& backup, mode_t mode) {
     return TemporaryBackup(file, temporary, mode) && RenameOver(temporary, backup);
 }
 
-ReplaceResult Replace(const fs::path& file, std::string_view bytes, const fs::path* backup) {
-    RemoveStaleTemporaryFilesOf(file);
+ReplaceResult Replace(const fs::path& file, std::string_view bytes, const fs::path* backup,
+                      bool flush = true) {
     struct stat existing {};
     const bool exists = ::stat(file.c_str(), &existing) == 0;
     if (exists && (!S_ISREG(existing.st_mode) || (existing.st_mode & 0222) == 0)) return {};
 
     const mode_t mode = exists ? existing.st_mode & 07777 : 0;
     const fs::path temporary = TemporaryNameBeside(file);
-    if (!WriteNewFile(temporary, bytes, mode)) return {};
+    if (!WriteNewFile(temporary, bytes, mode, flush)) return {};
     ReplaceResult result;
     if (backup != nullptr && exists) result.backupKept = KeepBackup(file, *backup, mode);
     result.written = RenameOver(temporary, file);
@@ -91,12 +91,18 @@ std::optional<std::string> ReadFileBytes(const fs::path& file) {
 }
 
 bool WriteFileAtomically(const fs::path& file, std::string_view bytes) {
+    RemoveStaleTemporaryFilesOf(file);
     return Replace(file, bytes, nullptr).written;
 }
 
 ReplaceResult WriteFileKeepingBackup(const fs::path& file, std::string_view bytes,
                                      const fs::path& backup) {
+    RemoveStaleTemporaryFilesOf(file);
     return Replace(file, bytes, &backup);
+}
+
+bool WriteFileReplacing(const fs::path& file, std::string_view bytes) {
+    return Replace(file, bytes, nullptr, false).written;
 }
 
 }  // namespace tessarin

@@ -33,4 +33,12 @@ struct ReplaceResult {
 ReplaceResult WriteFileKeepingBackup(const std::filesystem::path& file, std::string_view bytes,
                                      const std::filesystem::path& backup);
 
+// As WriteFileAtomically, without waiting for the disk: the file is still never seen
+// half-written, and
+// the file system's ordering of a rename after the data it replaces is all the safety
+// against a power cut. For files that a batch writes by the hundred (staged and exported
+// copies, log entries), where a flush per file would cost more than the copies themselves,
+// and so would looking through the folder for stale temporary files at each write.
+bool WriteFileReplacing(const std::filesystem::path& file, std::string_view bytes);
+
 }  // namespace tessarin

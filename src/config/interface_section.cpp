@@ -346,6 +346,11 @@ const std::string& InterfaceSettings::Caption(std::string_view key) const {
     return Entry(key).caption;
 }
 
+std::string InterfaceSettings::CaptionOr(std::string_view key, std::string_view design) const {
+    const std::string& caption = Caption(key);
+    return caption.empty() ? std::string(design) : caption;
+}
+
 const InterfaceEntry& InterfaceSettings::Entry(std::string_view key) const {
     static const InterfaceEntry kNotRead;
     const auto found = entries.find(key);

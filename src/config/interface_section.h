@@ -46,6 +46,8 @@ struct InterfaceSettings {
 
     // The caption of key; empty means the design-time caption.
     const std::string& Caption(std::string_view key) const;
+    // The caption of key, else the design-time caption given.
+    std::string CaptionOr(std::string_view key, std::string_view design) const;
     // The entry of key; an entry with the defaults when the key was not read.
     const InterfaceEntry& Entry(std::string_view key) const;
 };

@@ -210,7 +210,7 @@ std::optional<StagedStory> LoadStagedStoryOrShowError(const std::string& path,
 bool WriteExportedFile(const ExportState& state, std::string_view bytes) {
     std::error_code ignored;
     std::filesystem::remove(state.ExportedFilePath, ignored);
-    return WriteFileAtomically(state.ExportedFilePath, bytes);
+    return WriteFileReplacing(state.ExportedFilePath, bytes);
 }
 
 }  // namespace tessarin

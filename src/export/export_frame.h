@@ -133,8 +133,9 @@ std::string ExportParseErrorText(std::string_view path, const XmlParseError& err
 std::optional<StagedStory> LoadStagedStoryOrShowError(const std::string& path,
                                                       const ExportContext& context);
 
-// Step 8: replaces ExportedFilePath by the composed bytes in one write, nothing added.
-// False when the file cannot be written.
+// Step 8: replaces ExportedFilePath by the composed bytes in one write, nothing added. The
+// file is a passing copy in the upload directory: it is never seen half-written, but not
+// flushed to disk. False when the file cannot be written.
 bool WriteExportedFile(const ExportState& state, std::string_view bytes);
 
 // The writers. Each reads CurrentUploadNode, UploadDirectory and SourceStoryPath, and sets

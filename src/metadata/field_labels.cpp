@@ -47,12 +47,6 @@ constexpr std::array<DesignCaption, 28> kDesignCaptions{{
 constexpr std::string_view kImageCaptionDesign = "Caption";
 constexpr std::string_view kImageCreditDesign = "Credit";
 
-std::string InterfaceCaptionOr(const Configuration& configuration, std::string_view key,
-                               std::string_view design) {
-    const std::string& caption = configuration.interface.Caption(key);
-    return caption.empty() ? std::string(design) : caption;
-}
-
 }  // namespace
 
 std::string_view DesignLabelCaption(std::string_view labelName) {
@@ -69,11 +63,11 @@ std::string LabelCaption(const WindowState& window, std::string_view labelName) 
 }
 
 std::string ImageCaptionLabel(const Configuration& configuration) {
-    return InterfaceCaptionOr(configuration, "ImageCaption", kImageCaptionDesign);
+    return configuration.interface.CaptionOr("ImageCaption", kImageCaptionDesign);
 }
 
 std::string ImageCreditLabel(const Configuration& configuration) {
-    return InterfaceCaptionOr(configuration, "ImageCredit", kImageCreditDesign);
+    return configuration.interface.CaptionOr("ImageCredit", kImageCreditDesign);
 }
 
 }  // namespace tessarin

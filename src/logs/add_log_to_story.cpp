@@ -1,8 +1,8 @@
-#include "story/add_log_to_story.h"
-
-#include <system_error>
+#include "logs/add_log_to_story.h"
 
 #include "common/date_format.h"
+#include "common/file_io.h"
+#include "common/read_only_file.h"
 #include "common/xml_document.h"
 
 namespace fs = std::filesystem;
@@ -10,23 +10,14 @@ namespace fs = std::filesystem;
 namespace tessarin {
 namespace {
 
-std::string DateAndTime(const LocalDateTime& now) {
-    return FormatShortDate(now) + " " + FormatTimeHourMinute(now);
-}
-
 void ReplaceLastSave(XmlNode metadata, const StoryContext& context, const LocalDateTime& now) {
     metadata.SelectSingleNode("LastSaveDate").Remove();
     XmlNode date = metadata.AppendElement("LastSaveDate");
     const ControlState* label = context.window.FindControl("lblLastSaveDate");
     date.SetAttribute("Name", label == nullptr ? std::string() : label->caption);
-    date.SetText(DateAndTime(now));
+    date.SetText(LogDateAndTime(now));
     metadata.SelectSingleNode("LastSaveAuthor").Remove();
     metadata.AppendElement("LastSaveAuthor").SetText(context.configuration.identity.author);
-}
-
-void MakeWritable(const fs::path& file) {
-    std::error_code error;
-    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, error);
 }
 
 }  // namespace
@@ -47,17 +38,26 @@ bool AddLogToStory(const fs::path& story, std::string_view type, std::string_vie
     XmlNode log = root.FindOrAppendElement("Logs").AppendElement("Log");
     if (!type.empty()) log.SetAttribute("Type", type);
     log.SetText(text);
-    MakeWritable(story);
-    if (document.SaveFile(story)) return true;
+    if (IsReadOnlyFile(story)) MakeWritable(story);
+    if (WriteFileReplacing(story, document.SaveBytes())) return true;
     context.user.Tell(
         context.configuration.messages.Message("NotSavedStory") + ": " + story.string(),
         MessageIcon::Critical);
     return false;
 }
 
+std::string LogDateAndTime(const LocalDateTime& now) {
+    return FormatShortDate(now) + " " + FormatTimeHourMinute(now);
+}
+
+std::string TransmissionLogText(std::string_view author, std::string_view destination,
+                                const LocalDateTime& now) {
+    return LogDateAndTime(now) + " - " + std::string(author) + " -> " + std::string(destination);
+}
+
 std::string BackupRestoredLogText(const StoryContext& context, const LocalDateTime& now) {
     const MessageTexts& messages = context.configuration.messages;
-    return DateAndTime(now) + " - " + messages.Message("StoryBackupLabel") + " -> " +
+    return LogDateAndTime(now) + " - " + messages.Message("StoryBackupLabel") + " -> " +
            messages.Message("StoryLabel") + " [" + context.configuration.identity.author + "]";
 }
 

@@ -18,11 +18,21 @@ namespace tessarin {
 //    likewise, its text the user's name;
 // 3. a Log is added under Logs (made at the end of the story when missing), with the attribute
 //    Type only when type is not empty, and the text;
-// 4. a read-only file is made writable again, then the document is saved in its own encoding.
+// 4. a read-only file is made writable again, then the document is saved in its own encoding
+//    (never seen half-written, not flushed to disk one by one: a send logs stories by the
+//    hundred).
 // Returns true when the entry is in the file. A save that fails is told as NotSavedStory ": "
 // and the path.
 bool AddLogToStory(const std::filesystem::path& story, std::string_view type, std::string_view text,
                    const StoryContext& context, const LocalDateTime& now);
+
+// The short date of now, a blank and "hh:mm": how every log entry begins.
+std::string LogDateAndTime(const LocalDateTime& now);
+
+// The log text of a transmission to a workflow destination: the short date and "hh:mm" of
+// now, " - ", the author, " -> ", the destination's text.
+std::string TransmissionLogText(std::string_view author, std::string_view destination,
+                                const LocalDateTime& now);
 
 // The log text of a backup story restored over its story: the short date and "hh:mm" of now,
 // " - ", StoryBackupLabel, " -> ", StoryLabel, " [", the user's name, "]". Its type is "A".

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/editor_session.h"
+#include "cli/cli_context.h"
+#include "cli/cli_interaction.h"
+
+namespace tessarin::cli {
+
+// The program's paths as the command line chose them (--config and --prefs included).
+AppPaths SessionPaths(const CliContext& context);
+
+// The editor as it stands after start-up, without a window: preferences and configuration
+// read (the status text of the load printed), a new story with the user's identity in the
+// form selected first. False when the configuration did not load.
+bool StartSession(EditorSession& session, const CliContext& context, CliInteraction& user);
+
+}  // namespace tessarin::cli

@@ -1,0 +1,117 @@
+#include <QGroupBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "logs/daily_log.h"
+#include "transmission/workflow_desk.h"
+#include "ui/check_logs_dialog.h"
+#include "ui/list_logs_dialog.h"
+#include "ui/ui_test_registry.h"
+#include "ui/workflow_dialog.h"
+
+namespace tessarin {
+namespace {
+
+using namespace testing;
+
+template <typename Widget>
+Widget* Find(QWidget& window, const char* name) {
+    auto* widget = window.findChild<Widget*>(QString::fromUtf8(name));
+    if (widget == nullptr) qFatal("no control %s", name);
+    return widget;
+}
+
+QTreeWidgetItem* ItemNamed(QTreeWidget& tree, const QString& text) {
+    const auto items = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    return items.isEmpty() ? nullptr : items.front();
+}
+
+class WorkflowWindowsTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void AddSendAndReadTheReport() {
+        WorkflowDesk desk;
+        const auto picture = desk.folder.Write("stories/pic.jpg", "JPEG");
+        desk.user.QueuePath(desk.Story(
+            "fire.xml", R"(<Form>Brief</Form><Status FormalItem="Usable">R</Status>)",
+            R"(<TextBox6 CharCount="1500">Fire</TextBox6>)", WorkflowDesk::Images({picture})));
+        WorkflowDialog dialog(desk.session, nullptr);
+        dialog.show();
+        QCOMPARE(Find<QTabBar>(dialog, "TabSend")->tabText(0), QStringLiteral("Stories && Photos"));
+        QVERIFY(!Find<QPushButton>(dialog, "cmdUpload")->isEnabled());
+
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdAddStory"), Qt::LeftButton);
+        auto* list = Find<QTreeWidget>(dialog, "treeUpload");
+        QCOMPARE(Find<QGroupBox>(dialog, "FrameStories")->title(),
+                 QStringLiteral("Stories:1 / Photos:1 / Other files:0"));
+        QTreeWidgetItem* story = ItemNamed(*list, QStringLiteral("fire.xml"));
+        QVERIFY(story != nullptr && ItemNamed(*list, QStringLiteral("pic.jpg")) != nullptr);
+        emit list->itemClicked(story, 0);
+        QCOMPARE(Find<QTextEdit>(dialog, "txtStory")->toPlainText(), QStringLiteral("Fire\n"));
+
+        auto* users = Find<QTreeWidget>(dialog, "treeUsers");
+        users->setCurrentItem(ItemNamed(*users, QStringLiteral("Ann")));
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdUpload"), Qt::LeftButton);
+        QCOMPARE(Find<QTextEdit>(dialog, "txtStory")->toPlainText(),
+                 QStringLiteral("Check logs\nfire.xml\n\tPhoto: pic.jpg"));
+        QVERIFY(std::filesystem::exists(desk.folder / "inbox/Ann/fire.xml"));
+        QVERIFY(!Find<QPushButton>(dialog, "cmdAddStory")->isEnabled());
+        QCOMPARE(list->topLevelItemCount(), 0);
+    }
+
+    void TheMessageTabSendsAndCloses() {
+        WorkflowDesk desk;
+        WorkflowDialog dialog(desk.session, nullptr);
+        dialog.show();
+        emit Find<QTabBar>(dialog, "TabSend")->tabBarClicked(1);
+        QVERIFY(Find<QPlainTextEdit>(dialog, "txtMessage")->isVisible());
+        QVERIFY(!Find<QTreeWidget>(dialog, "treeUpload")->isVisible());
+        auto* users = Find<QTreeWidget>(dialog, "treeUsers");
+        QVERIFY(ItemNamed(*users, QStringLiteral("Desk")) == nullptr);
+        users->setCurrentItem(ItemNamed(*users, QStringLiteral("Ann")));
+        Find<QPlainTextEdit>(dialog, "txtMessage")->setPlainText(QStringLiteral("Lunch?"));
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdUpload"), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(std::filesystem::exists(desk.folder / "inbox/Ann/{msg}.txt"));
+    }
+
+    void StoryLogsInBothOrdersAndCleared() {
+        WorkflowDesk desk("", R"(ClearLogsAllowed="true")");
+        desk.session.story.logs = {{"to Ann", "U"}, {"to Page", "L"}};
+        ListLogsDialog dialog(desk.session, nullptr);
+        auto* logs = Find<QTreeWidget>(dialog, "lvLogs");
+        QCOMPARE(logs->topLevelItem(0)->text(0), QStringLiteral("to Ann"));
+        QCOMPARE(logs->topLevelItem(1)->foreground(0).color(), QColor(255, 0, 0));
+        Find<QTabBar>(dialog, "TabStripLogs")->setCurrentIndex(1);
+        QCOMPARE(logs->topLevelItem(0)->text(0), QStringLiteral("to Page"));
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdClearLogs"), Qt::LeftButton);
+        QCOMPARE(desk.user.questions.back(), std::string("Confirm Logs clearing"));
+        QCOMPARE(logs->topLevelItemCount(), 0);
+    }
+
+    void DailyPagesOpenOnAClick() {
+        WorkflowDesk desk;
+        for (int day = 1; day <= 5; ++day)
+            PrepareDailyLog(desk.session.paths.logsDir, 10, {}, {2024, 3, day, 9, 0, 0});
+        QUrl opened;
+        CheckLogsDialog dialog(desk.session, nullptr,
+                               [&opened](const QUrl& page) { opened = page; });
+        dialog.show();
+        QCOMPARE(Find<QLabel>(dialog, "lblLogFile4")->text(), QStringLiteral("2024-03-05"));
+        QTest::mouseClick(Find<QLabel>(dialog, "lblLogFile0"), Qt::LeftButton);
+        QCOMPARE(opened.toLocalFile().toStdString(),
+                 (desk.session.paths.logsDir / "Log Tessarin 2024-03-01.htm").string());
+    }
+};
+
+TESSARIN_UI_TEST(WorkflowWindowsTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "workflow_dialog_test.moc"
