@@ -11,11 +11,14 @@
 #include "app/missing_configuration.h"
 #include "app/session_start.h"
 #include "story/file_operations.h"
+#include "ui/check_logs_dialog.h"
+#include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
 #include "ui/main_window_chrome.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/session_view.h"
+#include "ui/workflow_dialog.h"
 
 namespace tessarin {
 namespace {
@@ -114,6 +117,9 @@ void MainWindow::ConnectCommands() {
     on("DisplayStory", [this] { SelectView(session_.window, DisplayView::Story); });
     on("DisplayImages", [this] { SelectView(session_.window, DisplayView::Images); });
     on("ToolsPreferences", [this] { PreferencesDialog(session_, this).exec(); });
+    on("ToolsSendWorkflow", [this] { WorkflowDialog(session_, this).exec(); });
+    on("DisplayLogs", [this] { ListLogsDialog(session_, this).exec(); });
+    on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
         Run([this, row] { OpenRecentFile(session_, static_cast<std::size_t>(row)); });

@@ -86,6 +86,7 @@ class WorkflowCommand : public ::testing::Test {
 
 TEST_F(WorkflowCommand, SendsToAUserWithLogsTrackingAndTheDailyPage) {
     const fs::path source = Add("fire");
+    folder_.Write("stories/fire.bml", "an older backup");
     CliRun run = Run("workflow list");
     EXPECT_EQ(run.out, "S fire.xml\nI fire.jpg\nStories:1 / Photos:1 / Other files:0\n");
 

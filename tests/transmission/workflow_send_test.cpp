@@ -118,7 +118,9 @@ void ExpectStillListed(const ListedDesk& desk, const std::string& name, const st
 TEST(SendFailure, AFullDiskKeepsWhatDidNotArrive) {
     ListedDesk desk;
     ScratchMount disk(desk.folder / "inbox/Ann", 96);
-    if (!disk.Ready()) GTEST_SKIP() << "mounting a small tmpfs needs the superuser";
+    if (!disk.Ready())
+        GTEST_SKIP() << "a small tmpfs cannot be mounted here: that needs the superuser and the "
+                        "right to mount";
     const std::string stagedBeta = ReadBytes(desk.Upload("beta.xml"));
 
     EXPECT_EQ(desk.SendTo("Ann"), SendOutcome::Failed);
@@ -140,7 +142,8 @@ TEST(SendFailure, AReadOnlyTargetKeepsEverything) {
     ListedDesk desk;
     ScratchMount disk(desk.folder / "inbox/Ann", 1024);
     if (!disk.Ready() || !disk.MakeReadOnly())
-        GTEST_SKIP() << "mounting a tmpfs needs the superuser";
+        GTEST_SKIP() << "a tmpfs cannot be mounted and made read-only here: that needs the "
+                        "superuser and the right to mount";
     const std::string stagedAlpha = ReadBytes(desk.Upload("alpha.xml"));
     const std::string stagedBeta = ReadBytes(desk.Upload("beta.xml"));
 

@@ -1,9 +1,12 @@
+#include <QAction>
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTextEdit>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -11,6 +14,7 @@
 #include "transmission/workflow_desk.h"
 #include "ui/check_logs_dialog.h"
 #include "ui/list_logs_dialog.h"
+#include "ui/main_window.h"
 #include "ui/ui_test_registry.h"
 #include "ui/workflow_dialog.h"
 
@@ -92,6 +96,25 @@ class WorkflowWindowsTest : public QObject {
         QTest::mouseClick(Find<QPushButton>(dialog, "cmdClearLogs"), Qt::LeftButton);
         QCOMPARE(desk.user.questions.back(), std::string("Confirm Logs clearing"));
         QCOMPARE(logs->topLevelItemCount(), 0);
+    }
+
+    void TheMainWindowOpensTheWindowsFromItsEntries() {
+        WorkflowDesk desk;
+        MainWindow main(desk.session.paths, &desk.user);
+        QVERIFY(!main.Start(""));
+        for (const auto& [entry, window] :
+             {std::pair{"SendWorkflow", "frmWorkflow"}, std::pair{"mnuDisplayLogs", "frmListLogs"},
+              std::pair{"mnuToolsCheckLogs", "frmCheckLogs"}}) {
+            QString opened;
+            QTimer::singleShot(0, [&opened] {
+                QWidget* dialog = QApplication::activeModalWidget();
+                if (dialog == nullptr) return;
+                opened = dialog->objectName();
+                dialog->close();
+            });
+            main.findChild<QAction*>(QString::fromUtf8(entry))->trigger();
+            QCOMPARE(opened, QString::fromUtf8(window));
+        }
     }
 
     void DailyPagesOpenOnAClick() {
