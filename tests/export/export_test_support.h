@@ -22,12 +22,12 @@ namespace tessarin::testing {
 // The one "now" of the writers' tests: Tuesday 5 March 2024, 09:07:30.
 constexpr LocalDateTime kNow{2024, 3, 5, 9, 7, 30};
 
-// Lines as the XML writers end them: each line followed by CR LF.
-inline std::string CrLfLines(std::initializer_list<std::string_view> lines) {
+// Text written with "\n" line ends, with the CR LF line ends that the writers give.
+inline std::string CrLf(std::string_view lines) {
     std::string text;
-    for (std::string_view line : lines) {
-        text += line;
-        text += "\r\n";
+    for (const char c : lines) {
+        if (c == '\n') text += '\r';
+        text += c;
     }
     return text;
 }
@@ -35,12 +35,9 @@ inline std::string CrLfLines(std::initializer_list<std::string_view> lines) {
 // A story file from lines written with "\n": CR LF line ends, in Windows-1252 under the
 // ISO-8859-1 prolog, or in UTF-8 under the UTF-8 prolog.
 inline std::string StoryFile(std::string_view lines, bool utf8 = false) {
-    std::string text = utf8 ? "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\r\n"
-                            : "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n";
-    for (const char c : lines) {
-        if (c == '\n') text += '\r';
-        text += c;
-    }
+    const std::string text = CrLf(utf8 ? "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n"
+                                       : "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n") +
+                             CrLf(lines);
     return utf8 ? text : Utf8ToWindows1252(text);
 }
 
