@@ -4,19 +4,17 @@
 
 #include "common/scoped_environment.h"
 #include "export/export_rss.h"
-#include "export/newsml_test_support.h"
-#include "support/temp_dir.h"
+#include "export/export_test_support.h"
 
 namespace tessarin {
 namespace {
 
-using testing::CrLfLines;
+using testing::CrLf;
 using testing::IsWellFormed;
 using testing::ParseStory;
 using testing::ScopedEnvironment;
 using testing::WriterSetup;
 
-constexpr LocalDateTime kNow{2024, 3, 5, 9, 7, 30};
 constexpr std::string_view kHead =
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<rss version=\"2.0\">\r\n<channel>\r\n";
 constexpr std::string_view kTail = "\r\n</channel>\r\n</rss>";
@@ -34,7 +32,7 @@ class RssWriter : public ::testing::Test {
     }
 
     std::string Compose(std::string_view storyBytes) {
-        ExportContext context = setup_.Context(kNow);
+        ExportContext context = setup_.Context();
         context.programVersion = "1.2.3";
         return ComposeRss(ParseStory(storyBytes), context);
     }
@@ -44,23 +42,16 @@ class RssWriter : public ::testing::Test {
 };
 
 TEST_F(RssWriter, ChannelHeadTitleIntertitleItemsAuthorAndLink) {
-    const std::string story = CrLfLines({
-        "<Story>",
-        "<Metadata>",
-        "<Email Name=\"E-mail\">jane@herald.example</Email>",
-        "<Publication Name=\"P\">Herald</Publication>",
-        "<PublicationDate Name=\"D\">12/03/2024</PublicationDate>",
-        "</Metadata>",
-        "<Body>",
-        "<TextBox0 CharCount=\"8\" WordCount=\"2\" Name=\"Title\">Big <b>fire</b></TextBox0>",
-        "<TextBox1 CharCount=\"11\" WordCount=\"3\" Name=\"Lead\">At the mill<note>x</note>"
-        "</TextBox1>",
-        "<TextBox6 CharCount=\"40\" WordCount=\"9\" Name=\"Text\">It burned.<p/>",
-        "<inter1>Damage</inter1><p/>",
-        "Costs &amp; more at http://herald.example/fire</TextBox6>",
-        "</Body>",
-        "</Story>",
-    });
+    const std::string story = CrLf(
+        "<Story>\n<Metadata>\n<Email Name=\"E-mail\">jane@herald.example</Email>\n"
+        "<Publication Name=\"P\">Herald</Publication>\n"
+        "<PublicationDate Name=\"D\">12/03/2024</PublicationDate>\n</Metadata>\n<Body>\n"
+        "<TextBox0 CharCount=\"8\" WordCount=\"2\" Name=\"Title\">Big <b>fire</b></TextBox0>\n"
+        "<TextBox1 CharCount=\"11\" WordCount=\"3\" Name=\"Lead\">"
+        "At the mill<note>x</note></TextBox1>\n"
+        "<TextBox6 CharCount=\"40\" WordCount=\"9\" Name=\"Text\">It burned.<p/>\n"
+        "<inter1>Damage</inter1><p/>\nCosts &amp; more at http://herald.example/fire</TextBox6>\n"
+        "</Body>\n</Story>\n");
     const std::string feed = Compose(story);
     EXPECT_EQ(feed, std::string(kHead) +
                         "<title>Herald feed</title>\r\n"
@@ -122,25 +113,6 @@ TEST_F(RssWriter, AnEmptyBodyGivesTheChannelOnlyAndTextIsWrittenInTheCodePage) {
                   "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
                   "<generator>Tessarin 1.2.3</generator>" +
                   std::string(kTail));
-}
-
-TEST_F(RssWriter, TheEntryWritesBesideTheStoryAndTargetsTheExportDirectory) {
-    testing::TempDir folder;
-    setup_.configuration.workflow.ExportTextsDirectory = "/export/texts";
-    ExportState state;
-    state.UploadDirectory = (folder / "Upload").string() + "/";
-    state.CurrentUploadNode = "fire.story";
-    state.SourceStoryPath =
-        folder
-            .Write("Upload/fire.story",
-                   "<Story><Metadata><OriginalPath Name=\"/desk/fire.xml\"/></Metadata></Story>")
-            .string();
-    ExportRSS(state, ExportMode::Layout, setup_.Context(kNow));
-    EXPECT_EQ(state.ExportedFilePath, state.UploadDirectory + "fire.xml");
-    EXPECT_EQ(testing::ReadBytes(state.ExportedFilePath).substr(0, kHead.size()), kHead);
-    EXPECT_EQ(state.TargetPath, "/export/texts/fire.xml");
-    EXPECT_EQ(state.TargetDirectory, "/export/texts/fire.xml");
-    EXPECT_EQ(state.OriginalStoryPath, "/desk/fire.xml");
 }
 
 }  // namespace
