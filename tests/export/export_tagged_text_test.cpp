@@ -44,7 +44,8 @@ constexpr std::string_view kStory = R"(<Story AppName="Tessarin" AppVersion="0.1
 <Metadata><Form Name="Type" Index="0">News</Form></Metadata>
 <Body>
 <TextBox0 CharCount="5" WordCount="1" Name="Titre">Titre</TextBox0>
-<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b><i>Gras</i></b> et <b>b</b><i>i</i><u>u</u><sup>er</sup><p/>
+<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b><i>Gras</i></b> et <b>b</b><i>i</i>
+<u>u</u><sup>er</sup><p/>
 <inter1>Inter</inter1><p/>
 A&amp;B &lt;x&gt;&#160;<euro/><oe/><OE/><tab/>é<note>secret</note>.</TextBox6>
 <Signature>Jean</Signature></Body>
