@@ -59,7 +59,8 @@ constexpr std::string_view kFullStory = R"(<Story AppName="Tessarin" AppVersion=
 <Classification Name="Rubrique">Éco</Classification>
 <SectionGeneral Name="Section">Sec</SectionGeneral>
 <SubSectionGeneral Name="Sous-section">SG</SubSectionGeneral>
-<SectionLocal Name="Locale">Loc</SectionLocal><SubSectionLocal Name="Sous-locale">SL/X</SubSectionLocal>
+<SectionLocal Name="Locale">Loc</SectionLocal>
+<SubSectionLocal Name="Sous-locale">SL/X</SubSectionLocal>
 <PublicationDate Name="Date">05/03/2024</PublicationDate>
 <Taxonomy><Topic FormalItem="04000000">Économie</Topic><Topic FormalItem="">Vide</Topic>
 <Topic FormalItem="abc">Non</Topic></Taxonomy>
