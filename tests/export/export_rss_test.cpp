@@ -15,9 +15,12 @@ using testing::ParseStory;
 using testing::ScopedEnvironment;
 using testing::WriterSetup;
 
-constexpr std::string_view kHead =
-    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<rss version=\"2.0\">\r\n<channel>\r\n";
-constexpr std::string_view kTail = "\r\n</channel>\r\n</rss>";
+// A feed with this channel content.
+std::string Feed(std::string_view channel) {
+    return "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<rss "
+           "version=\"2.0\">\r\n<channel>\r\n" +
+           std::string(channel) + "\r\n</channel>\r\n</rss>";
+}
 
 class RssWriter : public ::testing::Test {
   protected:
@@ -53,26 +56,21 @@ TEST_F(RssWriter, ChannelHeadTitleIntertitleItemsAuthorAndLink) {
         "<inter1>Damage</inter1><p/>\nCosts &amp; more at http://herald.example/fire</TextBox6>\n"
         "</Body>\n</Story>\n");
     const std::string feed = Compose(story);
-    EXPECT_EQ(feed, std::string(kHead) +
-                        "<title>Herald feed</title>\r\n"
-                        "<link>http://herald.example/</link>\r\n"
-                        "<description>News</description>\r\n"
-                        "<language>en</language>\r\n"
-                        "<ttl>60</ttl>\r\n"
-                        "<image><url>http://herald.example/logo.png</url>\r\n"
-                        "<title>Herald feed</title>\r\n"
-                        "<link>http://herald.example/</link></image>\r\n"
-                        "<copyright>Copyright 2024, Herald</copyright>\r\n"
-                        "<pubDate>Tue, 12 Mar 2024 00:00:01 UT</pubDate>\r\n"
-                        "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
-                        "<generator>Tessarin 1.2.3</generator>\r\n"
-                        "<item><title>Big &lt;b&gt;fire&lt;/b&gt;\r\nAt the mill</title>\r\n"
-                        "<author>jane@herald.example</author><description>It burned.&lt;p/&gt;\r\n"
-                        "</description></item><item><title>Damage</title>"
-                        "<author>jane@herald.example</author><description>&lt;p/&gt;\r\n"
-                        "Costs &amp; more at </description><link>http://herald.example/fire</link>"
-                        "</item>" +
-                        std::string(kTail));
+    EXPECT_EQ(feed,
+              Feed("<title>Herald feed</title>\r\n<link>http://herald.example/</link>\r\n"
+                   "<description>News</description>\r\n<language>en</language>\r\n<ttl>60</ttl>\r\n"
+                   "<image><url>http://herald.example/logo.png</url>\r\n"
+                   "<title>Herald feed</title>\r\n<link>http://herald.example/</link></image>\r\n"
+                   "<copyright>Copyright 2024, Herald</copyright>\r\n"
+                   "<pubDate>Tue, 12 Mar 2024 00:00:01 UT</pubDate>\r\n"
+                   "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
+                   "<generator>Tessarin 1.2.3</generator>\r\n"
+                   "<item><title>Big &lt;b&gt;fire&lt;/b&gt;\r\nAt the mill</title>\r\n"
+                   "<author>jane@herald.example</author><description>It burned.&lt;p/&gt;\r\n"
+                   "</description></item><item><title>Damage</title>"
+                   "<author>jane@herald.example</author><description>&lt;p/&gt;\r\n"
+                   "Costs &amp; more at </description><link>http://herald.example/fire</link>"
+                   "</item>"));
     EXPECT_TRUE(IsWellFormed(feed));
 }
 
@@ -80,10 +78,8 @@ TEST_F(RssWriter, WithoutMetadataOrIntertitlesTheBodyIsOneItem) {
     const std::string feed = Compose(
         "<Story><Body><TextBox6>A<sup>2</sup> costs 5<euro/><tab/>now<p/><p/>Next "
         "<i>line</i><p/></TextBox6></Body></Story>");
-    EXPECT_EQ(feed, std::string(kHead) +
-                        "<description>A2 costs 5&#128;\tnow&lt;p/&gt;Next &lt;i&gt;line&lt;/i&gt;"
-                        "&lt;p/&gt;</description></item>" +
-                        std::string(kTail));
+    EXPECT_EQ(feed, Feed("<description>A2 costs 5&#128;\tnow&lt;p/&gt;Next &lt;i&gt;line&lt;/i&gt;"
+                         "&lt;p/&gt;</description></item>"));
 }
 
 TEST_F(RssWriter, AnOpeningIntertitleStartsTheItemAndAUrlBeforeALaterItemIsMovedOut) {
@@ -93,26 +89,21 @@ TEST_F(RssWriter, AnOpeningIntertitleStartsTheItemAndAUrlBeforeALaterItemIsMoved
         "<TextBox0>Head</TextBox0>"
         "<TextBox6><inter2>Start</inter2>See http://a.example/x<p/><inter1>T</inter1>More"
         "</TextBox6></Body></Story>");
-    EXPECT_EQ(feed, std::string(kHead) +
-                        "<title></title>\r\n<link></link>\r\n<description></description>\r\n"
-                        "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
-                        "<generator>Tessarin 1.2.3</generator>\r\n"
-                        "<item><title>Head</title>\r\n"
-                        "<item><title>Start</title><description>See </description>"
-                        "<link>http://a.example/x</link></item><item><title>T</title>"
-                        "<description>More</description></item>" +
-                        std::string(kTail));
+    EXPECT_EQ(feed, Feed("<title></title>\r\n<link></link>\r\n<description></description>\r\n"
+                         "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
+                         "<generator>Tessarin 1.2.3</generator>\r\n<item><title>Head</title>\r\n"
+                         "<item><title>Start</title><description>See </description>"
+                         "<link>http://a.example/x</link></item><item><title>T</title>"
+                         "<description>More</description></item>"));
 }
 
 TEST_F(RssWriter, AnEmptyBodyGivesTheChannelOnlyAndTextIsWrittenInTheCodePage) {
     setup_.configuration.exportFormats.RSS = {};
     setup_.configuration.exportFormats.RSS.ChannelTitle = "Caf\xC3\xA9 \xE2\x82\xAC";
     EXPECT_EQ(Compose("<Story><Metadata/><Body/></Story>"),
-              std::string(kHead) +
-                  "<title>Caf\xE9 \x80</title>\r\n<link></link>\r\n<description></description>\r\n"
-                  "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
-                  "<generator>Tessarin 1.2.3</generator>" +
-                  std::string(kTail));
+              Feed("<title>Caf\xE9 \x80</title>\r\n<link></link>\r\n<description></description>\r\n"
+                   "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
+                   "<generator>Tessarin 1.2.3</generator>"));
 }
 
 }  // namespace
