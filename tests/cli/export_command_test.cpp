@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -31,35 +32,26 @@ std::string Configuration(const TempDir& folder) {
 <Workflow ExportTextsDirectory=")" +
            (folder / "texts").string() + R"("/>
 <Metadata><LastSaveDate Name="Saved"/><Author Name="By">Ann Lee</Author><ColdStory Name="Cold"/>
-</Metadata>
-<Story/>
-<Publications><Publication Name="Herald"/></Publications>
-</Tessarin>
+</Metadata><Story/><Publications><Publication Name="Herald"/></Publications></Tessarin>
 )";
 }
 
 constexpr std::string_view kStoryHead =
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<!-- fire.xml -->\r\n"
     "<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">\r\n<Metadata>\r\n";
-constexpr std::string_view kStoryRest =
-    "<Publication Name=\"Paper\">Herald</Publication>\r\n"
-    "<PublicationDate Name=\"Date\">0</PublicationDate>\r\n"
-    "</Metadata>\r\n<Body>\r\n"
+const std::string kFireStory =
+    std::string(kStoryHead) +
+    "<LastSaveDate Name=\"Saved\">04/03/2024</LastSaveDate><LastSaveTime>08:30</LastSaveTime>\r\n"
+    "<LastSaveAuthor>Jo</LastSaveAuthor>\r\n<Publication Name=\"Paper\">Herald</Publication>\r\n"
+    "<PublicationDate Name=\"Date\">0</PublicationDate>\r\n</Metadata>\r\n<Body>\r\n"
     "<TextBox6 CharCount=\"4\" WordCount=\"1\" Name=\"Text\">Fire<note>n</note></TextBox6>\r\n"
     "</Body>\r\n</Story>\r\n";
-
-std::string FireStory() {
-    return std::string(kStoryHead) +
-           "<LastSaveDate Name=\"Saved\">04/03/2024</LastSaveDate><LastSaveTime>08:30"
-           "</LastSaveTime>\r\n<LastSaveAuthor>Jo</LastSaveAuthor>\r\n" +
-           std::string(kStoryRest);
-}
 
 class ExportCommand : public ::testing::Test {
   protected:
     ExportCommand() {
         config_ = folder_.Write("desk.xml", Configuration(folder_));
-        story_ = folder_.Write("stories/fire.xml", FireStory());
+        story_ = folder_.Write("stories/fire.xml", kFireStory);
         std::filesystem::create_directory(folder_ / "texts");
     }
 
@@ -72,11 +64,10 @@ class ExportCommand : public ::testing::Test {
 
     std::filesystem::path Out() const { return folder_ / "out.bin"; }
     std::string Texts(const std::string& rest) const { return (folder_ / "texts").string() + rest; }
+    // No file is left in Upload (its Logs folder stays).
     bool UploadIsEmpty() const {
-        for (const auto& entry : std::filesystem::directory_iterator(folder_ / "app/Upload")) {
-            if (entry.is_regular_file()) return false;
-        }
-        return true;
+        return std::ranges::none_of(std::filesystem::directory_iterator(folder_ / "app/Upload"),
+                                    [](const auto& entry) { return entry.is_regular_file(); });
     }
 
     TempDir folder_;
@@ -100,103 +91,78 @@ TEST_F(ExportCommand, TessarinMLInLayoutModeGivesTheCleanedStoryAndItsFolders) {
                   "</Body>\r\n<Logs><Log Type=\"L\">a -&gt; Layout</Log></Logs></Story>\r\n");
     EXPECT_TRUE(std::filesystem::is_directory(Texts("/Herald/Cold/fire")));
     EXPECT_TRUE(UploadIsEmpty());
-    EXPECT_EQ(ReadBytes(story_), FireStory());
-
-    // A second export rebuilds the same folders.
-    EXPECT_EQ(Export("TessarinML").exitStatus, 0);
+    EXPECT_EQ(ReadBytes(story_), kFireStory);
 }
 
-TEST_F(ExportCommand, EveryFormatReachesItsWriter) {
-    struct Case {
+// Each format reaches its writer; modes ftp and user take the server and the given target.
+TEST_F(ExportCommand, EveryFormatAndModeReachesItsWriter) {
+    const std::string texts = Texts(""), chain = Texts("/Herald/Cold/fire");
+    const struct {
         std::string format;
+        std::string options;
         std::string target;
         std::string directory;
-        std::string outputStart;
-    };
-    const std::string chain = Texts("/Herald/Cold/fire");
-    const Case cases[] = {
-        {"NewsML", Texts("/fire.xml"), "",
-         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<NewsML>"},
-        {"NITF", Texts("/fire.xml"), "",
-         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<nitf>"},
-        {"InDesign", chain + "/fire.txt", chain, "<ANSI-WIN>"},
-        {"XPress", chain + "/fire.xtg", chain, "<v6.50>\r\nFire\r\n"},
-        {"EditWorksQTrans", Texts("/fire.txt"), "", "<&FP"},
-        {"MileniumInsert", Texts("/fire.xml"), "",
-         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" standalone=\"yes\" ?>\r\n<pub>Herald"},
-        {"RSS", Texts("/fire.xml"), Texts("/fire.xml"),
-         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n<rss version=\"2.0\">"},
-        {"Rss", chain + "/fire.xml", chain, "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>"},
-    };
-    for (const Case& expected : cases) {
-        const CliRun run = Export(expected.format);
-        ASSERT_EQ(run.exitStatus, 0) << expected.format << run.err;
-        EXPECT_EQ(run.out, "TargetPath=" + expected.target +
-                               "\nTargetDirectory=" + expected.directory + "\n")
-            << expected.format;
-        EXPECT_TRUE(ReadBytes(Out()).starts_with(expected.outputStart)) << expected.format;
-        EXPECT_TRUE(UploadIsEmpty()) << expected.format;
+        std::string written;  // a part of the output
+    } rows[] = {
+        {"NewsML", "", texts + "/fire.xml", "", "?>\r\n<NewsML>"},
+        {"NITF", "", texts + "/fire.xml", "", "?>\r\n<nitf>"},
+        {"InDesign", "", chain + "/fire.txt", chain, "<ANSI-WIN>"},
+        {"XPress", "", chain + "/fire.xtg", chain, "<v6.50>\r\nFire\r\n"},
+        {"EditWorksQTrans", "", texts + "/fire.txt", "", "<&FP"},
+        {"MileniumInsert", "", texts + "/fire.xml", "", "standalone=\"yes\" ?>\r\n<pub>Herald"},
+        {"RSS", "", texts + "/fire.xml", texts + "/fire.xml", "?>\r\n<rss version=\"2.0\">"},
+        {"Rss", "", chain + "/fire.xml", chain, "?>\r\n<!-- fire.xml"},
+        {"NewsML", "--mode ftp --server 2", "/web/texts/fire.xml", "", "<NewsML>"},
+        {"NewsML", "--mode ftp", "fire.xml", "", "<NewsML>"},  // server 1 has no texts directory
+        {"TessarinML", "--mode ftp --server 2 --log-line x", "/web/texts/fire.xml",
+         "/web/texts/fire.xml", "<Log Type=\"F\">x</Log>"},
+        // A person receives the notes.
+        {"TessarinML", "--mode user --target /desks/jo/fire.xml --log-type J", "/desks/jo/fire.xml",
+         "/desks/jo/fire.xml",
+         "Fire<note>n</note></TextBox6>\r\n</Body>\r\n<Logs><Log Type=\"J\"/>"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.format + " " + row.options);
+        const CliRun run = Export(row.format, row.options);
+        ASSERT_EQ(run.exitStatus, 0) << run.err;
+        EXPECT_EQ(run.out,
+                  "TargetPath=" + row.target + "\nTargetDirectory=" + row.directory + "\n");
+        EXPECT_NE(ReadBytes(Out()).find(row.written), std::string::npos);
+        EXPECT_TRUE(UploadIsEmpty());
     }
 }
 
-TEST_F(ExportCommand, FtpAndUserModesTakeTheServerAndTheGivenTarget) {
-    CliRun run = Export("NewsML", "--mode ftp --server 2");
-    ASSERT_EQ(run.exitStatus, 0) << run.err;
-    EXPECT_EQ(run.out, "TargetPath=/web/texts/fire.xml\nTargetDirectory=\n");
-    run = Export("NewsML", "--mode ftp");  // server 1 has no texts directory
-    EXPECT_EQ(run.out, "TargetPath=fire.xml\nTargetDirectory=\n");
-
-    run = Export("TessarinML", "--mode ftp --server 2 --log-line x");
-    EXPECT_EQ(run.out, "TargetPath=/web/texts/fire.xml\nTargetDirectory=/web/texts/fire.xml\n");
-    EXPECT_NE(ReadBytes(Out()).find("<Log Type=\"F\">x</Log>"), std::string::npos);
-
-    run = Export("TessarinML", "--mode user --target /desks/jo/fire.xml --log-type J");
-    ASSERT_EQ(run.exitStatus, 0) << run.err;
-    EXPECT_EQ(run.out, "TargetPath=/desks/jo/fire.xml\nTargetDirectory=/desks/jo/fire.xml\n");
-    // A person receives the notes.
-    EXPECT_NE(ReadBytes(Out()).find("Fire<note>n</note>"), std::string::npos);
-    EXPECT_NE(ReadBytes(Out()).find("<Log Type=\"J\"/>"), std::string::npos);
-
-    run = Export("NewsML", "--mode ftp --server 3");
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.err, "There is no FTP server 3 in the configuration\n");
-}
-
-TEST_F(ExportCommand, AStoryThatDoesNotParseFailsWithTheParsingError) {
-    story_ = folder_.Write("stories/broken.xml", "<Story><Metadata></Story>");
-    const CliRun run = Export("NewsML");
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.out, "");
-    EXPECT_TRUE(run.err.starts_with(
-        "Parsing error:" + (folder_ / "app/Upload/broken.xml").string() + ", line:1, pos:"))
-        << run.err;
-    EXPECT_FALSE(std::filesystem::exists(Out()));
-    EXPECT_TRUE(UploadIsEmpty());
-}
-
 TEST_F(ExportCommand, WhatCannotBeDoneIsRefused) {
+    // A refusal: exit 1, its reason on standard error, no OUT, nothing left in Upload.
+    const auto expectRefused = [this](const std::string& options, const std::string& reason) {
+        SCOPED_TRACE(reason);
+        const CliRun run = Export("NewsML", options);
+        EXPECT_EQ(run.exitStatus, 1);
+        EXPECT_EQ(run.out, "");
+        EXPECT_TRUE(run.err.starts_with(reason)) << run.err;
+        EXPECT_FALSE(std::filesystem::exists(Out()));
+        EXPECT_TRUE(UploadIsEmpty());
+    };
+    story_ = folder_.Write("stories/broken.xml", "<Story><Metadata></Story>");
+    expectRefused("", "Parsing error:" + (folder_ / "app/Upload/broken.xml").string() + ", line:1");
     story_ = folder_ / "stories/missing.xml";
-    CliRun run = Export("NewsML");
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.err, "Cannot read the story " + story_.string() + "\n");
-
+    expectRefused("", "Cannot read the story " + story_.string() + "\n");
     story_ = folder_ / "stories/fire.xml";
+    expectRefused("--mode ftp --server 3", "There is no FTP server 3 in the configuration\n");
+
+    // A story of that name already waiting in the upload directory stays as it is.
     folder_.Write("app/Upload/fire.xml", "queued");
-    run = Export("NewsML");
-    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(Export("NewsML").exitStatus, 1);
     EXPECT_EQ(ReadBytes(folder_ / "app/Upload/fire.xml"), "queued");
 }
 
 TEST_F(ExportCommand, AWrongCommandLineIsAUsageError) {
-    const std::string config = "--config " + Quoted(config_.string()) + " export ";
     const std::string story = Quoted(story_.string());
     for (const std::string& arguments :
-         {"NewsML " + story, std::string("NewsML -o out.xml"), "NewsML " + story + " -o",
-          "NewsML " + story + " -o out.xml --mode desk",
-          "NewsML " + story + " -o out.xml --server 0",
-          "NewsML " + story + " -o out.xml --server two", "NewsML " + story + " -o out.xml --color",
-          "NewsML " + story + " extra -o out.xml"}) {
-        const CliRun run = RunCli(folder_, config + arguments);
+         {story, std::string("-o out.xml"), story + " -o", story + " -o out.xml --mode desk",
+          story + " -o out.xml --server 0", story + " -o out.xml --server two",
+          story + " -o out.xml --color", story + " extra -o out.xml"}) {
+        const CliRun run =
+            RunCli(folder_, "--config " + Quoted(config_.string()) + " export NewsML " + arguments);
         EXPECT_EQ(run.exitStatus, 2) << arguments;
         EXPECT_TRUE(run.err.starts_with("tessarin-cli: usage: export FORMAT STORY -o OUT"))
             << arguments;
@@ -205,14 +171,13 @@ TEST_F(ExportCommand, AWrongCommandLineIsAUsageError) {
 
 TEST(UuencodeCommand, PrintsTheFileAsAMailCarriesIt) {
     TempDir folder;
-    const auto file = folder.Write("my photo.jpg", "Cat");
-    CliRun run = RunCli(folder, "uuencode " + Quoted(file.string()));
+    CliRun run = RunCli(folder, "uuencode " + Quoted(folder.Write("my photo.jpg", "Cat").string()));
     EXPECT_EQ(run.exitStatus, 0);
     EXPECT_EQ(run.out, "begin 664 my_photo.jpg\n#0V%T\n'\nend\n");
-
-    run = RunCli(folder, "uuencode " + Quoted((folder / "none.jpg").string()));
+    const std::string none = (folder / "none.jpg").string();
+    run = RunCli(folder, "uuencode " + Quoted(none));
     EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.err, "Cannot read the file " + (folder / "none.jpg").string() + "\n");
+    EXPECT_EQ(run.err, "Cannot read the file " + none + "\n");
     EXPECT_EQ(RunCli(folder, "uuencode").exitStatus, 2);
     EXPECT_EQ(RunCli(folder, "uuencode a b").exitStatus, 2);
 }

@@ -5,45 +5,32 @@
 #include <string>
 #include <string_view>
 
-#include "app/user_interaction.h"
-#include "app/window_state.h"
 #include "common/scoped_environment.h"
-#include "config/configuration.h"
-#include "config/preferences.h"
-#include "export/tagged_test_support.h"
-#include "support/temp_dir.h"
+#include "export/export_test_support.h"
 
 namespace tessarin {
 namespace {
 
-using testing::ScopedEnvironment;
-using testing::Staged;
 using testing::StoryFile;
 
-// A configuration with an EditWorksQTrans section, the StoryLabel message and a caption
-// for the local sub-section label; the time is frozen on Tuesday 5 March 2024, 09:07.
+// An EditWorksQTrans section, the StoryLabel message and a caption for the local sub-section
+// label; day names in English.
 class EditWorksTest : public ::testing::Test {
   protected:
+    EditWorksTest() {
+        setup_.configuration.messages.Set("StoryLabel", "Story");
+        setup_.window.Control("lblSubSectionLocal").caption = "Sous-rubrique";
+    }
+
     void Configure(std::string_view section) {
-        XmlDocument document;
-        ASSERT_TRUE(document.LoadBytes("<ExportFormats><EditWorksQTrans>" + std::string(section) +
-                                       "</EditWorksQTrans></ExportFormats>"));
-        ReadExportFormats(document.DocumentElement(), configuration_.exportFormats);
+        setup_.configuration.exportFormats = testing::ReadSettings(
+            "<EditWorksQTrans>" + std::string(section) + "</EditWorksQTrans>");
     }
 
     std::string Compose(const std::string& storyBytes) {
-        XmlDocument story;
-        EXPECT_TRUE(story.LoadBytes(storyBytes));
-        return ComposeEditWorks(story, Context());
-    }
-
-    ExportContext Context() {
-        return {.configuration = configuration_,
-                .window = window_,
-                .preferences = preferences_,
-                .user = user_,
-                .programVersion = "1.2.3",
-                .userName = {}};
+        ExportContext context = setup_.Context();
+        context.programVersion = "1.2.3";
+        return ComposeEditWorks(testing::ParseStory(storyBytes), context);
     }
 
     // The first line of the output, without its line end.
@@ -53,37 +40,21 @@ class EditWorksTest : public ::testing::Test {
         return out.substr(0, out.find("\r\n"));
     }
 
-    void SetUp() override {
-        configuration_.messages.Set("StoryLabel", "Story");
-        window_.Control("lblSubSectionLocal").caption = "Sous-rubrique";
-    }
-
-    ScopedEnvironment now_{"TESSARIN_NOW", "2024-03-05T09:07:00"};
-    ScopedEnvironment language_{"LC_ALL", "C"};
-    Configuration configuration_;
-    WindowState window_;
-    Preferences preferences_;
-    ScriptedInteraction user_;
+    testing::ScopedEnvironment language_{"LC_ALL", "C"};
+    testing::WriterSetup setup_;
 };
 
-constexpr std::string_view kFullSection = R"(
-<RootDB SuffixClassification="_S" PrefixSection="L-" SubSectionInComment="true" AccentsInPath="false">DB</RootDB>
-<Comment>@Note:</Comment>
-<SubSectionAsTextBox>@SousRub:</SubSectionAsTextBox>
-<xfTaxonomy>12</xfTaxonomy>
-<xfKeywords1>21</xfKeywords1>
-<xfKeywords3>23</xfKeywords3>
-<TextBox1>@Titre:</TextBox1>
-<TextBox7>@Texte:</TextBox7>
-<CaptionElement>Leg/:</CaptionElement>
-<CreditElement>Cred/:</CreditElement>
-<StyleText>@Texte:</StyleText>
-<StyleInter1>@Inter:</StyleInter1>
+constexpr std::string_view kFullSection = R"(<RootDB SuffixClassification="_S" PrefixSection="L-"
+SubSectionInComment="true" AccentsInPath="false">DB</RootDB><Comment>@Note:</Comment>
+<SubSectionAsTextBox>@SousRub:</SubSectionAsTextBox><xfTaxonomy>12</xfTaxonomy>
+<xfKeywords1>21</xfKeywords1><xfKeywords3>23</xfKeywords3>
+<TextBox1>@Titre:</TextBox1><TextBox7>@Texte:</TextBox7>
+<CaptionElement>Leg/:</CaptionElement><CreditElement>Cred/:</CreditElement>
+<StyleText>@Texte:</StyleText><StyleInter1>@Inter:</StyleInter1>
 <StyleSignature>@Signe:</StyleSignature>)";
 
 constexpr std::string_view kFullStory = R"(<Story AppName="Tessarin" AppVersion="0.1.0">
-<Metadata>
-<Author Name="Auteur">Marie Dupré</Author>
+<Metadata><Author Name="Auteur">Marie Dupré</Author>
 <Publication Name="Publication">P/Q</Publication>
 <Classification Name="Rubrique">Éco</Classification>
 <SectionGeneral Name="Section">Sec</SectionGeneral>
@@ -91,88 +62,72 @@ constexpr std::string_view kFullStory = R"(<Story AppName="Tessarin" AppVersion=
 <SectionLocal Name="Locale">Loc</SectionLocal>
 <SubSectionLocal Name="Sous-locale">SL/X</SubSectionLocal>
 <PublicationDate Name="Date">05/03/2024</PublicationDate>
-<Taxonomy>
-<Topic FormalItem="04000000">Économie</Topic>
-<Topic FormalItem="">Vide</Topic>
-<Topic FormalItem="abc">Non</Topic>
-</Taxonomy>
-<Keywords>
-<Keyword CategoryName="Lieux" CategoryIndex="1">Paris</Keyword>
+<Taxonomy><Topic FormalItem="04000000">Économie</Topic><Topic FormalItem="">Vide</Topic>
+<Topic FormalItem="abc">Non</Topic></Taxonomy>
+<Keywords><Keyword CategoryName="Lieux" CategoryIndex="1">Paris</Keyword>
 <Keyword CategoryName="Gens" CategoryIndex="2">Rome</Keyword>
 <Keyword CategoryName="Villes" CategoryIndex="3">Lyon</Keyword>
 <Keyword CategoryName="Autres" CategoryIndex="5">Nice</Keyword>
-<Keyword CategoryName="Faux" CategoryIndex="x">Brest</Keyword>
-</Keywords>
-<Form Name="Type" Index="0">News</Form>
-</Metadata>
+<Keyword CategoryName="Faux" CategoryIndex="x">Brest</Keyword></Keywords>
+<Form Name="Type" Index="0">News</Form></Metadata>
 <Body>
 <TextBox0 CharCount="5" WordCount="1" Name="Titre">Titre</TextBox0>
 <TextBox6 CharCount="40" WordCount="9" Name="Texte"><b>x</b> <i>y</i> <u>z</u><sup>e</sup><p/>
 <inter1>Inter</inter1><p/>
 A&amp;B &lt;c&gt;&#160;<euro/><oe/><OE/><tab/>d<b>g<note>n</note>h</b></TextBox6>
 <Signature>Jean</Signature></Body>
-<Images>
-<ImageBag>
-<Image href="file:///Photo%20un.jpg"/>
-<Caption>Légende</Caption>
-<Credit>AFP</Credit>
-</ImageBag>
-<ImageBag>
-<Image href="b.jpg"/>
-</ImageBag>
-</Images>
+<Images><ImageBag><Image href="file:///Photo%20un.jpg"/><Caption>Légende</Caption>
+<Credit>AFP</Credit></ImageBag><ImageBag><Image href="b.jpg"/></ImageBag></Images>
 </Story>
 )";
 
 TEST_F(EditWorksTest, WritesPathFormFieldsCommentBoxesSignatureAndPictures) {
     Configure(kFullSection);
     const std::string expected =
-        "<&FP\"DB:P:Q:Eco_S:Sec:SG:L-Loc:SL:X:\">\r\n"
-        "<&sh\"News\">\r\n"
+        "<&FP\"DB:P:Q:Eco_S:Sec:SG:L-Loc:SL:X:\">\r\n<&sh\"News\">\r\n"
         "<&xf(12,\"\xC9"
-        "conomie\")>\r\n"
-        "<&xf(21,\"Paris\")>\r\n"
-        "<&xf(23,\"Lyon\")>\r\n"
+        "conomie\")>\r\n<&xf(21,\"Paris\")>\r\n<&xf(23,\"Lyon\")>\r\n"
         "@Note:Story Tessarin 1.2.3 - Marie Dupr\xE9 - Tuesday 05/03/2024, 09:07\r\n"
-        "General subsection: SG\r\n"
-        "Sous-rubrique: SL:X\r\n"
-        "@SousRub:SL:X\r\n"
-        "@Titre:Titre\r\n"
+        "General subsection: SG\r\nSous-rubrique: SL:X\r\n@SousRub:SL:X\r\n@Titre:Titre\r\n"
         "@Texte:<B>x<B> <I>y<I> <U>z<U><V>e<V>\r\n@Inter:Inter@Texte:\r\n"
-        "A&amp;B <\\<>c<\\>><\\!p>\x80\x9C\x8C\td<B>gh<B>\r\n"
-        "@Signe:Jean@Texte:\r\n"
-        "Photo 1: Photo un.jpg\r\n"
-        "Leg1:L\xE9gende\r\n"
-        "Cred1:AFP\r\n"
-        "Photo 2: b.jpg\r\n";
+        "A&amp;B <\\<>c<\\>><\\!p>\x80\x9C\x8C\td<B>gh<B>\r\n@Signe:Jean@Texte:\r\n"
+        "Photo 1: Photo un.jpg\r\nLeg1:L\xE9gende\r\nCred1:AFP\r\nPhoto 2: b.jpg\r\n";
     EXPECT_EQ(Compose(StoryFile(kFullStory)), expected);
     EXPECT_EQ(Compose(StoryFile(kFullStory, true)), expected);
 }
 
 TEST_F(EditWorksTest, PathLineRules) {
-    Configure("<RootDB>DB</RootDB>");
-    EXPECT_EQ(PathLineOf("<Publication>P/Q</Publication><Classification>C</Classification>"),
-              "<&FP\"DB:P:Q:C:\">");
-    // Accents stay by default; only the local sub-section obeys IncludeSubSection.
-    EXPECT_EQ(PathLineOf("<Publication>Pé</Publication><Classification>C</Classification>"
-                         "<SubSectionGeneral>G</SubSectionGeneral>"
-                         "<SubSectionLocal>L</SubSectionLocal>"),
-              "<&FP\"DB:P\xE9:C:G:L:\">");
-    Configure("<RootDB IncludePublication=\"false\" IncludeSubSection=\"false\">DB</RootDB>");
-    EXPECT_EQ(PathLineOf("<Publication>P</Publication><Classification>C/D</Classification>"
-                         "<SubSectionGeneral>G</SubSectionGeneral>"
-                         "<SubSectionLocal>L</SubSectionLocal>"),
-              "<&FP\"DB:C:D:G:\">");
-    // The classification's suffix goes on the path whether or not a section is there; a
-    // path that already ends in ":" gets no second one.
-    Configure("<RootDB SuffixClassification=\"+\">DB</RootDB>");
-    EXPECT_EQ(PathLineOf("<Classification>C</Classification>"), "<&FP\"DB::C+:\">");
-    EXPECT_EQ(PathLineOf("<SectionGeneral>S/</SectionGeneral>"), "<&FP\"DB::+:S:\">");
-    // The letters that folding leaves alone stay accented.
-    Configure("<RootDB AccentsInPath=\"false\">DB</RootDB>");
-    EXPECT_EQ(PathLineOf("<Classification>àéÀÑç</Classification>"),
-              "<&FP\"DB::ae\xC0\xD1"
-              "c:\">");
+    const struct {
+        std::string_view section;
+        std::string_view metadata;
+        std::string_view expected;
+    } rows[] = {
+        {"<RootDB>DB</RootDB>", "<Publication>P/Q</Publication><Classification>C</Classification>",
+         "<&FP\"DB:P:Q:C:\">"},
+        // Accents stay by default; only the local sub-section obeys IncludeSubSection.
+        {"<RootDB>DB</RootDB>",
+         "<Publication>Pé</Publication><Classification>C</Classification>"
+         "<SubSectionGeneral>G</SubSectionGeneral><SubSectionLocal>L</SubSectionLocal>",
+         "<&FP\"DB:P\xE9:C:G:L:\">"},
+        {"<RootDB IncludePublication=\"false\" IncludeSubSection=\"false\">DB</RootDB>",
+         "<Publication>P</Publication><Classification>C/D</Classification>"
+         "<SubSectionGeneral>G</SubSectionGeneral><SubSectionLocal>L</SubSectionLocal>",
+         "<&FP\"DB:C:D:G:\">"},
+        // The classification's suffix goes on the path whether or not a section is there; a
+        // path that already ends in ":" gets no second one.
+        {"<RootDB SuffixClassification=\"+\">DB</RootDB>", "<Classification>C</Classification>",
+         "<&FP\"DB::C+:\">"},
+        {"<RootDB SuffixClassification=\"+\">DB</RootDB>", "<SectionGeneral>S/</SectionGeneral>",
+         "<&FP\"DB::+:S:\">"},
+        // The letters that folding leaves alone stay accented.
+        {"<RootDB AccentsInPath=\"false\">DB</RootDB>", "<Classification>àéÀÑç</Classification>",
+         "<&FP\"DB::ae\xC0\xD1"
+         "c:\">"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.metadata);
+        Configure(row.section);
+        EXPECT_EQ(PathLineOf(row.metadata), row.expected);
+    }
 }
 
 TEST_F(EditWorksTest, StoryWithoutMetadataOrBody) {
@@ -192,25 +147,6 @@ TEST_F(EditWorksTest, EveryNoteIsCutAndPicturesWithoutBothElementPartsHaveNoLine
                   "<Image href=\"file:///x%20y.jpg\"/><Caption>C</Caption><Credit>R</Credit>"
                   "</ImageBag></Images></Story>"));
     EXPECT_EQ(out.substr(out.find("09:07\r\n") + 7), "ab<B>c<B>\r\nPhoto 1: x y.jpg\r\n");
-}
-
-// A layout send writes the story's name up to its last point + "txt" beside it; the
-// target is in the export directory, with no delivery folders.
-TEST_F(EditWorksTest, LayoutSendWritesBesideTheStory) {
-    Configure("<RootDB>DB</RootDB>");
-    configuration_.workflow.ExportTextsDirectory = "/export";
-    const testing::TempDir folder;
-    const std::string upload = (folder / "Upload").string() + "/";
-    folder.Write("Upload/front.page.xml",
-                 StoryFile("<Story AppName=\"Tessarin\"><Metadata><OriginalPath Name=\"/a/b.xml\"/>"
-                           "</Metadata><Body><TextBox0>T</TextBox0></Body></Story>"));
-    ExportState state = Staged(upload, "front.page.xml");
-    ExportEditWorks(state, ExportMode::Layout, Context());
-    EXPECT_EQ(state.ExportedFilePath, upload + "front.page.txt");
-    EXPECT_EQ(testing::ReadBytes(state.ExportedFilePath),
-              "<&FP\"DB::\">\r\nStory Tessarin 1.2.3 -  - Tuesday 05/03/2024, 09:07\r\nT\r\n");
-    EXPECT_EQ(state.TargetPath, "/export/front.page.txt");
-    EXPECT_EQ(state.OriginalStoryPath, "/a/b.xml");
 }
 
 }  // namespace

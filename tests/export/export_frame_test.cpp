@@ -1,50 +1,58 @@
+#include "export/export_frame.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
-#include "export/export_frame.h"
-#include "export/newsml_test_support.h"
+#include "export/export_editworks.h"
+#include "export/export_milenium.h"
+#include "export/export_newsml.h"
+#include "export/export_nitf.h"
+#include "export/export_rss.h"
+#include "export/export_tagged_text.h"
+#include "export/export_tessarinml.h"
+#include "export/export_test_support.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
 using testing::ParseStory;
+using testing::ReadBytes;
+using testing::Staged;
 using testing::TempDir;
 using testing::WriterSetup;
 using Strings = std::vector<std::string>;
 
-constexpr LocalDateTime kNow{2024, 3, 5, 9, 7, 30};
+constexpr const char* kFormats[] = {"NewsML",          "NITF",           "InDesign", "XPress",
+                                    "EditWorksQTrans", "MileniumInsert", "RSS",      "TessarinML"};
 
-TEST(ExportFrame, TheWriterIsChosenByTheExactFormatValue) {
-    EXPECT_EQ(WriterForFormat("NewsML"), ExportWriter::NewsML);
-    EXPECT_EQ(WriterForFormat("NITF"), ExportWriter::NITF);
-    EXPECT_EQ(WriterForFormat("InDesign"), ExportWriter::InDesign);
-    EXPECT_EQ(WriterForFormat("XPress"), ExportWriter::XPress);
-    EXPECT_EQ(WriterForFormat("EditWorksQTrans"), ExportWriter::EditWorks);
-    EXPECT_EQ(WriterForFormat("MileniumInsert"), ExportWriter::Milenium);
-    EXPECT_EQ(WriterForFormat("RSS"), ExportWriter::RSS);
-    for (const char* other : {"TessarinML", "newsml", "NewsML ", "EditWorks", "Rss", ""})
+TEST(ExportFrame, TheExactFormatValueChoosesTheWriterAndItsOutputName) {
+    struct Row {
+        ExportWriter writer;
+        std::string_view name;          // for "front.page.xml"
+        std::string_view withoutPoint;  // for "front"
+    };
+    const Row rows[] = {{ExportWriter::NewsML, "front.page.xml", "front"},
+                        {ExportWriter::NITF, "front.page.xml", "front"},
+                        {ExportWriter::InDesign, "front.page.txt", ""},
+                        {ExportWriter::XPress, "front.page.xtg", ""},
+                        {ExportWriter::EditWorks, "front.page.txt", "txt"},
+                        {ExportWriter::Milenium, "front.page.xml", "front"},
+                        {ExportWriter::RSS, "front.page.xml", "xml"},
+                        {ExportWriter::TessarinML, "front.page.xml", "front"}};
+    for (std::size_t n = 0; n < std::size(rows); ++n) {
+        SCOPED_TRACE(kFormats[n]);
+        EXPECT_EQ(WriterForFormat(kFormats[n]), rows[n].writer);
+        EXPECT_EQ(OutputNameFor(rows[n].writer, "front.page.xml"), rows[n].name);
+        EXPECT_EQ(OutputNameFor(rows[n].writer, "front"), rows[n].withoutPoint);
+    }
+    for (const char* other : {"newsml", "NewsML ", "EditWorks", "Rss", ""})
         EXPECT_EQ(WriterForFormat(other), ExportWriter::TessarinML) << other;
-}
-
-TEST(ExportFrame, OutputNamesFollowTheLastPoint) {
-    const std::string_view story = "front.page.xml";
-    EXPECT_EQ(OutputNameFor(ExportWriter::NewsML, story), "front.page.xml");
-    EXPECT_EQ(OutputNameFor(ExportWriter::NITF, story), "front.page.xml");
-    EXPECT_EQ(OutputNameFor(ExportWriter::Milenium, story), "front.page.xml");
-    EXPECT_EQ(OutputNameFor(ExportWriter::TessarinML, story), "front.page.xml");
-    EXPECT_EQ(OutputNameFor(ExportWriter::InDesign, story), "front.page.txt");
-    EXPECT_EQ(OutputNameFor(ExportWriter::XPress, story), "front.page.xtg");
-    EXPECT_EQ(OutputNameFor(ExportWriter::EditWorks, story), "front.page.txt");
-    EXPECT_EQ(OutputNameFor(ExportWriter::RSS, story), "front.page.xml");
-    // A name without a point: the tagged-text names stay empty.
-    EXPECT_EQ(OutputNameFor(ExportWriter::InDesign, "front"), "");
-    EXPECT_EQ(OutputNameFor(ExportWriter::XPress, "front"), "");
-    EXPECT_EQ(OutputNameFor(ExportWriter::EditWorks, "front"), "txt");
-    EXPECT_EQ(OutputNameFor(ExportWriter::RSS, "front"), "xml");
     EXPECT_EQ(BaseNameOf("a.b.c"), "a.b");
     EXPECT_EQ(UpToLastPointOf("a.b.c"), "a.b.");
 }
@@ -54,56 +62,39 @@ TEST(ExportFrame, FirstTargetPathInTheThreeModes) {
     setup.configuration.workflow.ExportTextsDirectory = "\\\\server\\Export\\Texts";
     setup.configuration.ftpTransmission.servers = {FtpServer{}, FtpServer{}};
     setup.configuration.ftpTransmission.servers[1].TextsDirectory = "/web/texts";
-    ExportContext context = setup.Context(kNow);
-
-    context.ftpServer = 2;
-    EXPECT_EQ(FirstTargetPath(ExportWriter::NewsML, ExportMode::Ftp, context, "a.xml", ""),
-              "/web/texts/a.xml");
-    EXPECT_EQ(FirstTargetPath(ExportWriter::InDesign, ExportMode::Ftp, context, "a.txt", ""),
-              "/web/texts/a.txt");
-    context.ftpServer = 1;  // a server without texts directory
-    EXPECT_EQ(FirstTargetPath(ExportWriter::NewsML, ExportMode::Ftp, context, "a.xml", ""),
-              "a.xml");
-    context.ftpServer = 3;  // no such server
+    ExportContext context = setup.Context();
+    struct Row {
+        ExportWriter writer;
+        ExportMode mode;
+        std::size_t ftpServer;
+        std::string_view expected;
+    };
+    const Row rows[] = {
+        {ExportWriter::NewsML, ExportMode::Ftp, 2, "/web/texts/a.x"},
+        {ExportWriter::InDesign, ExportMode::Ftp, 2, "/web/texts/a.x"},
+        {ExportWriter::NewsML, ExportMode::Ftp, 1, "a.x"},  // a server without texts directory
+        {ExportWriter::RSS, ExportMode::Ftp, 3, "a.x"},     // no such server
+        {ExportWriter::NITF, ExportMode::Layout, 0, "//server/Export/Texts/a.x"},
+        {ExportWriter::XPress, ExportMode::Layout, 0, "//server/Export/Texts"},
+        {ExportWriter::TessarinML, ExportMode::Layout, 0, "//server/Export/Texts"},
+        {ExportWriter::TessarinML, ExportMode::User, 0, "/desk/jane/a.xml"}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.expected);
+        context.ftpServer = row.ftpServer;
+        EXPECT_EQ(FirstTargetPath(row.writer, row.mode, context, "a.x", "/desk/jane/a.xml"),
+                  row.expected);
+    }
     EXPECT_EQ(ChosenFtpServer(context), nullptr);
-    EXPECT_EQ(FirstTargetPath(ExportWriter::RSS, ExportMode::Ftp, context, "a.xml", ""), "a.xml");
-
-    EXPECT_EQ(FirstTargetPath(ExportWriter::NITF, ExportMode::Layout, context, "a.xml", ""),
-              "//server/Export/Texts/a.xml");
-    EXPECT_EQ(FirstTargetPath(ExportWriter::XPress, ExportMode::Layout, context, "a.xtg", ""),
-              "//server/Export/Texts");
-    EXPECT_EQ(FirstTargetPath(ExportWriter::TessarinML, ExportMode::Layout, context, "a.xml", ""),
-              "//server/Export/Texts");
-    EXPECT_EQ(FirstTargetPath(ExportWriter::TessarinML, ExportMode::User, context, "a.xml",
-                              "/desk/jane/a.xml"),
-              "/desk/jane/a.xml");
-
     setup.configuration.workflow.ExportTextsDirectory.clear();
     EXPECT_EQ(FirstTargetPath(ExportWriter::EditWorks, ExportMode::Layout, context, "a.txt", ""),
               "a.txt");
 }
 
-TEST(ExportFrame, BeginSetsTheExportedFileInTheUploadDirectory) {
-    WriterSetup setup;
-    setup.configuration.workflow.ExportTextsDirectory = "/export";
-    ExportState state;
-    state.UploadDirectory = "/app/Upload/";
-    state.CurrentUploadNode = "story.xml";
-    EXPECT_EQ(BeginExport(state, ExportWriter::XPress, ExportMode::Layout, setup.Context(kNow)),
-              "story.xtg");
-    EXPECT_EQ(state.ExportedFilePath, "/app/Upload/story.xtg");
-    EXPECT_EQ(state.TargetPath, "/export");
-}
-
 constexpr std::string_view kClassifiedStory =
-    "<Story><Metadata>"
-    "<OriginalPath Name=\"/desk/stories/fire.xml\"/>"
-    "<Publication Name=\"P\">Herald</Publication>"
-    "<Classification>News</Classification>"
-    "<SectionLocal>Town</SectionLocal>"
-    "<SubSectionGeneral></SubSectionGeneral>"
-    "<SubSectionLocal>North</SubSectionLocal>"
-    "<PublicationDate>12/03/2024</PublicationDate>"
+    "<Story><Metadata><OriginalPath Name=\"/desk/stories/fire.xml\"/>"
+    "<Publication Name=\"P\">Herald</Publication><Classification>News</Classification>"
+    "<SectionLocal>Town</SectionLocal><SubSectionGeneral></SubSectionGeneral>"
+    "<SubSectionLocal>North</SubSectionLocal><PublicationDate>12/03/2024</PublicationDate>"
     "</Metadata></Story>";
 
 TEST(DeliveryFolders, LevelsForEachElementPresentThenTheStoryName) {
@@ -135,10 +126,8 @@ TEST(DeliveryFolders, ASecondExportRebuildsTheSameChain) {
     const std::string chain = (folder / "texts/Herald/Cold/Sport/match").string();
 
     for (int send = 0; send < 2; ++send) {
-        ExportState state;
-        state.UploadDirectory = (folder / "Upload/").string();
-        state.CurrentUploadNode = "match.xml";
-        const ExportContext context = setup.Context(kNow);
+        ExportState state = Staged((folder / "Upload/").string(), "match.xml");
+        const ExportContext context = setup.Context();
         const std::string name =
             BeginExport(state, ExportWriter::TessarinML, ExportMode::Layout, context);
         BuildDeliveryFolders(state, metadata, context);
@@ -152,23 +141,20 @@ TEST(DeliveryFolders, ASecondExportRebuildsTheSameChain) {
 
 TEST(DeliveryFolders, WithoutAnExportDirectoryNothingIsMadeAndTheNameIsTheTarget) {
     WriterSetup setup;
-    const ExportContext context = setup.Context(kNow);
     const XmlDocument story = ParseStory(kClassifiedStory);
     ExportState state;
     state.CurrentUploadNode = "fire.xml";
-    BuildDeliveryFolders(state, story.DocumentElement().SelectSingleNode("Metadata"), context);
+    BuildDeliveryFolders(state, story.DocumentElement().SelectSingleNode("Metadata"),
+                         setup.Context());
     EXPECT_EQ(state.TargetPath, "");
-    FinishTargetPath(state, ExportMode::Layout, context, "fire.xml");
+    FinishTargetPath(state, ExportMode::Layout, setup.Context(), "fire.xml");
     EXPECT_EQ(state.TargetDirectory, "");
     EXPECT_EQ(state.TargetPath, "fire.xml");
-}
 
-TEST(ExportFrame, FinishOutsideLayoutOnlyKeepsTheTargetAsDirectory) {
-    WriterSetup setup;
+    // Outside mode Layout the target only becomes the directory too.
     setup.configuration.workflow.ExportTextsDirectory = "/export";
-    ExportState state;
     state.TargetPath = "/web/a.txt";
-    FinishTargetPath(state, ExportMode::Ftp, setup.Context(kNow), "a.txt");
+    FinishTargetPath(state, ExportMode::Ftp, setup.Context(), "a.txt");
     EXPECT_EQ(state.TargetDirectory, "/web/a.txt");
     EXPECT_EQ(state.TargetPath, "/web/a.txt");
 }
@@ -188,11 +174,20 @@ TEST(ExportFrame, StoryNameFieldsTakeLocalSectionsWhenGeneralOnesAreEmpty) {
     EXPECT_EQ(state.OriginalStoryPath, "");
 }
 
-TEST(ExportFrame, AStoryThatDoesNotParseShowsTheErrorBoxAndBeeps) {
+TEST(ExportFrame, AStagedStoryIsParsedOrItsErrorShownWithABeep) {
     TempDir folder;
     WriterSetup setup;
+    const auto good =
+        folder.Write("a.xml", "<Story><Metadata/><Body><TextBox6>x</TextBox6></Body></Story>");
+    const auto story = LoadStagedStoryOrShowError(good.string(), setup.Context());
+    ASSERT_TRUE(story);
+    EXPECT_EQ(story->root.Name(), "Story");
+    EXPECT_EQ(story->metadata.Name(), "Metadata");
+    EXPECT_EQ(story->body.Text(), "x");
+    EXPECT_TRUE(setup.user.messages.empty());
+
     const auto path = folder.Write("bad.xml", "<Story>\r\n  <Body>text</Story>\r\n").string();
-    EXPECT_FALSE(LoadStagedStoryOrShowError(path, setup.Context(kNow)));
+    EXPECT_FALSE(LoadStagedStoryOrShowError(path, setup.Context()));
     ASSERT_EQ(setup.user.messages.size(), 1u);
     EXPECT_EQ(setup.user.messages[0],
               "Parsing error:" + path +
@@ -201,22 +196,9 @@ TEST(ExportFrame, AStoryThatDoesNotParseShowsTheErrorBoxAndBeeps) {
     EXPECT_EQ(setup.user.beeps, 1);
 
     const std::string missing = (folder / "missing.xml").string();
-    EXPECT_FALSE(LoadStagedStoryOrShowError(missing, setup.Context(kNow)));
+    EXPECT_FALSE(LoadStagedStoryOrShowError(missing, setup.Context()));
     EXPECT_EQ(setup.user.messages.back(),
               "Parsing error:" + missing + ", line:0, pos:0  cannot read file");
-}
-
-TEST(ExportFrame, AStagedStoryGivesItsRootMetadataAndBody) {
-    TempDir folder;
-    WriterSetup setup;
-    const auto path =
-        folder.Write("a.xml", "<Story><Metadata/><Body><TextBox6>x</TextBox6></Body></Story>");
-    const auto story = LoadStagedStoryOrShowError(path.string(), setup.Context(kNow));
-    ASSERT_TRUE(story);
-    EXPECT_EQ(story->root.Name(), "Story");
-    EXPECT_EQ(story->metadata.Name(), "Metadata");
-    EXPECT_EQ(story->body.Text(), "x");
-    EXPECT_TRUE(setup.user.messages.empty());
 }
 
 TEST(ExportFrame, TheOutputIsWrittenOnceOverWhatWasThere) {
@@ -225,9 +207,96 @@ TEST(ExportFrame, TheOutputIsWrittenOnceOverWhatWasThere) {
     state.ExportedFilePath = folder.Write("a.xml", "a much longer old content").string();
     std::filesystem::permissions(state.ExportedFilePath, std::filesystem::perms::owner_read);
     EXPECT_TRUE(WriteExportedFile(state, "new\r\n"));
-    EXPECT_EQ(testing::ReadBytes(state.ExportedFilePath), "new\r\n");
+    EXPECT_EQ(ReadBytes(state.ExportedFilePath), "new\r\n");
     state.ExportedFilePath = (folder / "no/such/dir/a.xml").string();
     EXPECT_FALSE(WriteExportedFile(state, "x"));
+}
+
+// What each writer leaves of a layout send: its file beside the staged story holding what it
+// composes of the story, the target path, the delivery folders of the folder writers, the
+// story's original path.
+TEST(ExportFrame, EveryWriterOfALayoutSendWritesItsFileAndTarget) {
+    TempDir folder;
+    WriterSetup setup;
+    const std::string upload = (folder / "Upload").string() + "/";
+    const std::string texts = (folder / "texts").string();
+    std::filesystem::create_directory(texts);
+    setup.configuration.workflow.ExportTextsDirectory = texts;
+    setup.configuration.metadata.coldStoryLabel = "Cold";
+    setup.configuration.exportFormats.InDesign.Prologue = "<InDesign>";
+    setup.configuration.exportFormats.XPress.Prologue = "<XPress>";
+    const ExportSettings& formats = setup.configuration.exportFormats;
+    const ExportContext context = setup.Context();
+    const std::string story =
+        "<Story><Metadata><OriginalPath Name=\"/desk/front.page.xml\"/>"
+        "<Publication>Herald</Publication><PublicationDate>0</PublicationDate></Metadata>"
+        "<Body><TextBox6>Fire<note>n</note></TextBox6></Body></Story>";
+    const std::string chain = texts + "/Herald/Cold/front.page";
+    const std::string layout = texts + "/front.page";
+    struct Row {
+        std::string exported;
+        std::string target;
+        std::string directory;
+        std::string_view publicationField;
+        std::function<std::string(XmlDocument&)> compose;
+    };
+    const Row rows[] = {
+        {"front.page.xml", layout + ".xml", "", "",
+         [&](XmlDocument& d) { return ComposeNewsML(d, context, TimeZoneBaseBiasMinutes()); }},
+        {"front.page.xml", layout + ".xml", "", "",
+         [&](XmlDocument& d) { return ComposeNITF(d, context); }},
+        {"front.page.txt", chain + "/front.page.txt", chain, "",
+         [&](XmlDocument& d) {
+             return ComposeTaggedText(TaggedTextLayout::InDesign, d, formats.InDesign);
+         }},
+        {"front.page.xtg", chain + "/front.page.xtg", chain, "",
+         [&](XmlDocument& d) {
+             return ComposeTaggedText(TaggedTextLayout::XPress, d, formats.XPress);
+         }},
+        {"front.page.txt", layout + ".txt", "", "",
+         [&](XmlDocument& d) { return ComposeEditWorks(d, context); }},
+        {"front.page.xml", layout + ".xml", "", "",
+         [&](XmlDocument& d) { return ComposeMilenium(d, "front.page.xml", context); }},
+        {"front.page.xml", layout + ".xml", layout + ".xml", "",
+         [&](XmlDocument& d) { return ComposeRss(d, context); }},
+        {"front.page.xml", chain + "/front.page.xml", chain, "Herald", [&](XmlDocument& d) {
+             return ComposeTessarinML(d, ExportMode::Layout, "L", "a -> Layout", context);
+         }}};
+    for (std::size_t n = 0; n < std::size(rows); ++n) {
+        SCOPED_TRACE(kFormats[n]);
+        folder.Write("Upload/front.page.xml", story);
+        ExportState state = Staged(upload, "front.page.xml");
+        state.LogLine = "a -> Layout";
+        RunExport(kFormats[n], ExportMode::Layout, "L", state, context);
+        EXPECT_EQ(state.ExportedFilePath, upload + rows[n].exported);
+        XmlDocument document = ParseStory(story);
+        EXPECT_EQ(ReadBytes(state.ExportedFilePath), rows[n].compose(document));
+        EXPECT_EQ(state.TargetPath, rows[n].target);
+        EXPECT_EQ(state.TargetDirectory, rows[n].directory);
+        EXPECT_EQ(state.OriginalStoryPath, "/desk/front.page.xml");
+        EXPECT_EQ(state.StoryNameFields[0], rows[n].publicationField);
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(chain));
+    EXPECT_TRUE(setup.user.messages.empty());
+}
+
+TEST(ExportFrame, EveryWriterShowsAStoryThatDoesNotParseAndWritesNothing) {
+    TempDir folder;
+    const std::string upload = (folder / "Upload").string() + "/";
+    for (const char* format : kFormats) {
+        SCOPED_TRACE(format);
+        WriterSetup setup;
+        const std::string path = folder.Write("Upload/bad.xml", "<Story><Body></Story>").string();
+        ExportState state = Staged(upload, "bad.xml");
+        RunExport(format, ExportMode::Layout, "L", state, setup.Context());
+        ASSERT_EQ(setup.user.messages.size(), 1u);
+        EXPECT_TRUE(setup.user.messages[0].starts_with("Parsing error:" + path + ", line:1"));
+        EXPECT_EQ(setup.user.beeps, 1);
+        EXPECT_EQ(ReadBytes(path), "<Story><Body></Story>");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(upload), {}), 1);
+        EXPECT_EQ(state.TargetDirectory, "");
+        EXPECT_EQ(state.OriginalStoryPath, "");
+    }
 }
 
 }  // namespace

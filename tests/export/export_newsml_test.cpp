@@ -5,15 +5,15 @@
 #include <random>
 #include <string>
 
+#include "export/export_test_support.h"
 #include "export/newsml_body_text.h"
 #include "export/newsml_box_markup.h"
-#include "newsml_test_support.h"
-#include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
-using testing::CrLfLines;
+using testing::Changed;
+using testing::CrLf;
 using testing::IsWellFormed;
 using testing::ParseStory;
 using testing::WriterSetup;
@@ -22,50 +22,33 @@ constexpr LocalDateTime kJustAfterMidnight{2024, 3, 12, 0, 30, 5};
 constexpr int kParisBias = -60;
 
 // A story with every part the writer reads, in the story file's own bytes (Windows-1252).
-const std::string kFullStory = CrLfLines({
-    R"(<?xml version="1.0" encoding="ISO-8859-1" ?>)",
-    R"(<Story AppName="Tessarin" AppVersion="0.1.0">)",
-    "<Metadata>",
-    "<Author Name=\"Author\">Jo Dupr\xE9</Author>",
-    R"(<Publication Name="Publication">Le Matin</Publication>)",
-    R"(<Classification Name="Classification">Sports &amp; loisirs</Classification>)",
-    R"(<SectionGeneral Name="General section">Football</SectionGeneral>)",
-    R"(<SubSectionGeneral Name="General subsection"></SubSectionGeneral>)",
-    R"(<PublicationDate Name="Publication date">12/03/2024</PublicationDate>)",
-    R"(<PublicationDateFull>Tuesday, March 12, 2024</PublicationDateFull>)",
-    "<Taxonomy>",
-    R"(<Topic FormalItem="04000000">Economy</Topic>)",
-    R"(<Topic FormalItem="04001000">Agriculture</Topic>)",
-    R"(<Topic FormalItem="04001001">Arable farming</Topic>)",
-    "</Taxonomy>",
-    "<Keywords>",
-    R"(<Keyword CategoryName="Places" CategoryIndex="1">a</Keyword>)",
-    R"(<Keyword CategoryName="People" CategoryIndex="2">b</Keyword>)",
-    "</Keywords>",
-    R"(<Form Name="Story type" Index="0">Article</Form>)",
-    R"(<Status Name="Status" FormalItem="Embargoed">Embargo</Status>)",
-    R"(<Genre Name="Genre" FormalItem="Analysis">Analyse</Genre>)",
-    R"(<OriginalPath Name="/home/jo/stories/match.xml"/>)",
-    "</Metadata>",
-    "<Body>",
-    R"(<TextBox0 CharCount="16" WordCount="2" Name="Title">Victoire &lt;nette&gt;</TextBox0>)",
-    R"(<TextBox6 CharCount="70" WordCount="14" Name="Text"><inter1>Le match</inter1><p/>)",
-    "<b>A &amp; B</b> ont gagn\xE9 <i>2-0</i><note>revoir</note>.<p/>",
-    "<p/>",
-    "<tab/>Prix : 5 <euro/>, <oe/>uvre<sup>2</sup>&#160;!</TextBox6>",
-    R"(<Signature Type="I">J.D.</Signature></Body>)",
-    "<Images>",
-    "<ImageBag>",
-    R"(<Image href="match%20du%20jour.jpg"/>)",
-    "<Caption>Le but</Caption>",
-    "<Credit>Photo X</Credit>",
-    "</ImageBag>",
-    "<ImageBag>",
-    R"(<Image href="file:///tribune.jpg"/>)",
-    "</ImageBag>",
-    "</Images>",
-    "</Story>",
-});
+const std::string kFullStory = CrLf(
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n"
+    "<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">\n<Metadata>\n"
+    "<Author Name=\"Author\">Jo Dupr\xE9</Author>\n"
+    "<Publication Name=\"Publication\">Le Matin</Publication>\n"
+    "<Classification Name=\"Classification\">Sports &amp; loisirs</Classification>\n"
+    "<SectionGeneral Name=\"General section\">Football</SectionGeneral>\n"
+    "<SubSectionGeneral Name=\"General subsection\"></SubSectionGeneral>\n"
+    "<PublicationDate Name=\"Publication date\">12/03/2024</PublicationDate>\n"
+    "<PublicationDateFull>Tuesday, March 12, 2024</PublicationDateFull>\n<Taxonomy>\n"
+    "<Topic FormalItem=\"04000000\">Economy</Topic>\n"
+    "<Topic FormalItem=\"04001000\">Agriculture</Topic>\n"
+    "<Topic FormalItem=\"04001001\">Arable farming</Topic>\n</Taxonomy>\n<Keywords>\n"
+    "<Keyword CategoryName=\"Places\" CategoryIndex=\"1\">a</Keyword>\n"
+    "<Keyword CategoryName=\"People\" CategoryIndex=\"2\">b</Keyword>\n</Keywords>\n"
+    "<Form Name=\"Story type\" Index=\"0\">Article</Form>\n"
+    "<Status Name=\"Status\" FormalItem=\"Embargoed\">Embargo</Status>\n"
+    "<Genre Name=\"Genre\" FormalItem=\"Analysis\">Analyse</Genre>\n"
+    "<OriginalPath Name=\"/home/jo/stories/match.xml\"/>\n</Metadata>\n<Body>\n"
+    "<TextBox0 CharCount=\"16\" WordCount=\"2\" Name=\"Title\">Victoire &lt;nette&gt;</TextBox0>\n"
+    "<TextBox6 CharCount=\"70\" WordCount=\"14\" Name=\"Text\"><inter1>Le match</inter1><p/>\n"
+    "<b>A &amp; B</b> ont gagn\xE9 <i>2-0</i><note>revoir</note>.<p/>\n<p/>\n"
+    "<tab/>Prix : 5 <euro/>, <oe/>uvre<sup>2</sup>&#160;!</TextBox6>\n"
+    "<Signature Type=\"I\">J.D.</Signature></Body>\n<Images>\n<ImageBag>\n"
+    "<Image href=\"match%20du%20jour.jpg\"/>\n<Caption>Le but</Caption>\n"
+    "<Credit>Photo X</Credit>\n</ImageBag>\n<ImageBag>\n<Image href=\"file:///tribune.jpg\"/>\n"
+    "</ImageBag>\n</Images>\n</Story>\n");
 
 void ConfigureNewsroom(WriterSetup& setup) {
     Configuration& configuration = setup.configuration;
@@ -94,134 +77,105 @@ std::string Compose(WriterSetup& setup, std::string_view storyBytes,
 TEST(ExportNewsML, ComposesTheWholeDocumentInWindows1252) {
     WriterSetup setup;
     ConfigureNewsroom(setup);
-    const std::string expected = CrLfLines({
-        R"(<?xml version="1.0" encoding="ISO-8859-1"?>)",
-        "<NewsML>",
-        "\t<Catalog Href=\"http://www.example.org/dtd/AFPCatalog.xml\"/>",
-        "\t<NewsEnvelope>",
-        "\t\t<DateAndTime>20240312T233005Z</DateAndTime>",
-        "\t</NewsEnvelope>",
-        "\t<NewsItem>",
-        "\t\t<Identification>",
-        "\t\t\t<NewsIdentifier>",
-        "\t\t\t\t<ProviderId>example.org</ProviderId>",
-        "\t\t\t\t<DateId>20240312</DateId>",
-        "\t\t\t\t<NewsItemId>JD-003005</NewsItemId>",
-        "\t\t\t\t<RevisionId PreviousRevision=\"0\" Update=\"N\">1</RevisionId>",
-        "\t\t\t\t<PublicIdentifier>urn:newsml:example.org:20240312:JD-003005:1</PublicIdentifier>",
-        "\t\t\t</NewsIdentifier>",
-        "\t\t\t<NameLabel>Football</NameLabel>",
-        "\t\t</Identification>",
-        "\t\t<NewsManagement>",
-        "\t\t\t<NewsItemType FormalName=\"News\"/>",
-        "\t\t\t<FirstCreated>20240312T233005Z</FirstCreated>",
-        "\t\t\t<ThisRevisionCreated>20240312T233005Z</ThisRevisionCreated>",
-        "\t\t\t<Status FormalName=\"Embargoed\"/>",
-        "\t\t</NewsManagement>",
-        "\t\t<NewsComponent>",
-        "\t\t\t<TopicSet Duid=\"LocalTopicSet\" FormalName=\"Mots-cl\xE9s\">",
-        "\t\t\t\t<Topic Duid=\"topic1\">",
-        "\t\t\t\t\t<TopicType FormalName=\"Places\"/>",
-        "\t\t\t\t\t<FormalName>a</FormalName>",
-        "\t\t\t\t</Topic>",
-        "\t\t\t\t<Topic Duid=\"topic2\">",
-        "\t\t\t\t\t<TopicType FormalName=\"People\"/>",
-        "\t\t\t\t\t<FormalName>b</FormalName>",
-        "\t\t\t\t</Topic>",
-        "\t\t\t</TopicSet>",
-        "\t\t\t<NewsLines>",
-        "\t\t\t\t<HeadLine>Victoire &lt;nette&gt;</HeadLine>",
-        "\t\t\t\t<ByLine>J.D.</ByLine>",
-        "\t\t\t\t<CopyrightLine>\xA9 2024 Velmora</CopyrightLine>",
-        "\t\t\t\t<SlugLine>a-b</SlugLine>",
-        "\t\t\t</NewsLines>",
-        "\t\t\t<AdministrativeMetadata>",
-        "\t\t\t\t<Provider>",
-        "\t\t\t\t\t<Party FormalName=\"Velmora\"/>",
-        "\t\t\t\t</Provider>",
-        "\t\t\t\t<Creator>",
-        "\t\t\t\t\t<Party FormalName=\"Jo Dupr\xE9\"/>",
-        "\t\t\t\t</Creator>",
-        "\t\t\t</AdministrativeMetadata>",
-        "\t\t\t<DescriptiveMetadata>",
-        "\t\t\t\t<Language FormalName=\"fr\"/>",
-        "\t\t\t\t<Genre FormalName=\"Analysis\"/>",
-        "\t\t\t\t<SubjectCode>",
-        "\t\t\t\t\t<Subject Scheme=\"IptcSubjectCodes\" FormalName=\"04000000\"/>",
-        "\t\t\t\t\t<SubjectMatter Scheme=\"IptcSubjectCodes\" FormalName=\"04001000\"/>",
-        "\t\t\t\t\t<SubjectDetail Scheme=\"IptcSubjectCodes\" FormalName=\"04001001\"/>",
-        "\t\t\t\t</SubjectCode>",
-        "\t\t\t\t<OfInterestTo FormalName=\"--Sports &amp; loisirs--Football--\"/>",
-        "\t\t\t\t<TopicOccurrence Topic=\"#topic1\"/>",
-        "\t\t\t\t<TopicOccurrence Topic=\"#topic2\"/>",
-        "\t\t\t</DescriptiveMetadata>",
-        "\t\t\t<Metadata>",
-        "\t\t\t\t<MetadataType FormalName =\"PublishingMetadata\"/>",
-        "\t\t\t\t<Property FormalName =\"Titre\" Value=\"Le Matin\"/>",
-        "\t\t\t\t<Property FormalName =\"Classification\" Value=\"Sports &amp; loisirs\"/>",
-        "\t\t\t\t<Property FormalName =\"General section\" Value=\"Football\"/>",
-        "\t\t\t\t<Property FormalName =\"General subsection\" Value=\"\"/>",
-        "\t\t\t\t<Property FormalName =\"Publication date\" Value=\"12/03/2024\"/>",
-        "\t\t\t\t<Property FormalName =\"Story type\" Value=\"Article\"/>",
-        "\t\t\t</Metadata>",
-        "\t\t\t<NewsComponent>",
-        "\t\t\t\t<Role FormalName=\"Main text\"/>",
-        "\t\t\t\t<ContentItem>",
-        "\t\t\t\t\t<MediaType FormalName=\"Text\"/>",
-        "\t\t\t\t\t<Format FormalName=\"bcNITF2.5\"/>",
-        "\t\t\t\t\t<DataContent><hl2>Le match</hl2><p><em style=\"bold\">A &amp;amp; B</em> "
-        "ont gagn\xE9 <em style=\"italics\">2-0</em>.</p><p>\tPrix : 5 euro, oeuvre"
-        "<em style=\"super\">2</em>\xA0!</p></DataContent>",
-        "\t\t\t\t</ContentItem>",
-        "\t\t\t</NewsComponent>",
-        "\t\t\t<NewsComponent Duid=\"photo0\">",
-        "\t\t\t\t<NewsLines>",
-        "\t\t\t\t\t<HeadLine>Le but</HeadLine>",
-        "\t\t\t\t</NewsLines>",
-        "\t\t\t\t<AdministrativeMetadata>",
-        "\t\t\t\t\t<Provider>",
-        "\t\t\t\t\t\t<Party FormalName=\"Velmora\"/>",
-        "\t\t\t\t\t</Provider>",
-        "\t\t\t\t\t<Creator>",
-        "\t\t\t\t\t\t<Party FormalName=\"Photo X\"/>",
-        "\t\t\t\t\t</Creator>",
-        "\t\t\t\t</AdministrativeMetadata>",
-        "\t\t\t\t<NewsComponent>",
-        "\t\t\t\t\t<Role FormalName=\"Caption\"/>",
-        "\t\t\t\t\t<ContentItem>",
-        "\t\t\t\t\t\t<MediaType FormalName=\"Text\"/>",
-        "\t\t\t\t\t\t<Format FormalName=\"bcNITF2.5\"/>",
-        "\t\t\t\t\t\t<DataContent>",
-        "<p>Le but</p>",
-        "\t\t\t\t\t\t</DataContent>",
-        "\t\t\t\t\t</ContentItem>",
-        "\t\t\t\t</NewsComponent>",
-        "\t\t\t\t<NewsComponent>",
-        "\t\t\t\t\t<Role FormalName=\"Main\"/>",
-        "\t\t\t\t\t<ContentItem Href=\"file:///srv/photos/match du jour.jpg\">",
-        "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>",
-        "\t\t\t\t\t</ContentItem>",
-        "\t\t\t\t</NewsComponent>",
-        "\t\t\t</NewsComponent>",
-        "\t\t\t<NewsComponent Duid=\"photo1\">",
-        "\t\t\t\t<AdministrativeMetadata>",
-        "\t\t\t\t\t<Provider>",
-        "\t\t\t\t\t\t<Party FormalName=\"Velmora\"/>",
-        "\t\t\t\t\t</Provider>",
-        "\t\t\t\t</AdministrativeMetadata>",
-        "\t\t\t\t<NewsComponent>",
-        "\t\t\t\t\t<Role FormalName=\"Main\"/>",
-        "\t\t\t\t\t<ContentItem Href=\"file:///srv/photos/tribune.jpg\">",
-        "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>",
-        "\t\t\t\t\t</ContentItem>",
-        "\t\t\t\t</NewsComponent>",
-        "\t\t\t</NewsComponent>",
-        "\t\t</NewsComponent>",
-        "\t</NewsItem>",
-        "</NewsML>",
-    });
+    const std::string expected = CrLf(
+        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<NewsML>\n"
+        "\t<Catalog Href=\"http://www.example.org/dtd/AFPCatalog.xml\"/>\n\t<NewsEnvelope>\n"
+        "\t\t<DateAndTime>20240312T233005Z</DateAndTime>\n\t</NewsEnvelope>\n\t<NewsItem>\n"
+        "\t\t<Identification>\n\t\t\t<NewsIdentifier>\n"
+        "\t\t\t\t<ProviderId>example.org</ProviderId>\n\t\t\t\t<DateId>20240312</DateId>\n"
+        "\t\t\t\t<NewsItemId>JD-003005</NewsItemId>\n"
+        "\t\t\t\t<RevisionId PreviousRevision=\"0\" Update=\"N\">1</RevisionId>\n"
+        "\t\t\t\t<PublicIdentifier>urn:newsml:example.org:20240312:JD-003005:1</PublicIdentifier>\n"
+        "\t\t\t</NewsIdentifier>\n\t\t\t<NameLabel>Football</NameLabel>\n\t\t</Identification>\n"
+        "\t\t<NewsManagement>\n\t\t\t<NewsItemType FormalName=\"News\"/>\n"
+        "\t\t\t<FirstCreated>20240312T233005Z</FirstCreated>\n"
+        "\t\t\t<ThisRevisionCreated>20240312T233005Z</ThisRevisionCreated>\n"
+        "\t\t\t<Status FormalName=\"Embargoed\"/>\n\t\t</NewsManagement>\n\t\t<NewsComponent>\n"
+        "\t\t\t<TopicSet Duid=\"LocalTopicSet\" FormalName=\"Mots-cl\xE9s\">\n"
+        "\t\t\t\t<Topic Duid=\"topic1\">\n\t\t\t\t\t<TopicType FormalName=\"Places\"/>\n"
+        "\t\t\t\t\t<FormalName>a</FormalName>\n\t\t\t\t</Topic>\n\t\t\t\t<Topic Duid=\"topic2\">\n"
+        "\t\t\t\t\t<TopicType FormalName=\"People\"/>\n\t\t\t\t\t<FormalName>b</FormalName>\n"
+        "\t\t\t\t</Topic>\n\t\t\t</TopicSet>\n\t\t\t<NewsLines>\n"
+        "\t\t\t\t<HeadLine>Victoire &lt;nette&gt;</HeadLine>\n\t\t\t\t<ByLine>J.D.</ByLine>\n"
+        "\t\t\t\t<CopyrightLine>\xA9 2024 Velmora</CopyrightLine>\n"
+        "\t\t\t\t<SlugLine>a-b</SlugLine>\n\t\t\t</NewsLines>\n\t\t\t<AdministrativeMetadata>\n"
+        "\t\t\t\t<Provider>\n\t\t\t\t\t<Party FormalName=\"Velmora\"/>\n\t\t\t\t</Provider>\n"
+        "\t\t\t\t<Creator>\n\t\t\t\t\t<Party FormalName=\"Jo Dupr\xE9\"/>\n\t\t\t\t</Creator>\n"
+        "\t\t\t</AdministrativeMetadata>\n\t\t\t<DescriptiveMetadata>\n"
+        "\t\t\t\t<Language FormalName=\"fr\"/>\n\t\t\t\t<Genre FormalName=\"Analysis\"/>\n"
+        "\t\t\t\t<SubjectCode>\n"
+        "\t\t\t\t\t<Subject Scheme=\"IptcSubjectCodes\" FormalName=\"04000000\"/>\n"
+        "\t\t\t\t\t<SubjectMatter Scheme=\"IptcSubjectCodes\" FormalName=\"04001000\"/>\n"
+        "\t\t\t\t\t<SubjectDetail Scheme=\"IptcSubjectCodes\" FormalName=\"04001001\"/>\n"
+        "\t\t\t\t</SubjectCode>\n"
+        "\t\t\t\t<OfInterestTo FormalName=\"--Sports &amp; loisirs--Football--\"/>\n"
+        "\t\t\t\t<TopicOccurrence Topic=\"#topic1\"/>\n"
+        "\t\t\t\t<TopicOccurrence Topic=\"#topic2\"/>\n\t\t\t</DescriptiveMetadata>\n"
+        "\t\t\t<Metadata>\n\t\t\t\t<MetadataType FormalName =\"PublishingMetadata\"/>\n"
+        "\t\t\t\t<Property FormalName =\"Titre\" Value=\"Le Matin\"/>\n"
+        "\t\t\t\t<Property FormalName =\"Classification\" Value=\"Sports &amp; loisirs\"/>\n"
+        "\t\t\t\t<Property FormalName =\"General section\" Value=\"Football\"/>\n"
+        "\t\t\t\t<Property FormalName =\"General subsection\" Value=\"\"/>\n"
+        "\t\t\t\t<Property FormalName =\"Publication date\" Value=\"12/03/2024\"/>\n"
+        "\t\t\t\t<Property FormalName =\"Story type\" Value=\"Article\"/>\n\t\t\t</Metadata>\n"
+        "\t\t\t<NewsComponent>\n\t\t\t\t<Role FormalName=\"Main text\"/>\n\t\t\t\t<ContentItem>\n"
+        "\t\t\t\t\t<MediaType FormalName=\"Text\"/>\n\t\t\t\t\t<Format FormalName=\"bcNITF2.5\"/>\n"
+        "\t\t\t\t\t<DataContent><hl2>Le match</hl2><p><em style=\"bold\">A &amp;amp; B</em> ont "
+        "gagn\xE9 <em style=\"italics\">2-0</em>.</p><p>\tPrix : 5 euro, oeuvre<em "
+        "style=\"super\">2</em>\xA0!</p></DataContent>\n"
+        "\t\t\t\t</ContentItem>\n\t\t\t</NewsComponent>\n\t\t\t<NewsComponent Duid=\"photo0\">\n"
+        "\t\t\t\t<NewsLines>\n\t\t\t\t\t<HeadLine>Le but</HeadLine>\n\t\t\t\t</NewsLines>\n"
+        "\t\t\t\t<AdministrativeMetadata>\n\t\t\t\t\t<Provider>\n"
+        "\t\t\t\t\t\t<Party FormalName=\"Velmora\"/>\n\t\t\t\t\t</Provider>\n\t\t\t\t\t<Creator>\n"
+        "\t\t\t\t\t\t<Party FormalName=\"Photo X\"/>\n\t\t\t\t\t</Creator>\n"
+        "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
+        "\t\t\t\t\t<Role FormalName=\"Caption\"/>\n\t\t\t\t\t<ContentItem>\n"
+        "\t\t\t\t\t\t<MediaType FormalName=\"Text\"/>\n"
+        "\t\t\t\t\t\t<Format FormalName=\"bcNITF2.5\"/>\n\t\t\t\t\t\t<DataContent>\n<p>Le but</p>\n"
+        "\t\t\t\t\t\t</DataContent>\n\t\t\t\t\t</ContentItem>\n\t\t\t\t</NewsComponent>\n"
+        "\t\t\t\t<NewsComponent>\n\t\t\t\t\t<Role FormalName=\"Main\"/>\n"
+        "\t\t\t\t\t<ContentItem Href=\"file:///srv/photos/match du jour.jpg\">\n"
+        "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n\t\t\t\t\t</ContentItem>\n"
+        "\t\t\t\t</NewsComponent>\n\t\t\t</NewsComponent>\n\t\t\t<NewsComponent Duid=\"photo1\">\n"
+        "\t\t\t\t<AdministrativeMetadata>\n\t\t\t\t\t<Provider>\n"
+        "\t\t\t\t\t\t<Party FormalName=\"Velmora\"/>\n\t\t\t\t\t</Provider>\n"
+        "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
+        "\t\t\t\t\t<Role FormalName=\"Main\"/>\n"
+        "\t\t\t\t\t<ContentItem Href=\"file:///srv/photos/tribune.jpg\">\n"
+        "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n\t\t\t\t\t</ContentItem>\n"
+        "\t\t\t\t</NewsComponent>\n\t\t\t</NewsComponent>\n\t\t</NewsComponent>\n\t</NewsItem>\n"
+        "</NewsML>\n");
     const std::string output = Compose(setup, kFullStory);
     EXPECT_EQ(output, expected);
+    EXPECT_TRUE(IsWellFormed(output));
+}
+
+// The frame that a story without Metadata or Body keeps, at noon on 1 January 2024, UTC.
+const std::string kBareDocument = CrLf(
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<NewsML>\n\t<Catalog Href=\"\"/>\n"
+    "\t<NewsEnvelope>\n\t\t<DateAndTime>20240101T120000Z</DateAndTime>\n\t</NewsEnvelope>\n"
+    "\t<NewsItem>\n\t\t<Identification>\n\t\t\t<NewsIdentifier>\n"
+    "\t\t\t\t<ProviderId></ProviderId>\n\t\t\t\t<DateId>20240101</DateId>\n"
+    "\t\t\t\t<NewsItemId>-120000</NewsItemId>\n"
+    "\t\t\t\t<RevisionId PreviousRevision=\"0\" Update=\"N\">1</RevisionId>\n"
+    "\t\t\t\t<PublicIdentifier>urn:newsml::20240101:-120000:1</PublicIdentifier>\n"
+    "\t\t\t</NewsIdentifier>\n\t\t</Identification>\n\t\t<NewsManagement>\n"
+    "\t\t\t<NewsItemType FormalName=\"News\"/>\n"
+    "\t\t\t<FirstCreated>20240101T120000Z</FirstCreated>\n"
+    "\t\t\t<ThisRevisionCreated>20240101T120000Z</ThisRevisionCreated>\n"
+    "\t\t\t<Status FormalName=\"Usable\"/>\n\t\t</NewsManagement>\n\t\t<NewsComponent>\n"
+    "\t\t\t<NewsLines>\n\t\t\t\t<ByLine></ByLine>\n"
+    "\t\t\t\t<CopyrightLine>\xA9 2024 Velmora</CopyrightLine>\n\t\t\t</NewsLines>\n"
+    "\t\t\t<AdministrativeMetadata>\n\t\t\t\t<Creator>\n\t\t\t\t\t<Party FormalName=\"\"/>\n"
+    "\t\t\t\t</Creator>\n\t\t\t</AdministrativeMetadata>\n\t\t</NewsComponent>\n\t</NewsItem>\n"
+    "</NewsML>\n");
+
+TEST(ExportNewsML, StoryWithoutMetadataOrBodyKeepsTheFrame) {
+    WriterSetup setup;
+    setup.configuration.exportFormats.NewsML.Provider = "Velmora";
+    const std::string output =
+        Compose(setup, R"(<Story AppName="Tessarin"/>)", LocalDateTime{2024, 1, 1, 12, 0, 0}, 0);
+    EXPECT_EQ(output, kBareDocument);
     EXPECT_TRUE(IsWellFormed(output));
 }
 
@@ -231,132 +185,35 @@ TEST(ExportNewsML, ComposesTheWholeDocumentInWindows1252) {
 TEST(ExportNewsML, Utf8ModeEncodesOnlyTheEscapedValues) {
     WriterSetup setup;
     setup.configuration.general.storiesEncoding = "UTF-8";
-    setup.configuration.identity.initials = "ZB";
     NewsMLExportSettings& newsML = setup.configuration.exportFormats.NewsML;
     newsML.Provider = "Velmora";
     newsML.Language = "fr-\u00e9";
-    const std::string story = CrLfLines({
-        R"(<?xml version="1.0" encoding="UTF-8" ?>)",
-        R"(<Story AppName="Tessarin" AppVersion="0.1.0">)",
-        "<Metadata>",
-        "<Author Name=\"Author\">Zo\xC3\xA9</Author>",
-        "<Taxonomy>",
-        "<Topic FormalItem=\"15000000\xC3\xA9\">Sport</Topic>",
-        "</Taxonomy>",
-        "</Metadata>",
-        "<Body>",
+    const std::string story = CrLf(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<Story AppName=\"Tessarin\">\n<Metadata>\n"
+        "<Author Name=\"Author\">Zo\xC3\xA9</Author>\n<Taxonomy>\n"
+        "<Topic FormalItem=\"15000000\xC3\xA9\">Sport</Topic>\n</Taxonomy>\n</Metadata>\n<Body>\n"
         "<TextBox6 CharCount=\"9\" WordCount=\"3\" Name=\"Text\">Caf\xC3\xA9 <euro/> <oe/><OE/> "
-        "\xED\xA0\xBD\xED\xB8\x80</TextBox6>",
-        "</Body>",
-        "</Story>",
-    });
-    const std::string expected = CrLfLines({
-        R"(<?xml version="1.0" encoding="UTF-8"?>)",
-        "<NewsML>",
-        "\t<Catalog Href=\"\"/>",
-        "\t<NewsEnvelope>",
-        "\t\t<DateAndTime>20241105T141500Z</DateAndTime>",
-        "\t</NewsEnvelope>",
-        "\t<NewsItem>",
-        "\t\t<Identification>",
-        "\t\t\t<NewsIdentifier>",
-        "\t\t\t\t<ProviderId></ProviderId>",
-        "\t\t\t\t<DateId>20241105</DateId>",
-        "\t\t\t\t<NewsItemId>ZB-091500</NewsItemId>",
-        "\t\t\t\t<RevisionId PreviousRevision=\"0\" Update=\"N\">1</RevisionId>",
-        "\t\t\t\t<PublicIdentifier>urn:newsml::20241105:ZB-091500:1</PublicIdentifier>",
-        "\t\t\t</NewsIdentifier>",
-        "\t\t</Identification>",
-        "\t\t<NewsManagement>",
-        "\t\t\t<NewsItemType FormalName=\"News\"/>",
-        "\t\t\t<FirstCreated>20241105T141500Z</FirstCreated>",
-        "\t\t\t<ThisRevisionCreated>20241105T141500Z</ThisRevisionCreated>",
-        "\t\t\t<Status FormalName=\"Usable\"/>",
-        "\t\t</NewsManagement>",
-        "\t\t<NewsComponent>",
-        "\t\t\t<NewsLines>",
-        "\t\t\t\t<ByLine>Zo\xC3\xA9</ByLine>",
-        "\t\t\t\t<CopyrightLine>\xA9 2024 Velmora</CopyrightLine>",
-        "\t\t\t</NewsLines>",
-        "\t\t\t<AdministrativeMetadata>",
-        "\t\t\t\t<Creator>",
-        "\t\t\t\t\t<Party FormalName=\"Zo\xC3\xA9\"/>",
-        "\t\t\t\t</Creator>",
-        "\t\t\t</AdministrativeMetadata>",
-        "\t\t\t<DescriptiveMetadata>",
-        "\t\t\t\t<Language FormalName=\"fr-\xE9\"/>",
-        "\t\t\t\t<Genre FormalName=\"Current\"/>",
-        "\t\t\t\t<SubjectCode>",
-        "\t\t\t\t\t<SubjectDetail Scheme=\"IptcSubjectCodes\" FormalName=\"15000000\xE9\"/>",
-        "\t\t\t\t</SubjectCode>",
-        "\t\t\t\t<OfInterestTo FormalName=\"\"/>",
-        "\t\t\t</DescriptiveMetadata>",
-        "\t\t\t<Metadata>",
-        "\t\t\t\t<MetadataType FormalName =\"PublishingMetadata\"/>",
-        "\t\t\t\t<Property FormalName =\"Publication\" Value=\"\"/>",
-        "\t\t\t</Metadata>",
-        "\t\t\t<NewsComponent>",
-        "\t\t\t\t<Role FormalName=\"\"/>",
-        "\t\t\t\t<ContentItem>",
-        "\t\t\t\t\t<MediaType FormalName=\"Text\"/>",
-        "\t\t\t\t\t<Format FormalName=\"bcNITF2.5\"/>",
+        "\xED\xA0\xBD\xED\xB8\x80</TextBox6>\n</Body>\n</Story>\n");
+    const std::string metadataAndBody = CrLf(
+        "\t\t\t</AdministrativeMetadata>\n\t\t\t<DescriptiveMetadata>\n"
+        "\t\t\t\t<Language FormalName=\"fr-\xE9\"/>\n\t\t\t\t<Genre FormalName=\"Current\"/>\n"
+        "\t\t\t\t<SubjectCode>\n"
+        "\t\t\t\t\t<SubjectDetail Scheme=\"IptcSubjectCodes\" FormalName=\"15000000\xE9\"/>\n"
+        "\t\t\t\t</SubjectCode>\n\t\t\t\t<OfInterestTo FormalName=\"\"/>\n"
+        "\t\t\t</DescriptiveMetadata>\n\t\t\t<Metadata>\n"
+        "\t\t\t\t<MetadataType FormalName =\"PublishingMetadata\"/>\n"
+        "\t\t\t\t<Property FormalName =\"Publication\" Value=\"\"/>\n\t\t\t</Metadata>\n"
+        "\t\t\t<NewsComponent>\n\t\t\t\t<Role FormalName=\"\"/>\n\t\t\t\t<ContentItem>\n"
+        "\t\t\t\t\t<MediaType FormalName=\"Text\"/>\n\t\t\t\t\t<Format FormalName=\"bcNITF2.5\"/>\n"
         "\t\t\t\t\t<DataContent><p>Caf\xC3\xA9 \xE2\x82\xAC \xC5\x93\xC5\x92 "
-        "\xED\xA0\xBD\xED\xB8\x80</p></DataContent>",
-        "\t\t\t\t</ContentItem>",
-        "\t\t\t</NewsComponent>",
-        "\t\t</NewsComponent>",
-        "\t</NewsItem>",
-        "</NewsML>",
-    });
-    const std::string output =
-        Compose(setup, story, LocalDateTime{2024, 11, 5, 9, 15, 0}, /*New York*/ 300);
-    EXPECT_EQ(output, expected);
-    EXPECT_TRUE(IsWellFormed(output));
-}
-
-TEST(ExportNewsML, StoryWithoutMetadataOrBodyKeepsTheFrame) {
-    WriterSetup setup;
-    setup.configuration.exportFormats.NewsML.Provider = "Velmora";
-    const std::string expected = CrLfLines({
-        R"(<?xml version="1.0" encoding="ISO-8859-1"?>)",
-        "<NewsML>",
-        "\t<Catalog Href=\"\"/>",
-        "\t<NewsEnvelope>",
-        "\t\t<DateAndTime>20240101T120000Z</DateAndTime>",
-        "\t</NewsEnvelope>",
-        "\t<NewsItem>",
-        "\t\t<Identification>",
-        "\t\t\t<NewsIdentifier>",
-        "\t\t\t\t<ProviderId></ProviderId>",
-        "\t\t\t\t<DateId>20240101</DateId>",
-        "\t\t\t\t<NewsItemId>-120000</NewsItemId>",
-        "\t\t\t\t<RevisionId PreviousRevision=\"0\" Update=\"N\">1</RevisionId>",
-        "\t\t\t\t<PublicIdentifier>urn:newsml::20240101:-120000:1</PublicIdentifier>",
-        "\t\t\t</NewsIdentifier>",
-        "\t\t</Identification>",
-        "\t\t<NewsManagement>",
-        "\t\t\t<NewsItemType FormalName=\"News\"/>",
-        "\t\t\t<FirstCreated>20240101T120000Z</FirstCreated>",
-        "\t\t\t<ThisRevisionCreated>20240101T120000Z</ThisRevisionCreated>",
-        "\t\t\t<Status FormalName=\"Usable\"/>",
-        "\t\t</NewsManagement>",
-        "\t\t<NewsComponent>",
-        "\t\t\t<NewsLines>",
-        "\t\t\t\t<ByLine></ByLine>",
-        "\t\t\t\t<CopyrightLine>\xA9 2024 Velmora</CopyrightLine>",
-        "\t\t\t</NewsLines>",
-        "\t\t\t<AdministrativeMetadata>",
-        "\t\t\t\t<Creator>",
-        "\t\t\t\t\t<Party FormalName=\"\"/>",
-        "\t\t\t\t</Creator>",
-        "\t\t\t</AdministrativeMetadata>",
-        "\t\t</NewsComponent>",
-        "\t</NewsItem>",
-        "</NewsML>",
-    });
-    const std::string output =
-        Compose(setup, R"(<Story AppName="Tessarin"/>)", LocalDateTime{2024, 1, 1, 12, 0, 0}, 0);
-    EXPECT_EQ(output, expected);
+        "\xED\xA0\xBD\xED\xB8\x80</p></DataContent>\n"
+        "\t\t\t\t</ContentItem>\n\t\t\t</NewsComponent>\n");
+    const std::string output = Compose(setup, story, LocalDateTime{2024, 1, 1, 12, 0, 0}, 0);
+    EXPECT_EQ(output, Changed(kBareDocument,
+                              {{"ISO-8859-1", "UTF-8"},
+                               {"<ByLine></ByLine>", "<ByLine>Zo\xC3\xA9</ByLine>"},
+                               {"<Party FormalName=\"\"/>", "<Party FormalName=\"Zo\xC3\xA9\"/>"},
+                               {"\t\t\t</AdministrativeMetadata>\r\n", metadataAndBody}}));
     EXPECT_TRUE(IsWellFormed(output));
 }
 
@@ -375,7 +232,7 @@ TEST(ExportNewsML, ByLineAndHeadLineComeFromWhatTheStoryHas) {
     const std::string withoutBody =
         R"(<Story><Metadata><Author Name="A">Ana &amp; Bo</Author></Metadata></Story>)";
     EXPECT_EQ(LinesBetween(Compose(setup, withoutBody), "\t\t\t<NewsLines>", "\t\t\t\t<ByLine>"),
-              CrLfLines({"\t\t\t<NewsLines>", "\t\t\t\t<ByLine>Ana &amp; Bo</ByLine>"}));
+              CrLf("\t\t\t<NewsLines>\n\t\t\t\t<ByLine>Ana &amp; Bo</ByLine>\n"));
 
     // An empty signature still wins over the author; the first of boxes 0 to 5 that exists
     // is the headline even when another follows; box 6 alone makes the body component.
@@ -384,9 +241,9 @@ TEST(ExportNewsML, ByLineAndHeadLineComeFromWhatTheStoryHas) {
         R"(<Body><TextBox2>Deux</TextBox2><TextBox4>Quatre</TextBox4>)"
         R"(<Signature></Signature></Body></Story>)";
     const std::string output = Compose(setup, emptySignature);
-    EXPECT_EQ(LinesBetween(output, "\t\t\t<NewsLines>", "\t\t\t\t<ByLine>"),
-              CrLfLines({"\t\t\t<NewsLines>", "\t\t\t\t<HeadLine>Deux</HeadLine>",
-                         "\t\t\t\t<ByLine></ByLine>"}));
+    EXPECT_EQ(
+        LinesBetween(output, "\t\t\t<NewsLines>", "\t\t\t\t<ByLine>"),
+        CrLf("\t\t\t<NewsLines>\n\t\t\t\t<HeadLine>Deux</HeadLine>\n\t\t\t\t<ByLine></ByLine>\n"));
     EXPECT_EQ(output.find("<ContentItem>"), std::string::npos);
 }
 
@@ -404,38 +261,24 @@ TEST(ExportNewsML, PicturesNameTheirFolderAndKeepAnEmptyContentItem) {
                               R"(</ImageBag><ImageBag><Image href=""/><Credit>AFP</Credit>)"
                               R"(</ImageBag></Images></Story>)";
     const std::string output = Compose(setup, story);
-    EXPECT_EQ(LinesBetween(output, "\t\t\t<NewsComponent Duid=\"photo0\">", "\t\t</NewsComponent>"),
-              CrLfLines({
-                  "\t\t\t<NewsComponent Duid=\"photo0\">",
-                  "\t\t\t\t<AdministrativeMetadata>",
-                  "\t\t\t\t\t<Provider>",
-                  "\t\t\t\t\t\t<Party FormalName=\"\"/>",
-                  "\t\t\t\t\t</Provider>",
-                  "\t\t\t\t</AdministrativeMetadata>",
-                  "\t\t\t\t<NewsComponent>",
-                  "\t\t\t\t\t<Role FormalName=\"Main\"/>",
-                  "\t\t\t\t\t<ContentItem Href=\"photos/jour/a b&amp;c.jpg\">",
-                  "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>",
-                  "\t\t\t\t\t</ContentItem>",
-                  "\t\t\t\t</NewsComponent>",
-                  "\t\t\t</NewsComponent>",
-                  "\t\t\t<NewsComponent Duid=\"photo1\">",
-                  "\t\t\t\t<AdministrativeMetadata>",
-                  "\t\t\t\t\t<Provider>",
-                  "\t\t\t\t\t\t<Party FormalName=\"\"/>",
-                  "\t\t\t\t\t</Provider>",
-                  "\t\t\t\t\t<Creator>",
-                  "\t\t\t\t\t\t<Party FormalName=\"AFP\"/>",
-                  "\t\t\t\t\t</Creator>",
-                  "\t\t\t\t</AdministrativeMetadata>",
-                  "\t\t\t\t<NewsComponent>",
-                  "\t\t\t\t\t<Role FormalName=\"Main\"/>",
-                  "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>",
-                  "\t\t\t\t\t</ContentItem>",
-                  "\t\t\t\t</NewsComponent>",
-                  "\t\t\t</NewsComponent>",
-                  "\t\t</NewsComponent>",
-              }));
+    EXPECT_EQ(
+        LinesBetween(output, "\t\t\t<NewsComponent Duid=\"photo0\">", "\t\t</NewsComponent>"),
+        CrLf(
+            "\t\t\t<NewsComponent Duid=\"photo0\">\n\t\t\t\t<AdministrativeMetadata>\n"
+            "\t\t\t\t\t<Provider>\n\t\t\t\t\t\t<Party FormalName=\"\"/>\n\t\t\t\t\t</Provider>\n"
+            "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
+            "\t\t\t\t\t<Role FormalName=\"Main\"/>\n"
+            "\t\t\t\t\t<ContentItem Href=\"photos/jour/a b&amp;c.jpg\">\n"
+            "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n\t\t\t\t\t</ContentItem>\n"
+            "\t\t\t\t</NewsComponent>\n\t\t\t</NewsComponent>\n"
+            "\t\t\t<NewsComponent Duid=\"photo1\">\n"
+            "\t\t\t\t<AdministrativeMetadata>\n\t\t\t\t\t<Provider>\n"
+            "\t\t\t\t\t\t<Party FormalName=\"\"/>\n\t\t\t\t\t</Provider>\n\t\t\t\t\t<Creator>\n"
+            "\t\t\t\t\t\t<Party FormalName=\"AFP\"/>\n\t\t\t\t\t</Creator>\n"
+            "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
+            "\t\t\t\t\t<Role FormalName=\"Main\"/>\n\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n"
+            "\t\t\t\t\t</ContentItem>\n\t\t\t\t</NewsComponent>\n\t\t\t</NewsComponent>\n"
+            "\t\t</NewsComponent>\n"));
     // A picture without a name closes a ContentItem it never opened.
     EXPECT_FALSE(IsWellFormed(output));
 
@@ -445,46 +288,40 @@ TEST(ExportNewsML, PicturesNameTheirFolderAndKeepAnEmptyContentItem) {
               std::string::npos);
 }
 
-// The body of text box 6 as the writer gives it, in Windows-1252.
-std::string Body(std::string_view inner) {
-    const XmlDocument box = ParseStory("<TextBox6 CharCount=\"1\" Name=\"a&amp;b\">" +
-                                       std::string(inner) + "</TextBox6>");
-    return NewsMLBodyBytes(box.DocumentElement(), false);
-}
-
-TEST(NewsMLBodyText, EscapesTheSerialisedTextOnceMore) {
-    EXPECT_EQ(Body("<b>A &amp; B</b>"), "<p><em style=\"bold\">A &amp;amp; B</em></p>");
-    EXPECT_EQ(Body("1 &lt; 2 &gt; 0 \"l'\u00e9t\u00e9\""),
-              "<p>1 &amp;lt; 2 &amp;gt; 0 &quot;l&apos;\xE9t\xE9&quot;</p>");
-    // A tag without a NewsML form shows as text.
-    EXPECT_EQ(Body("x<note/>y"), "<p>x&lt;note/&gt;y</p>");
-    EXPECT_EQ(Body("<u>u</u><sup>2</sup>"),
-              "<p><em style=\"underline\">u</em><em style=\"super\">2</em></p>");
-    EXPECT_EQ(NewsMLBodyBytes(ParseStory("<TextBox6/>").DocumentElement(), false), "<p></p>");
-}
-
-TEST(NewsMLBodyText, JoinsBreaksInThreePassesAndLiftsIntertitles) {
-    auto breaks = [](int count) {
+TEST(NewsMLBodyText, TagsBreaksIntertitlesAndNotes) {
+    const auto breaks = [](int count) {
         std::string text;
         for (int n = 0; n < count; ++n)
             text += "<p/>\r\n";
         return text;
     };
-    EXPECT_EQ(Body("a" + breaks(5) + "b"), "<p>a</p><p>b</p>");
-    // 17 breaks: 4 + 4 + 4 + 4 + 1 leave 5, then 3 + 2 leave 2, then 1 + 1 stay 2.
-    EXPECT_EQ(Body("a" + breaks(17) + "b"), "<p>a</p><p></p><p>b</p>");
-    EXPECT_EQ(Body("<p/>a"), "<p></p><p>a</p>");
-    EXPECT_EQ(Body("<inter2>Titre</inter2><p/>\r\nTexte<p/>\r\n<inter3>Fin</inter3>"),
-              "<hl2>Titre</hl2><p>Texte</p><hl2>Fin</hl2>");
-    EXPECT_EQ(Body("a<inter1>b</inter1>"), "<p>a<hl2>b</hl2>");
-}
-
-TEST(NewsMLBodyText, CutsNotesSearchingOnSixCharactersAfterEachCut) {
-    EXPECT_EQ(Body("a<note>n</note>b"), "<p>ab</p>");
-    // The next search starts six characters into what followed the cut note.
-    EXPECT_EQ(Body("<note>1</note>ab<note>2</note>c"), "<p>ab&lt;note&gt;2&lt;/note&gt;c</p>");
-    EXPECT_EQ(Body("<note>1</note>abcdef<note>2</note>c"), "<p>abcdefc</p>");
-    EXPECT_EQ(Body("<note><b>x</b></note>y"), "<p>y</p>");
+    const std::pair<std::string, std::string_view> rows[] = {
+        // The serialised text is escaped once more; a tag without a NewsML form shows as text.
+        {"<b>A &amp; B</b>", "<p><em style=\"bold\">A &amp;amp; B</em></p>"},
+        {"1 &lt; 2 &gt; 0 \"l'\u00e9t\u00e9\"",
+         "<p>1 &amp;lt; 2 &amp;gt; 0 &quot;l&apos;\xE9t\xE9&quot;</p>"},
+        {"x<note/>y", "<p>x&lt;note/&gt;y</p>"},
+        {"<u>u</u><sup>2</sup>", "<p><em style=\"underline\">u</em><em style=\"super\">2</em></p>"},
+        // Breaks are joined in three passes: 17 breaks are 4 + 4 + 4 + 4 + 1, leaving 5, then
+        // 3 + 2, leaving 2, which stay.
+        {"a" + breaks(5) + "b", "<p>a</p><p>b</p>"},
+        {"a" + breaks(17) + "b", "<p>a</p><p></p><p>b</p>"},
+        {"<p/>a", "<p></p><p>a</p>"},
+        {"<inter2>Titre</inter2><p/>\r\nTexte<p/>\r\n<inter3>Fin</inter3>",
+         "<hl2>Titre</hl2><p>Texte</p><hl2>Fin</hl2>"},
+        {"a<inter1>b</inter1>", "<p>a<hl2>b</hl2>"},
+        // After a cut note the next search starts six characters into what followed it.
+        {"a<note>n</note>b", "<p>ab</p>"},
+        {"<note>1</note>ab<note>2</note>c", "<p>ab&lt;note&gt;2&lt;/note&gt;c</p>"},
+        {"<note>1</note>abcdef<note>2</note>c", "<p>abcdefc</p>"},
+        {"<note><b>x</b></note>y", "<p>y</p>"}};
+    for (const auto& [inner, expected] : rows) {
+        SCOPED_TRACE(inner);
+        const XmlDocument box =
+            ParseStory("<TextBox6 CharCount=\"1\" Name=\"a&amp;b\">" + inner + "</TextBox6>");
+        EXPECT_EQ(NewsMLBodyBytes(box.DocumentElement(), false), expected);
+    }
+    EXPECT_EQ(NewsMLBodyBytes(ParseStory("<TextBox6/>").DocumentElement(), false), "<p></p>");
 }
 
 // The note search as it reads when the text is cut in place and searched again from the
@@ -508,45 +345,6 @@ TEST(NewsMLBodyText, NoteCuttingMatchesTheSearchInPlace) {
             text += kPieces[random() % std::size(kPieces)];
         ASSERT_EQ(CutNotes(text), CutNotesInPlace(text)) << text;
     }
-}
-
-TEST(ExportNewsML, WritesTheStoryItsNameInTheUploadDirectory) {
-    testing::TempDir folder;
-    WriterSetup setup;
-    setup.configuration.workflow.ExportTextsDirectory = "/export/texts";
-    const std::string upload = folder.path().string() + "/";
-    folder.Write("match.xml", kFullStory);
-    ExportState state;
-    state.UploadDirectory = upload;
-    state.CurrentUploadNode = "match.xml";
-    state.SourceStoryPath = upload + "match.xml";
-    const ExportContext context = setup.Context(kJustAfterMidnight);
-
-    ExportNewsML(state, ExportMode::Layout, context);
-
-    EXPECT_EQ(state.ExportedFilePath, upload + "match.xml");
-    EXPECT_EQ(state.TargetPath, "/export/texts/match.xml");
-    EXPECT_EQ(state.OriginalStoryPath, "/home/jo/stories/match.xml");
-    const std::string written = testing::ReadBytes(folder / "match.xml");
-    EXPECT_EQ(written, ComposeNewsML(ParseStory(kFullStory), context, TimeZoneBaseBiasMinutes()));
-}
-
-TEST(ExportNewsML, UnparsableStoryIsToldAndNothingIsWritten) {
-    testing::TempDir folder;
-    WriterSetup setup;
-    const std::string upload = folder.path().string() + "/";
-    folder.Write("bad.xml", "<Story><Body></Story>");
-    ExportState state;
-    state.UploadDirectory = upload;
-    state.CurrentUploadNode = "bad.xml";
-    state.SourceStoryPath = upload + "bad.xml";
-
-    ExportNewsML(state, ExportMode::Layout, setup.Context(kJustAfterMidnight));
-
-    ASSERT_EQ(setup.user.messages.size(), 1u);
-    EXPECT_EQ(setup.user.beeps, 1);
-    EXPECT_TRUE(setup.user.messages[0].starts_with("Parsing error:" + upload + "bad.xml, line:1"));
-    EXPECT_EQ(testing::ReadBytes(folder / "bad.xml"), "<Story><Body></Story>");
 }
 
 }  // namespace

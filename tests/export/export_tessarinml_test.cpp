@@ -1,270 +1,110 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "common/scoped_environment.h"
 #include "export/export_tessarinml.h"
-#include "export/newsml_test_support.h"
-#include "support/temp_dir.h"
+#include "export/export_test_support.h"
 
 namespace tessarin {
 namespace {
 
-using testing::CrLfLines;
+using testing::Changed;
+using testing::CrLf;
 using testing::ParseStory;
-using testing::ScopedEnvironment;
-using testing::TempDir;
-using testing::WriterSetup;
 
-constexpr LocalDateTime kNow{2024, 3, 5, 9, 7, 30};
+constexpr std::string_view kProlog = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\r\n";
+constexpr std::string_view kSaveAtTheEnd =
+    "<LastSaveDate Name=\"Last saved\">05/03/2024 09:07</LastSaveDate>"
+    "<LastSaveAuthor>Bob Desk</LastSaveAuthor></Metadata>";
 
-// The lines of a story file in ISO-8859-1 mode, before and after the parts that the writer
-// changes.
-constexpr std::string_view kProlog = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>";
-constexpr std::string_view kAuthor = "<Author Name=\"Author\">Jane Roe</Author>";
-constexpr std::string_view kCreation =
-    "<CreationDate Name=\"Created\">04/03/2024</CreationDate><CreationTime>08:00</CreationTime>";
-constexpr std::string_view kPublication = "<Publication Name=\"Publication\">Herald</Publication>";
-constexpr std::string_view kDate = "<PublicationDate Name=\"Date\">12/03/2024</PublicationDate>";
-constexpr std::string_view kOldLog = "<Log Type=\"W\">04/03/2024 08:30 - Jane Roe -&gt; Desk</Log>";
-constexpr std::string_view kTitle =
-    "<TextBox0 CharCount=\"4\" WordCount=\"1\" Name=\"Title\">Fire</TextBox0>";
-constexpr std::string_view kTextStart = "<TextBox6 CharCount=\"20\" WordCount=\"5\" Name=\"Text\">";
-constexpr std::string_view kTextEnd = "Caf\xE9 closed.</TextBox6>";
+// A story file in ISO-8859-1 mode with every part that the writer changes.
+const std::string kFireStory = CrLf(
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n<!-- fire.xml -->\n"
+    "<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">\n<Metadata>\n"
+    "<OriginalPath Name=\"/desk/fire.xml\"/>\n<Author Name=\"Author\">Jane Roe</Author>\n"
+    "<CreationDate Name=\"Created\">04/03/2024</CreationDate><CreationTime>08:00</CreationTime>\n"
+    "<LastSaveDate Name=\"Saved\">04/03/2024</LastSaveDate><LastSaveTime>08:30</LastSaveTime>\n"
+    "<LastSaveAuthor>Jane Roe</LastSaveAuthor>\n"
+    "<Publication Name=\"Publication\">Herald</Publication>\n"
+    "<PublicationDate Name=\"Date\">12/03/2024</PublicationDate>\n</Metadata>\n"
+    "<Logs>\n<Log Type=\"W\">04/03/2024 08:30 - Jane Roe -&gt; Desk</Log>\n</Logs>\n<Body>\n"
+    "<TextBox0 CharCount=\"4\" WordCount=\"1\" Name=\"Title\">Fire</TextBox0>\n"
+    "<TextBox6 CharCount=\"20\" WordCount=\"5\" Name=\"Text\">"
+    "A fire<note>check <b>time</b></note> at the mill.<p/>\nCaf\xE9 closed.</TextBox6>\n"
+    "</Body>\n<Notes>\n<Note Name=\"Source\">Police</Note>\n</Notes>\n"
+    "<Images>\n<ImageBag>\n<Image href=\"file:///C:\\Photos\\mill fire.jpg\"/>\n"
+    "<Caption>The mill</Caption>\n</ImageBag>\n</Images>\n"
+    "<Files>\n<FileBag>\n<File href=\"file:///home/jane/plan.pdf\"/>\n</FileBag>\n</Files>\n"
+    "</Story>\n");
 
-std::string FireStory() {
-    return CrLfLines(
-        {kProlog,
-         "<!-- fire.xml -->",
-         "<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">",
-         "<Metadata>",
-         "<OriginalPath Name=\"/desk/fire.xml\"/>",
-         kAuthor,
-         kCreation,
-         "<LastSaveDate Name=\"Saved\">04/03/2024</LastSaveDate>"
-         "<LastSaveTime>08:30</LastSaveTime>",
-         "<LastSaveAuthor>Jane Roe</LastSaveAuthor>",
-         kPublication,
-         kDate,
-         "</Metadata>",
-         "<Logs>",
-         kOldLog,
-         "</Logs>",
-         "<Body>",
-         kTitle,
-         std::string(kTextStart) + "A fire<note>check <b>time</b></note> at the mill.<p/>",
-         kTextEnd,
-         "</Body>",
-         "<Notes>",
-         "<Note Name=\"Source\">Police</Note>",
-         "</Notes>",
-         "<Images>",
-         "<ImageBag>",
-         "<Image href=\"file:///C:\\Photos\\mill fire.jpg\"/>",
-         "<Caption>The mill</Caption>",
-         "</ImageBag>",
-         "</Images>",
-         "<Files>",
-         "<FileBag>",
-         "<File href=\"file:///home/jane/plan.pdf\"/>",
-         "</FileBag>",
-         "</Files>",
-         "</Story>"});
+// The fire story after every send: the last save renewed at the end of Metadata, and the
+// send's log entry after the others.
+std::string SavedAndLogged(std::string_view logType) {
+    const std::string entry =
+        "<Log Type=\"" + std::string(logType) + "\">05/03/2024 09:07 - Bob Desk -&gt; Layout</Log>";
+    return Changed(kFireStory, {{"<LastSaveDate Name=\"Saved\">04/03/2024</LastSaveDate>", ""},
+                                {"<LastSaveAuthor>Jane Roe</LastSaveAuthor>", ""},
+                                {"</Metadata>", kSaveAtTheEnd},
+                                {"</Logs>", entry + "</Logs>"}});
 }
 
 class TessarinMLWriter : public ::testing::Test {
   protected:
-    TessarinMLWriter() {
-        setup_.window.Control("lblLastSaveDate").caption = "Last saved";
-        setup_.configuration.identity.author = "Bob Desk";
-    }
+    TessarinMLWriter() { setup_.window.Control("lblLastSaveDate").caption = "Last saved"; }
 
-    ExportContext Context() {
-        ExportContext context = setup_.Context(kNow);
-        context.userName = "Bob Desk";
-        return context;
-    }
-
-    std::string Compose(std::string_view storyBytes, ExportMode mode, std::string_view logType) {
+    std::string Compose(std::string_view storyBytes, ExportMode mode, std::string_view logType,
+                        std::string_view logLine = "05/03/2024 09:07 - Bob Desk -> Layout") {
         XmlDocument story = ParseStory(storyBytes);
-        return ComposeTessarinML(story, mode, logType, "05/03/2024 09:07 - Bob Desk -> Layout",
-                                 Context());
+        ExportContext context = setup_.Context();
+        context.userName = "Bob Desk";
+        return ComposeTessarinML(story, mode, logType, logLine, context);
     }
 
-    ScopedEnvironment shortDate_{"TESSARIN_SHORT_DATE", "dd/MM/yyyy"};
-    WriterSetup setup_;
+    testing::ScopedEnvironment shortDate_{"TESSARIN_SHORT_DATE", "dd/MM/yyyy"};
+    testing::WriterSetup setup_;
 };
 
-TEST_F(TessarinMLWriter, LayoutModeRemovesNotesMakesNamesBareAndAppendsSaveAndLog) {
-    EXPECT_EQ(Compose(FireStory(), ExportMode::Layout, "L"),
-              CrLfLines({kProlog,
-                         "<!-- fire.xml -->",
-                         "<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">",
-                         "<Metadata>",
-                         "<OriginalPath Name=\"/desk/fire.xml\"/>",
-                         kAuthor,
-                         kCreation,
-                         "<LastSaveTime>08:30</LastSaveTime>",
-                         "",
-                         kPublication,
-                         kDate,
-                         "<LastSaveDate Name=\"Last saved\">05/03/2024 09:07</LastSaveDate>"
-                         "<LastSaveAuthor>Bob Desk</LastSaveAuthor></Metadata>",
-                         "<Logs>",
-                         kOldLog,
-                         "<Log Type=\"L\">05/03/2024 09:07 - Bob Desk -&gt; Layout</Log></Logs>",
-                         "<Body>",
-                         kTitle,
-                         std::string(kTextStart) + "A fire at the mill.<p/>",
-                         kTextEnd,
-                         "</Body>",
-                         "",
-                         "<Images>",
-                         "<ImageBag>",
-                         "<Image href=\"file:///mill fire.jpg\"/>",
-                         "<Caption>The mill</Caption>",
-                         "</ImageBag>",
-                         "</Images>",
-                         "<Files>",
-                         "<FileBag>",
-                         "<File href=\"file:///plan.pdf\"/>",
-                         "</FileBag>",
-                         "</Files>",
-                         "</Story>"}));
+// A layout send also removes the notes and makes the picture and file references bare names.
+TEST_F(TessarinMLWriter, LayoutModeRemovesNotesAndMakesNamesBare) {
+    EXPECT_EQ(Compose(kFireStory, ExportMode::Layout, "L"),
+              Changed(SavedAndLogged("L"),
+                      {{"<note>check <b>time</b></note>", ""},
+                       {"<Notes>\r\n<Note Name=\"Source\">Police</Note>\r\n</Notes>", ""},
+                       {"C:\\Photos\\", ""},
+                       {"home/jane/", ""}}));
 }
 
-TEST_F(TessarinMLWriter, UserModeKeepsNotesAndPathsAndOnlyRenewsSaveAndLog) {
-    const std::string expected = CrLfLines(
-        {kProlog,
-         "<!-- fire.xml -->",
-         "<Story AppName=\"Tessarin\" AppVersion=\"0.1.0\">",
-         "<Metadata>",
-         "<OriginalPath Name=\"/desk/fire.xml\"/>",
-         kAuthor,
-         kCreation,
-         "<LastSaveTime>08:30</LastSaveTime>",
-         "",
-         kPublication,
-         kDate,
-         "<LastSaveDate Name=\"Last saved\">05/03/2024 09:07</LastSaveDate>"
-         "<LastSaveAuthor>Bob Desk</LastSaveAuthor></Metadata>",
-         "<Logs>",
-         kOldLog,
-         "<Log Type=\"J\">05/03/2024 09:07 - Bob Desk -&gt; Layout</Log></Logs>",
-         "<Body>",
-         kTitle,
-         std::string(kTextStart) + "A fire<note>check <b>time</b></note> at the mill.<p/>",
-         kTextEnd,
-         "</Body>",
-         "<Notes>",
-         "<Note Name=\"Source\">Police</Note>",
-         "</Notes>",
-         "<Images>",
-         "<ImageBag>",
-         "<Image href=\"file:///C:\\Photos\\mill fire.jpg\"/>",
-         "<Caption>The mill</Caption>",
-         "</ImageBag>",
-         "</Images>",
-         "<Files>",
-         "<FileBag>",
-         "<File href=\"file:///home/jane/plan.pdf\"/>",
-         "</FileBag>",
-         "</Files>",
-         "</Story>"});
-    EXPECT_EQ(Compose(FireStory(), ExportMode::User, "J"), expected);
-    // An FTP send cleans nothing either.
-    EXPECT_EQ(Compose(FireStory(), ExportMode::Ftp, "J"), expected);
+TEST_F(TessarinMLWriter, UserAndFtpModesOnlyRenewSaveAndLog) {
+    EXPECT_EQ(Compose(kFireStory, ExportMode::User, "J"), SavedAndLogged("J"));
+    EXPECT_EQ(Compose(kFireStory, ExportMode::Ftp, "J"), SavedAndLogged("J"));
 }
 
 TEST_F(TessarinMLWriter, LogsAreCreatedAtTheEndWhenMissingAndLeftAloneWhenNotKept) {
     const std::string story =
-        CrLfLines({kProlog, "<Story>", "<Metadata>", "</Metadata>", "</Story>"});
+        std::string(kProlog) + CrLf("<Story>\n<Metadata>\n</Metadata>\n</Story>");
+    const std::string saved =
+        std::string(kProlog) + CrLf("<Story>\n<Metadata>\n") + std::string(kSaveAtTheEnd) + "\r\n";
     EXPECT_EQ(Compose(story, ExportMode::Layout, "L"),
-              CrLfLines({kProlog, "<Story>", "<Metadata>",
-                         "<LastSaveDate Name=\"Last saved\">05/03/2024 09:07</LastSaveDate>"
-                         "<LastSaveAuthor>Bob Desk</LastSaveAuthor></Metadata>",
-                         "<Logs><Log Type=\"L\">05/03/2024 09:07 - Bob Desk -&gt; "
-                         "Layout</Log></Logs></Story>"}));
+              saved +
+                  "<Logs><Log Type=\"L\">05/03/2024 09:07 - Bob Desk -&gt; Layout</Log></Logs>"
+                  "</Story>\r\n");
     setup_.configuration.ftpTransmission.LogsEnabled = false;
-    EXPECT_EQ(Compose(story, ExportMode::Layout, "L"),
-              CrLfLines({kProlog, "<Story>", "<Metadata>",
-                         "<LastSaveDate Name=\"Last saved\">05/03/2024 09:07</LastSaveDate>"
-                         "<LastSaveAuthor>Bob Desk</LastSaveAuthor></Metadata>",
-                         "</Story>"}));
-}
-
-TEST_F(TessarinMLWriter, AStoryWithoutMetadataGetsNoSaveElements) {
-    setup_.configuration.ftpTransmission.LogsEnabled = false;
-    const std::string story = CrLfLines({kProlog, "<Story><Body><note>n</note></Body></Story>"});
-    EXPECT_EQ(Compose(story, ExportMode::Layout, "L"),
-              CrLfLines({kProlog, "<Story><Body/></Story>"}));
+    EXPECT_EQ(Compose(story, ExportMode::Layout, "L"), saved + "</Story>\r\n");
+    // Without Metadata there are no save elements either.
+    EXPECT_EQ(Compose(std::string(kProlog) + "<Story><Body><note>n</note></Body></Story>\r\n",
+                      ExportMode::Layout, "L"),
+              std::string(kProlog) + "<Story><Body/></Story>\r\n");
 }
 
 TEST_F(TessarinMLWriter, AUtf8StoryStaysUtf8WithItsSurrogateGroups) {
-    const std::string story =
-        CrLfLines({"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>", "<Story>",
-                   "<Body><TextBox0>\xC3\xA9t\xC3\xA9 \xED\xA0\xBD\xED\xB8\x80</TextBox0></Body>",
-                   "</Story>"});
-    XmlDocument document = ParseStory(story);
-    EXPECT_EQ(
-        ComposeTessarinML(document, ExportMode::User, "W", "d\xC3\xA9j\xC3\xA0", Context()),
-        CrLfLines({"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>", "<Story>",
-                   "<Body><TextBox0>\xC3\xA9t\xC3\xA9 \xED\xA0\xBD\xED\xB8\x80</TextBox0></Body>",
-                   "<Logs><Log Type=\"W\">d\xC3\xA9j\xC3\xA0</Log></Logs></Story>"}));
-}
-
-TEST_F(TessarinMLWriter, TheEntrySavesInPlaceAndLeavesTheTargetsOfALayoutSend) {
-    TempDir folder;
-    setup_.configuration.workflow.ExportTextsDirectory = (folder / "texts").string();
-    std::filesystem::create_directory(folder / "texts");
-    ExportState state;
-    state.UploadDirectory = (folder / "Upload").string() + "/";
-    state.CurrentUploadNode = "fire.xml";
-    state.SourceStoryPath = folder.Write("Upload/fire.xml", FireStory()).string();
-    state.LogLine = "05/03/2024 09:07 - Bob Desk -> Layout";
-
-    ExportTessarinML(state, "L", ExportMode::Layout, Context());
-
-    const std::string chain = (folder / "texts/Herald/12-03-2024/fire").string();
-    EXPECT_EQ(state.ExportedFilePath, state.SourceStoryPath);
-    EXPECT_EQ(testing::ReadBytes(state.ExportedFilePath),
-              Compose(FireStory(), ExportMode::Layout, "L"));
-    EXPECT_TRUE(std::filesystem::is_directory(chain));
-    EXPECT_EQ(state.TargetDirectory, chain);
-    EXPECT_EQ(state.TargetPath, chain + "/fire.xml");
-    EXPECT_EQ(state.OriginalStoryPath, "/desk/fire.xml");
-    EXPECT_EQ(state.StoryNameFields[0], "Herald");
-    EXPECT_TRUE(setup_.user.messages.empty());
-}
-
-TEST_F(TessarinMLWriter, AUserSendKeepsTheSendersTarget) {
-    TempDir folder;
-    ExportState state;
-    state.UploadDirectory = (folder / "Upload").string() + "/";
-    state.CurrentUploadNode = "fire.xml";
-    state.SourceStoryPath = folder.Write("Upload/fire.xml", FireStory()).string();
-    state.TargetPath = "/desks/jane/fire.xml";
-    ExportTessarinML(state, "J", ExportMode::User, Context());
-    EXPECT_EQ(state.TargetPath, "/desks/jane/fire.xml");
-    EXPECT_EQ(state.TargetDirectory, "/desks/jane/fire.xml");
-    EXPECT_NE(testing::ReadBytes(state.ExportedFilePath).find("<Note Name=\"Source\">"),
-              std::string::npos);
-}
-
-TEST_F(TessarinMLWriter, AStoryThatDoesNotParseIsLeftAsItWas) {
-    TempDir folder;
-    ExportState state;
-    state.UploadDirectory = (folder / "Upload").string() + "/";
-    state.CurrentUploadNode = "bad.xml";
-    state.SourceStoryPath = folder.Write("Upload/bad.xml", "<Story><Metadata></Story>").string();
-    ExportTessarinML(state, "L", ExportMode::Layout, Context());
-    EXPECT_EQ(testing::ReadBytes(state.SourceStoryPath), "<Story><Metadata></Story>");
-    ASSERT_EQ(setup_.user.messages.size(), 1u);
-    EXPECT_TRUE(setup_.user.messages[0].starts_with("Parsing error:" + state.SourceStoryPath +
-                                                    ", line:1, pos:"));
-    EXPECT_EQ(state.TargetDirectory, "");
-    EXPECT_EQ(state.OriginalStoryPath, "");
+    const std::string story = CrLf(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<Story>\n"
+        "<Body><TextBox0>\xC3\xA9t\xC3\xA9 \xED\xA0\xBD\xED\xB8\x80</TextBox0></Body>\n"
+        "</Story>\n");
+    EXPECT_EQ(Compose(story, ExportMode::User, "W", "d\xC3\xA9j\xC3\xA0"),
+              Changed(story, {{"</Story>",
+                               "<Logs><Log Type=\"W\">d\xC3\xA9j\xC3\xA0</Log></Logs></Story>"}}));
 }
 
 }  // namespace
