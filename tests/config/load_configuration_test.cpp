@@ -226,10 +226,10 @@ TEST(LoadConfiguration, ThePreferencesFileIsReadOnceForAllItsKeys) {
     OpenCount opens(bench.profile.Path());
     bench.preferences = ReadPreferences(bench.profile);
     EXPECT_EQ(opens.Take(), 1);
-    ConfigurationDocument document;
-    document.metadata = R"(<Metadata><Author>A</Author><Email>e</Email><Group>G</Group>
-        <Initials>I</Initials></Metadata>)";
-    ASSERT_TRUE(bench.Load(document));
+    ASSERT_TRUE(bench.Load(Document().With(
+        &Document::metadata,
+        "<Metadata><Author>A</Author><Email>e</Email><Group>G</Group><Initials>I</Initials>"
+        "</Metadata>")));
     EXPECT_EQ(opens.Take(), 1);
     EXPECT_EQ(bench.configuration.identity.author, "Ana Lima");
 }

@@ -32,7 +32,9 @@ struct ReaderBench : StorySaveFixture {
     StoryContext context = Context();
     StoryRecord story;
 
-    std::filesystem::path Write(std::string_view bytes) { return folder.Write("story.xml", bytes); }
+    std::filesystem::path Write(std::string_view bytes, std::string_view name = "story.xml") {
+        return folder.Write(name, bytes);
+    }
     StoryReadOutcome Read(std::string_view bytes) {
         return ReadStory(Write(bytes), context, story);
     }
