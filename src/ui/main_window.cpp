@@ -174,6 +174,7 @@ void MainWindow::RefreshWindow() {
     const std::string& title = session_.window.title;
     setWindowTitle(title.empty() ? MessageBoxTitle() : QString::fromStdString(title));
     chrome_->Refresh(session_);
+    RefreshInsertEntries();
     statusBar_->Refresh(session_);
     RefreshTabs();
     RefreshBackupTimer();

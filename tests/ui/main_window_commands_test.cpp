@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QTabWidget>
 #include <QTextEdit>
 #include <QtTest>
 
@@ -39,6 +40,7 @@ class MainWindowCommandsTest : public QObject {
   private slots:
     void theCommandsHaveTheDesktopsShortcutsUnlessConfigured();
     void everyCommandRunsOrIsDisabled();
+    void theInsertMenuAddsAPictureInItsView();
 };
 
 // A menu entry either runs a command or, while its window is not built, is disabled with its
@@ -131,6 +133,19 @@ void MainWindowCommandsTest::theCommandsHaveTheDesktopsShortcutsUnlessConfigured
     QVERIFY(std::filesystem::exists(dir / "harbour.xml"));
     QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(editor.MainBox(), std::u16string());
+}
+
+void MainWindowCommandsTest::theInsertMenuAddsAPictureInItsView() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Newsroom());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    QVERIFY(editor.Action("mnuInsertImage")->isEnabled());
+    editor.user.QueuePath(dir.Write("harbour.jpg", "\xFF\xD8\xFF\xD9"));
+    editor.Trigger("mnuInsertImage");
+    QCOMPARE(editor.Find<QTabWidget>("tabDisplay")->currentWidget()->objectName(),
+             QStringLiteral("pageImages"));
+    QCOMPARE(editor.window.Session().story.images.size(), std::size_t{1});
 }
 
 TESSARIN_UI_TEST(MainWindowCommandsTest);
