@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QProcess>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QtTest>
@@ -41,6 +42,8 @@ class MainWindowCommandsTest : public QObject {
     void theCommandsHaveTheDesktopsShortcutsUnlessConfigured();
     void everyCommandRunsOrIsDisabled();
     void theInsertMenuAddsAPictureInItsView();
+    void theTitleMarksUnsavedChanges();
+    void helpNeedsNoDisplay();
 };
 
 // A menu entry either runs a command or, while its window is not built, is disabled with its
@@ -146,6 +149,37 @@ void MainWindowCommandsTest::theInsertMenuAddsAPictureInItsView() {
     QCOMPARE(editor.Find<QTabWidget>("tabDisplay")->currentWidget()->objectName(),
              QStringLiteral("pageImages"));
     QCOMPARE(editor.window.Session().story.images.size(), std::size_t{1});
+}
+
+void MainWindowCommandsTest::theTitleMarksUnsavedChanges() {
+    TempDir dir;
+    dir.Write("Tessarin.xml", Newsroom());
+    Editor editor(dir);
+    QVERIFY(editor.StartAndShow());
+    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral("[*]")));
+    QVERIFY(!editor.window.isWindowModified());
+    editor.Trigger("mnuDisplayStory");
+    editor.Type("Lead");
+    QVERIFY(editor.window.isWindowModified());
+    editor.user.QueuePath(dir / "lead.xml");
+    editor.Trigger("mnuFileSave");
+    QVERIFY(!editor.window.isWindowModified());
+}
+
+// tessarin --help prints its options where there is no display at all.
+void MainWindowCommandsTest::helpNeedsNoDisplay() {
+    QProcess editor;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(display));
+    editor.setProcessEnvironment(environment);
+    editor.start(QStringLiteral(TESSARIN_EDITOR_PATH), {QStringLiteral("--help")});
+    QVERIFY(editor.waitForFinished(10000));
+    QCOMPARE(editor.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(editor.exitCode(), 0);
+    const QString help = QString::fromUtf8(editor.readAllStandardOutput());
+    QVERIFY2(help.startsWith(QStringLiteral("usage: tessarin [--app-dir DIR]")), qPrintable(help));
+    QVERIFY(help.contains(QStringLiteral("--screenshot FILE")));
 }
 
 TESSARIN_UI_TEST(MainWindowCommandsTest);
