@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace testing;
 
-const fs::path kRepository = fs::path(__FILE__).parent_path().parent_path().parent_path();
+const fs::path kRepository = TESSARIN_SOURCE_DIR;
 const std::string kFrozenClock =
     "TESSARIN_NOW=2026-03-12T10:15:00 TESSARIN_SHORT_DATE=dd/MM/yyyy "
     "TESSARIN_LONG_DATE='dddd d MMMM yyyy'";
