@@ -91,6 +91,16 @@ std::string WarningText(const EditorSession& session, int box, const BoxFit& fit
     return caption + ": " + message;
 }
 
+// When the pictures shorten the main box, its counter's tip says by how much and what the
+// target becomes: "Total number of chars for photos = 800" line break "[1000,2000] ->
+// [200,1200]".
+std::string AllowanceTip(const EditorSession& session, int box, const BoxFit& fit) {
+    const std::int64_t allowance = AllowanceOf(session, box);
+    if (!fit.limited || allowance == 0) return {};
+    return session.Message("ImagesCopyfit") + " = " + std::to_string(allowance) + "\n" +
+           LimitsText(session.panel.limits[box], allowance);
+}
+
 void ShowCountAlone(ControlState& countLabel, std::int64_t count) {
     countLabel.caption = std::to_string(count);
     countLabel.checked = false;
@@ -231,6 +241,7 @@ void UpdateCopyFit(EditorSession& session, int box) {
     ControlState& writeLess = window.Control(WriteLessIconName(box));
     ControlState& writeMore = window.Control(WriteMoreIconName(box));
     const BoxFit fit = FitOf(session, box);
+    countLabel.toolTip = AllowanceTip(session, box, fit);
 
     if (!fit.limited) {
         if (session.preferences.TooMuchNotEnough) window.ClearStatus();

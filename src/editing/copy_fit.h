@@ -16,7 +16,9 @@ namespace tessarin {
 //
 // Controls of box N, 0 to 6:
 //   lblNbTextBoxN      the count ("137"; "0  [0%]" outside the limits), or its words on demand
-//                      (the control is checked while it shows words)
+//                      (the control is checked while it shows words); on box 6 while pictures
+//                      shorten it, its tip gives ImagesCopyfit " = " the allowance, a line
+//                      break and the limits as they become
 //   lblMinMaxTextBoxN  the limits "[100,200]"; on box 6 with pictures "[1000,2000] -> [200,1200]"
 //   ImageWarningLessN  shown when the box holds too many characters: the writer writes less
 //   ImageWarningMoreN  shown when it holds too few: the writer writes more

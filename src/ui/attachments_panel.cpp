@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QTreeWidgetItemIterator>
@@ -32,6 +33,7 @@ constexpr const char* kDescriptionDesign = "Description";
 constexpr const char* kAddDesign = "Add";
 constexpr const char* kReplaceDesign = "Replace";
 constexpr const char* kIptcCaption = "IPTC...";
+constexpr const char* kOtherFileDesign = "File";
 constexpr int kPreviewMinimum = 160;
 
 QString InterfaceCaption(const EditorSession& session, std::string_view key, const char* design) {
@@ -97,9 +99,18 @@ SessionTreeWidget* AttachmentsPanel::BuildTree(AttachmentKind kind) {
     return tree;
 }
 
+QPushButton* AttachmentsPanel::BuildAddButton(AttachmentKind kind, QWidget* parent) {
+    auto* button = new QPushButton(parent);
+    button->setObjectName(kind == AttachmentKind::Image ? QStringLiteral("cmdAddImage")
+                                                        : QStringLiteral("cmdAddOtherFile"));
+    connect(button, &QPushButton::clicked, this, [this, kind] { Add(kind); });
+    return button;
+}
+
 QWidget* AttachmentsPanel::BuildImagesPart() {
     auto* part = new QWidget(this);
     images_ = BuildTree(AttachmentKind::Image);
+    addImage_ = BuildAddButton(AttachmentKind::Image, part);
     caption_ = NewField("txtImageCaption", "lblImageCaption", part, &captionLabel_);
     credit_ = NewField("txtImageCredit", "lblImageCredit", part, &creditLabel_);
     connect(caption_, &QLineEdit::textEdited, this, [this](const QString& text) {
@@ -128,6 +139,7 @@ QWidget* AttachmentsPanel::BuildImagesPart() {
     fields->addWidget(credit_, 1, 1);
     auto* layout = new QVBoxLayout(part);
     layout->addWidget(images_, 1);
+    layout->addWidget(addImage_, 0, Qt::AlignLeft);
     layout->addLayout(fields);
     layout->addWidget(info_);
     layout->addWidget(copyFit_);
@@ -138,6 +150,7 @@ QWidget* AttachmentsPanel::BuildImagesPart() {
 QWidget* AttachmentsPanel::BuildOtherFilesPart() {
     otherFilesPart_ = new QWidget(this);
     otherFiles_ = BuildTree(AttachmentKind::OtherFile);
+    addOtherFile_ = BuildAddButton(AttachmentKind::OtherFile, otherFilesPart_);
     description_ = NewField("txtOtherFileDescription", "lblOtherFileDescription", otherFilesPart_,
                             &descriptionLabel_);
     connect(description_, &QLineEdit::textEdited, this, [this](const QString& text) {
@@ -145,6 +158,7 @@ QWidget* AttachmentsPanel::BuildOtherFilesPart() {
     });
     auto* layout = new QVBoxLayout(otherFilesPart_);
     layout->addWidget(otherFiles_, 1);
+    layout->addWidget(addOtherFile_, 0, Qt::AlignLeft);
     layout->addWidget(descriptionLabel_);
     layout->addWidget(description_);
     return otherFilesPart_;
@@ -179,6 +193,12 @@ void AttachmentsPanel::Refresh() {
     creditLabel_->setText(ToQString(ImageCreditLabel(session_.configuration)));
     descriptionLabel_->setText(
         InterfaceCaption(session_, "OtherFileDescription", kDescriptionDesign));
+    const QString add = InterfaceCaption(session_, "AddLabel", kAddDesign);
+    addImage_->setText(add + QLatin1Char(' ') + ToQString(session_.Message("ImageLabel")) +
+                       QStringLiteral("..."));
+    addOtherFile_->setText(add + QLatin1Char(' ') +
+                           InterfaceCaption(session_, "OtherFile", kOtherFileDesign) +
+                           QStringLiteral("..."));
     const ControlState* info = window.FindControl(kImageInfoLabel);
     info_->setText(info ? ToQString(info->caption) : QString());
     const ControlState* copyFit = window.FindControl(kImagesCopyfitLabel);
@@ -310,20 +330,32 @@ void AttachmentsPanel::DropFiles(AttachmentKind kind, const QMimeData& files) {
     if (last) Select(kind, *last);
 }
 
+// The tree's context menu: adding, and what needs a selected attachment (replacing,
+// removing, opening and the IPTC data of a picture), disabled while none is selected. Its
+// entries are named mnuPopup, the kind ("Image", "OtherFile") and the command.
 void AttachmentsPanel::ShowContextMenu(AttachmentKind kind, const QPoint& where) {
     const bool image = kind == AttachmentKind::Image;
+    const QString prefix =
+        image ? QStringLiteral("mnuPopupImage") : QStringLiteral("mnuPopupOtherFile");
+    const bool selected = AttachmentIndex(session_, kind, TreeOf(kind)->CurrentKey()).has_value();
     QMenu menu(this);
-    menu.addAction(InterfaceCaption(session_, "AddLabel", kAddDesign), this,
-                   [this, kind] { Add(kind); });
-    menu.addAction(InterfaceCaption(session_, "ReplaceLabel", kReplaceDesign), this,
-                   [this, kind] { Replace(kind); });
-    menu.addAction(ToQString(session_.configuration.interface.Caption(image ? "ImageRemove"
-                                                                            : "OtherFileRemove")),
-                   this, [this, kind] { Remove(kind); });
+    const auto add = [&](const QString& caption, const char* command, bool enabled,
+                         std::function<void()> action) {
+        QAction* entry = menu.addAction(caption, this, std::move(action));
+        entry->setObjectName(prefix + QLatin1String(command));
+        entry->setEnabled(enabled);
+    };
+    add(InterfaceCaption(session_, "AddLabel", kAddDesign), "Add", true,
+        [this, kind] { Add(kind); });
+    add(InterfaceCaption(session_, "ReplaceLabel", kReplaceDesign), "Replace", selected,
+        [this, kind] { Replace(kind); });
+    add(ToQString(
+            session_.configuration.interface.Caption(image ? "ImageRemove" : "OtherFileRemove")),
+        "Remove", selected, [this, kind] { Remove(kind); });
     if (image) {
-        menu.addAction(ToQString(session_.configuration.interface.Caption("ImageOpen")), this,
-                       &AttachmentsPanel::OpenPicture);
-        menu.addAction(QString::fromUtf8(kIptcCaption), this, &AttachmentsPanel::ShowIptc);
+        add(ToQString(session_.configuration.interface.Caption("ImageOpen")), "Open", selected,
+            [this] { OpenPicture(); });
+        add(QString::fromUtf8(kIptcCaption), "IPTC", selected, [this] { ShowIptc(); });
     }
     menu.exec(TreeOf(kind)->viewport()->mapToGlobal(where));
 }

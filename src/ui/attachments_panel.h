@@ -11,6 +11,7 @@
 class QLabel;
 class QLineEdit;
 class QMimeData;
+class QPushButton;
 class QTreeWidgetItem;
 
 namespace tessarin {
@@ -23,10 +24,11 @@ enum class AttachmentKind;
 // lblImageInfo, the copy-fit line lblImagesCopyfit and the preview picImage; treeOtherFiles
 // with the selected file's description txtOtherFileDescription.
 //
-// Enter on a tree adds an attachment through the file dialog, Del removes the selected one,
-// files dropped on a tree or on the preview are added, and the trees' context menus replace,
-// remove, open and show a picture's IPTC data (frmIPTCImage). The core decides and asks; the
-// panel shows the outcome and selects the node the core names.
+// The buttons cmdAddImage and cmdAddOtherFile beside the trees and Enter on a tree add an
+// attachment through the file dialog, Del removes the selected one, files dropped on a tree
+// or on the preview are added, and the trees' context menus add, and for a selected
+// attachment replace, remove, open and show a picture's IPTC data (frmIPTCImage). The core decides
+// and asks; the panel shows the outcome and selects the node the core names.
 class AttachmentsPanel : public SessionView {
     Q_OBJECT
   public:
@@ -47,6 +49,7 @@ class AttachmentsPanel : public SessionView {
 
   private:
     SessionTreeWidget* BuildTree(AttachmentKind kind);
+    QPushButton* BuildAddButton(AttachmentKind kind, QWidget* parent);
     QWidget* BuildImagesPart();
     QWidget* BuildOtherFilesPart();
     QLineEdit* NewField(const char* name, const char* labelName, QWidget* parent, QLabel** label);
@@ -68,6 +71,8 @@ class AttachmentsPanel : public SessionView {
     SessionTreeWidget* images_ = nullptr;
     SessionTreeWidget* otherFiles_ = nullptr;
     QWidget* otherFilesPart_ = nullptr;
+    QPushButton* addImage_ = nullptr;
+    QPushButton* addOtherFile_ = nullptr;
     QLineEdit* caption_ = nullptr;
     QLineEdit* credit_ = nullptr;
     QLineEdit* description_ = nullptr;

@@ -1,9 +1,10 @@
-// tessarin [--app-dir DIR] [--screenshot FILE] [CONFIG]
+// tessarin [--app-dir DIR] [--screenshot FILE [--view VIEW]] [CONFIG] | --help
 //
 // The desktop story editor. CONFIG is a configuration document installed over the
 // application directory's Tessarin.xml before anything is read. --screenshot FILE starts as
 // usual and, once the main window shows the new story after its first activation, writes
-// the window's picture to the PNG FILE and ends; such a run shows no dialog.
+// the window's picture to the PNG FILE and ends; such a run shows no dialog. --help prints
+// the options without needing a display.
 
 #include <QAction>
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <optional>
+#include <string_view>
 
 #include "app/app_paths.h"
 #include "app/user_interaction.h"
@@ -24,6 +26,26 @@ constexpr int kExitUsage = 2;
 constexpr const char* kUsage =
     "usage: tessarin [--app-dir DIR] [--screenshot FILE [--view informations|story|images]] "
     "[CONFIG]\n";
+constexpr const char* kOptions =
+    "\nThe desktop story editor of a newsroom.\n\n"
+    "  --app-dir DIR      the application directory, which holds Tessarin.xml and the\n"
+    "                     preferences (default: $TESSARIN_HOME, else the program's directory\n"
+    "                     when it holds a writable Tessarin.xml, else\n"
+    "                     $XDG_DATA_HOME/tessarin)\n"
+    "  --screenshot FILE  start unattended, write the main window's picture to the PNG\n"
+    "                     FILE once it shows the new story, and end\n"
+    "  --view VIEW        the view that the screenshot shows: informations, story or images\n"
+    "  CONFIG             a configuration document installed over Tessarin.xml first\n"
+    "  --help             print this help and end\n";
+
+// Asking for help needs no display: it is answered before the application starts.
+bool AsksForHelp(int argc, char** argv) {
+    for (int index = 1; index < argc; ++index) {
+        const std::string_view argument = argv[index];
+        if (argument == "--help" || argument == "-h") return true;
+    }
+    return false;
+}
 
 struct CommandLine {
     std::optional<std::filesystem::path> appDir;
@@ -111,6 +133,11 @@ int Run(const CommandLine& commandLine, tessarin::UserInteraction* user) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (AsksForHelp(argc, argv)) {
+        std::fputs(kUsage, stdout);
+        std::fputs(kOptions, stdout);
+        return kExitDone;
+    }
     QApplication application(argc, argv);
     const std::optional<CommandLine> commandLine = ParseCommandLine(application.arguments());
     if (!commandLine) {

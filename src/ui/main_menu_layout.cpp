@@ -55,6 +55,9 @@ constexpr MenuEntryLayout kInsertEntries[] = {
     {kMenuSeparator, ""},
     {"InsertCharacters", "Characters..."},
     {"InsertSetOfCharacters", "Set of characters..."},
+    {kMenuSeparator, ""},
+    {"InsertImage", "Photo..."},
+    {"InsertOtherFile", "Other file..."},
 };
 
 constexpr MenuEntryLayout kFormatEntries[] = {

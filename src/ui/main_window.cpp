@@ -177,9 +177,13 @@ void MainWindow::RefreshAll() {
 }
 
 void MainWindow::RefreshWindow() {
+    // "[*]" is where the window shows that the story has unsaved changes.
     const std::string& title = session_.window.title;
-    setWindowTitle(title.empty() ? MessageBoxTitle() : QString::fromStdString(title));
+    setWindowTitle((title.empty() ? MessageBoxTitle() : QString::fromStdString(title)) +
+                   QStringLiteral("[*]"));
+    setWindowModified(session_.storyModified && !session_.mainBoxLocked);
     chrome_->Refresh(session_);
+    RefreshInsertEntries();
     statusBar_->Refresh(session_);
     RefreshTabs();
     RefreshBackupTimer();

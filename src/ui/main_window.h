@@ -58,6 +58,7 @@ class MainWindow : public QMainWindow {
     MainWindowSection CurrentGeometry() const;
     void RefreshWindow();
     void RefreshTabs();
+    void RefreshInsertEntries();  // adding pictures and files while their view is there
     void RefreshBackupTimer();
     void RefreshViewsExcept(const SessionView* changed);
     void Run(const std::function<void()>& command);

@@ -2,6 +2,8 @@
 
 #include <QAction>
 
+#include "app/display_view.h"
+
 #include "ui/attachments_panel.h"
 #include "ui/main_window.h"
 #include "ui/main_window_chrome.h"
@@ -15,7 +17,8 @@ void MainWindow::ComposeViews() {
     auto* story = new StoryPanel(session_, this);
     AddView(metadata, QStringLiteral("pageInformations"));
     AddView(story, QStringLiteral("pageStory"));
-    AddView(new AttachmentsPanel(session_, this), QStringLiteral("pageImages"));
+    auto* attachments = new AttachmentsPanel(session_, this);
+    AddView(attachments, QStringLiteral("pageImages"));
 
     story->ConnectCommands([this](const QString& key) { return chrome_->Entry(key); });
     auto on = [this, metadata](const char* key, auto command) {
@@ -26,6 +29,24 @@ void MainWindow::ComposeViews() {
     on("SearchPublications", [metadata] { metadata->SearchPublications(); });
     on("SearchTaxonomy", [metadata] { metadata->SearchTaxonomy(); });
     on("DisplayLockMetadata", [metadata](bool locked) { metadata->LockMetadata(locked); });
+
+    // Adding from the Insert menu shows the pictures' view, then its file dialog.
+    const auto insert = [this, attachments](const char* key, void (AttachmentsPanel::*add)()) {
+        connect(chrome_->Entry(QLatin1String(key)), &QAction::triggered, attachments,
+                [this, attachments, add] {
+                    ShowView(static_cast<int>(DisplayView::Images));
+                    (attachments->*add)();
+                });
+    };
+    insert("InsertImage", &AttachmentsPanel::AddImage);
+    insert("InsertOtherFile", &AttachmentsPanel::AddOtherFile);
+}
+
+void MainWindow::RefreshInsertEntries() {
+    const bool pictures = ViewAvailable(session_.window, DisplayView::Images);
+    chrome_->Entry(QStringLiteral("InsertImage"))->setEnabled(pictures);
+    chrome_->Entry(QStringLiteral("InsertOtherFile"))
+        ->setEnabled(pictures && session_.configuration.interface.OtherFilesVisible);
 }
 
 }  // namespace tessarin

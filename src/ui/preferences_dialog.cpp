@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -39,6 +41,25 @@ void AddLabelled(QBoxLayout& layout, const QString& caption, QWidget* control,
     layout.addLayout(row);
 }
 
+// A page in a frame that scrolls it when the window is smaller than the page. The frame asks
+// for the page's whole size, so that the window opens as large as its pages where the screen
+// has room (a window opens within two thirds of the screen).
+class PageFrame : public QScrollArea {
+  public:
+    explicit PageFrame(QWidget* page) {
+        setWidget(page);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+    }
+    QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+
+QScrollArea* Scrolled(QWidget* page) {
+    return new PageFrame(page);
+}
+
 }  // namespace
 
 PreferencesDialog::PreferencesDialog(EditorSession& session, QWidget* parent)
@@ -48,13 +69,16 @@ PreferencesDialog::PreferencesDialog(EditorSession& session, QWidget* parent)
     if (title.endsWith(QLatin1String("..."))) title.chop(3);
     setWindowTitle(title.remove(QLatin1Char('&')));
 
+    // Every tab of the row shows, and a page taller than the room scrolls, so that the window
+    // fits a laptop's screen.
     auto* pages = new QTabWidget;
     pages->setObjectName(QStringLiteral("tabPreferences"));
-    pages->addTab(DisplayPage(), QStringLiteral("Display"));
-    pages->addTab(EditingPage(), QStringLiteral("Editing"));
-    pages->addTab(MetadataPage(), QStringLiteral("Metadata"));
-    pages->addTab(FilesPage(), QStringLiteral("Photos and files"));
-    pages->addTab(SendingPage(), QStringLiteral("Sending"));
+    pages->setUsesScrollButtons(false);
+    pages->addTab(Scrolled(DisplayPage()), QStringLiteral("Display"));
+    pages->addTab(Scrolled(EditingPage()), QStringLiteral("Editing"));
+    pages->addTab(Scrolled(MetadataPage()), QStringLiteral("Metadata"));
+    pages->addTab(Scrolled(FilesPage()), QStringLiteral("Photos and files"));
+    pages->addTab(Scrolled(SendingPage()), QStringLiteral("Sending"));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdOK"));

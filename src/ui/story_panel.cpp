@@ -283,6 +283,8 @@ void StoryPanel::ShowBoxControls(int box) {
     widgets.label->setText(Caption(window, TextBoxLabelName(box)));
     SetTextColour(*widgets.label, BoxLabelColour(session_, box));
     widgets.count->setText(Caption(window, CountLabelName(box)));
+    const ControlState* count = window.FindControl(CountLabelName(box));
+    widgets.count->setToolTip(count ? ToQString(count->toolTip) : QString());
     widgets.count->setVisible(Visible(window, CountLabelName(box), true));
     widgets.limits->setText(Caption(window, LimitsLabelName(box)));
     widgets.limits->setVisible(Visible(window, LimitsLabelName(box), false));

@@ -65,6 +65,8 @@ TEST_F(CopyFitTest, PicturesShortenTheMainBox) {
     session.panel.limits[6] = {1000, 2000};
     Fill(6, std::u16string(150, u'x'));
     EXPECT_EQ(Control(LimitsLabelName(6)).caption, "[1000,2000] -> [200,1200]");
+    EXPECT_EQ(Control(CountLabelName(6)).toolTip,
+              "Total number of chars for photos = 800\n[1000,2000] -> [200,1200]");
     EXPECT_EQ(Shown(6), "150  [13%] more red");
     EXPECT_EQ(session.window.Status().text, "Box6: missing 50 chars");
     ShowImageAllowanceParts(session);

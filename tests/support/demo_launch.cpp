@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kRepository = fs::path(__FILE__).parent_path().parent_path().parent_path();
+const fs::path kRepository = TESSARIN_SOURCE_DIR;
 
 }  // namespace
 

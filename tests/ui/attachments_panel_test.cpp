@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTextEdit>
@@ -68,6 +69,7 @@ class AttachmentsPanelTest : public QObject {
     void aPictureChosenInTheDialogIsShownWithItsIptcValues();
     void droppedFilesAreLinkedOrRefusedAndDelRemovesThem();
     void theIptcWindowShowsTheValuesAndCopiesThemToThePicture();
+    void addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows();
 };
 
 void AttachmentsPanelTest::aPictureChosenInTheDialogIsShownWithItsIptcValues() {
@@ -133,6 +135,38 @@ void AttachmentsPanelTest::theIptcWindowShowsTheValuesAndCopiesThemToThePicture(
     });
     bench.panel.ShowIptc();
     QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn"));
+}
+
+// The enabled state of each entry of a tree's context menu, as "Add+ Replace- ...".
+QString ContextMenuStates(QTreeWidget& tree) {
+    QString states;
+    QTimer::singleShot(0, [&states] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return;
+        for (const QAction* entry : menu->actions()) {
+            const QString name = entry->objectName().remove(QStringLiteral("mnuPopupImage"));
+            states += name + (entry->isEnabled() ? "+ " : "- ");
+        }
+        menu->close();
+    });
+    emit tree.customContextMenuRequested(QPoint(5, 5));
+    return states.trimmed();
+}
+
+void AttachmentsPanelTest::addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows() {
+    Bench bench;
+    auto* add = bench.Find<QPushButton>("cmdAddImage");
+    QCOMPARE(add->text(), QStringLiteral("Add Photo..."));
+    QVERIFY(bench.Find<QPushButton>("cmdAddOtherFile")->isVisible());
+    QTreeWidget& pictures = *bench.Tree("treeImages");
+    QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
+
+    bench.bench.user.QueuePath(bench.picture);
+    add->click();
+    QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
+    QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace+ Remove+ Open+ IPTC+"));
+    pictures.setCurrentItem(pictures.topLevelItem(0));
+    QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
 }
 
 TESSARIN_UI_TEST(AttachmentsPanelTest);

@@ -55,7 +55,7 @@ void MainWindowTest::startShowsTheConfiguredWindow() {
 
     QCOMPARE(editor.window.objectName(), QStringLiteral("frmTessarin"));
     QCOMPARE(editor.window.windowTitle(),
-             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - Untitled"));
+             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - Untitled[*]"));
     QCOMPARE(editor.Action("mnuFileNew")->text(), QStringLiteral("New story"));
     QCOMPARE(editor.Action("New")->toolTip(), QStringLiteral("New story"));
     QCOMPARE(editor.Action("mnuFileOpen")->text(), QStringLiteral("&Open..."));
@@ -121,18 +121,18 @@ void MainWindowTest::newSaveReopenAndRecentFiles() {
     QVERIFY(std::filesystem::exists(story));
     QVERIFY(!editor.window.Session().storyModified);
     QCOMPARE(editor.window.windowTitle(),
-             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml"));
+             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml[*]"));
     QVERIFY(editor.Action("mnuSepMRU")->isVisible());
     QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
 
     editor.Trigger("mnuFileNew");
     QCOMPARE(editor.MainBox(), std::u16string());
-    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - Untitled")));
+    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - Untitled[*]")));
 
     editor.user.QueuePath(story);
     editor.Trigger("mnuFileOpen");
     QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
-    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - brief.xml")));
+    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - brief.xml[*]")));
 
     editor.Trigger("Close");
     QCOMPARE(editor.MainBox(), std::u16string());

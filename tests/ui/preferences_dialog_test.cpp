@@ -1,7 +1,10 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QSpinBox>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QtTest>
 
 #include "ui/editor_session_qt.h"
@@ -58,6 +61,7 @@ class PreferencesDialogTest : public QObject {
     void okWritesTheChangedPreferences();
     void cancelChangesNothing();
     void optionsShowAndSetTheirPreference();
+    void theWindowFitsALaptopScreen();
 };
 
 void PreferencesDialogTest::okWritesTheChangedPreferences() {
@@ -108,6 +112,23 @@ void PreferencesDialogTest::optionsShowAndSetTheirPreference() {
     QCOMPARE(editor.Stored("CheckSpellingType"), std::optional<std::string>("1"));
     QCOMPARE(editor.Stored("UseXSLT"), std::optional<std::string>("0"));
     QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"), std::nullopt);
+}
+
+// On a 1366 x 768 screen, less the title bar and a panel, the window opens whole with every
+// tab of its row, and a page taller than the room scrolls.
+void PreferencesDialogTest::theWindowFitsALaptopScreen() {
+    Session editor;
+    PreferencesDialog dialog(editor.session);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QSize room(1366, 768 - 80);
+    QVERIFY2(dialog.height() <= room.height() && dialog.width() <= room.width(),
+             qPrintable(QStringLiteral("%1 x %2").arg(dialog.width()).arg(dialog.height())));
+    QVERIFY(dialog.minimumSizeHint().height() <= room.height());
+    auto* pages = editor.Find<QTabWidget>(dialog, "tabPreferences");
+    QVERIFY(pages->tabBar()->sizeHint().width() <= pages->width());
+    for (int page = 0; page < pages->count(); ++page)
+        QVERIFY(qobject_cast<QScrollArea*>(pages->widget(page)) != nullptr);
 }
 
 TESSARIN_UI_TEST(PreferencesDialogTest);
