@@ -64,15 +64,14 @@ void MainWindowCommandsTest::everyCommandRunsOrIsDisabled() {
             }
         }
     }
-    for (const char* button : {"SendWorkflow", "ReceiveWorkflow", "InterceptWorkflow", "SendFTP",
-                               "SendMail", "Logs", "SpellChecker", "Search", "Zoom", "QA"}) {
+    for (const char* button : {"ReceiveWorkflow", "InterceptWorkflow", "SendFTP", "SendMail",
+                               "SpellChecker", "Search", "Zoom", "QA"}) {
         QVERIFY2(!editor.Action(button)->isEnabled(), button);
     }
-    for (const char* stuck : {"Zoom", "Logs"}) {
-        editor.Trigger(stuck);
-        QVERIFY2(!editor.Action(stuck)->isChecked(), stuck);
-    }
-    QVERIFY(editor.Action("Save")->isEnabled() && editor.Action("Bold")->isEnabled());
+    editor.Trigger("Zoom");
+    QVERIFY(!editor.Action("Zoom")->isChecked());
+    for (const char* button : {"Save", "Bold", "Logs"})
+        QVERIFY2(editor.Action(button)->isEnabled(), button);
 
     editor.Trigger("mnuAbout");
     QVERIFY(editor.user.messages.back().starts_with("Tessarin " TESSARIN_VERSION));
