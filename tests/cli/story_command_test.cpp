@@ -1,21 +1,19 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <signal.h>
 #include <sys/inotify.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <chrono>
 #include <filesystem>
 #include <random>
 #include <set>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "cli/cli_run.h"
+#include "support/file_watch.h"
 #include "support/finished_process.h"
 #include "support/temp_dir.h"
 
@@ -256,10 +254,10 @@ TEST(StoryResaveCommand, ADamagedStoryIsRescuedWhenTheAnswerIsYes) {
 
 // ---- story resave killed ----------------------------------------------------------------
 
-// The stored story with a long main text, of a megabyte.
+// The stored story with a long main text: 170 kilobytes, twenty times a usual story.
 std::string LongStory(std::string story) {
     std::string paragraphs;
-    for (int line = 0; line < 15000; ++line) {
+    for (int line = 0; line < 2500; ++line) {
         paragraphs += "Line " + std::to_string(line) +
                       " of a long story, with <b>bold</b> and <i>italic</i> words.<p/>\r\n";
     }
@@ -271,33 +269,16 @@ std::string LongStory(std::string story) {
 // goes nowhere; its id.
 pid_t StartResave(const StoryFolder& stored) {
     const std::string app = (stored.folder / "app").string();
-    const std::vector<std::string> arguments = {TESSARIN_CLI_PATH,
-                                                "--app-dir",
-                                                app,
-                                                "--config",
-                                                stored.config.string(),
-                                                "story",
-                                                "resave",
-                                                stored.story.string(),
-                                                "-o",
-                                                stored.story.string()};
-    std::vector<std::string> environment = {"TESSARIN_NOW=2026-11-21T08:30:00",
-                                            "TESSARIN_SHORT_DATE=dd/MM/yyyy"};
-    for (char** variable = environ; *variable != nullptr; ++variable)
-        environment.emplace_back(*variable);
-    std::vector<char*> argv, envp;
-    for (const std::string& argument : arguments)
-        argv.push_back(const_cast<char*>(argument.c_str()));
-    for (const std::string& variable : environment)
-        envp.push_back(const_cast<char*>(variable.c_str()));
-    argv.push_back(nullptr);
-    envp.push_back(nullptr);
+    const std::string config = stored.config.string(), story = stored.story.string();
     const pid_t child = ::fork();
     if (child == 0) {
+        ::setenv("TESSARIN_NOW", "2026-11-21T08:30:00", 1);
+        ::setenv("TESSARIN_SHORT_DATE", "dd/MM/yyyy", 1);
         const int nowhere = ::open("/dev/null", O_WRONLY);
         ::dup2(nowhere, STDOUT_FILENO);
         ::dup2(nowhere, STDERR_FILENO);
-        ::execve(argv[0], argv.data(), envp.data());
+        ::execl(TESSARIN_CLI_PATH, "tessarin-cli", "--app-dir", app.c_str(), "--config",
+                config.c_str(), "story", "resave", story.c_str(), "-o", story.c_str(), nullptr);
         ::_exit(127);
     }
     return child;
@@ -316,48 +297,6 @@ std::set<std::string> NamesIn(const std::filesystem::path& folder) {
     return names;
 }
 
-// Tells when a name is first made, renamed or removed in a folder: when a save starts
-// touching the files.
-class FolderWatch {
-  public:
-    explicit FolderWatch(const std::filesystem::path& folder)
-        : watch_(::inotify_init1(IN_NONBLOCK)) {
-        ::inotify_add_watch(watch_, folder.c_str(), IN_CREATE | IN_MOVED_FROM | IN_DELETE);
-    }
-    ~FolderWatch() { ::close(watch_); }
-    FolderWatch(const FolderWatch&) = delete;
-    FolderWatch& operator=(const FolderWatch&) = delete;
-
-    // Waits for the first change after the last call, while the child runs; false when the
-    // child ended first.
-    bool WaitForChange(pid_t child) {
-        std::array<char, 4096> events{};
-        for (pollfd ready{watch_, POLLIN, 0}; Runs(child);) {
-            if (::poll(&ready, 1, 5) > 0) {
-                while (::read(watch_, events.data(), events.size()) > 0) {
-                }
-                return true;
-            }
-        }
-        return false;
-    }
-    void Forget() {
-        std::array<char, 4096> events{};
-        while (::read(watch_, events.data(), events.size()) > 0) {
-        }
-    }
-
-  private:
-    // Whether the child runs still, leaving it to be waited for.
-    static bool Runs(pid_t child) {
-        siginfo_t info{};
-        return ::waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
-               info.si_pid == 0;
-    }
-
-    int watch_;
-};
-
 // Each save is killed at a random moment of the time that a whole save spends from its first
 // change in the folder to its end, where files are written and renamed.
 TEST(StoryResaveCommand, AKilledSaveLeavesTheCompleteOldOrNewStoryUnderItsName) {
@@ -366,7 +305,8 @@ TEST(StoryResaveCommand, AKilledSaveLeavesTheCompleteOldOrNewStoryUnderItsName) 
     StoryFolder stored;
     const std::string old = LongStory(ReadBytes(stored.story));
     const auto backup = stored.folder / "stored.bml";
-    FolderWatch watch(stored.folder.path());
+    // When a save starts touching the files: a name made, renamed or removed.
+    testing::FileWatch watch(stored.folder.path(), IN_CREATE | IN_MOVED_FROM | IN_DELETE);
     std::mt19937 random(20261121);
     for (const bool keepBackup : {false, true}) {
         SCOPED_TRACE(keepBackup ? "with the backup" : "without the backup");
@@ -376,9 +316,9 @@ TEST(StoryResaveCommand, AKilledSaveLeavesTheCompleteOldOrNewStoryUnderItsName) 
         auto fileWork = microseconds::max();
         for (int run = 0; run < 3; ++run) {
             stored.folder.Write("stored.xml", old);
-            watch.Forget();
+            watch.Take(0);
             const pid_t child = StartResave(stored);
-            ASSERT_TRUE(watch.WaitForChange(child));
+            ASSERT_TRUE(watch.WaitWhileRunning(child));
             const auto firstChange = Clock::now();
             ASSERT_EQ(WaitFor(child), 0);
             fileWork = std::min(
@@ -392,9 +332,9 @@ TEST(StoryResaveCommand, AKilledSaveLeavesTheCompleteOldOrNewStoryUnderItsName) 
         for (int run = 0; run < 50; ++run) {
             stored.folder.Write("stored.xml", old);
             std::filesystem::remove(backup);
-            watch.Forget();
+            watch.Take(0);
             const pid_t child = StartResave(stored);
-            if (watch.WaitForChange(child)) {
+            if (watch.WaitWhileRunning(child)) {
                 std::this_thread::sleep_for(microseconds(delay(random)));
             }
             ::kill(child, SIGKILL);

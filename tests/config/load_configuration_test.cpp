@@ -3,12 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
-#include <unistd.h>
-
-#include <array>
 
 #include "config/configuration_document.h"
 #include "config/section_reading.h"
+#include "support/file_watch.h"
 
 namespace tessarin {
 namespace {
@@ -189,48 +187,20 @@ TEST(LoadConfiguration, IdentityAndMailRecipientComeFromThePreferencesFirst) {
     EXPECT_TRUE(bench.Control("SendMail").visible);
 }
 
-// How many times a file is opened, by anyone, from the object's making on.
-class OpenCount {
-  public:
-    explicit OpenCount(const std::filesystem::path& file) : watch_(::inotify_init1(IN_NONBLOCK)) {
-        // Closes are watched too: the kernel merges identical events that follow each other.
-        ::inotify_add_watch(watch_, file.c_str(), IN_OPEN | IN_CLOSE);
-    }
-    ~OpenCount() { ::close(watch_); }
-    OpenCount(const OpenCount&) = delete;
-    OpenCount& operator=(const OpenCount&) = delete;
-
-    // The opens since the last call.
-    int Take() {
-        int opens = 0;
-        std::array<char, 4096> events{};
-        for (ssize_t length; (length = ::read(watch_, events.data(), events.size())) > 0;) {
-            for (ssize_t offset = 0; offset < length;) {
-                const auto* event = reinterpret_cast<const inotify_event*>(events.data() + offset);
-                if ((event->mask & IN_OPEN) != 0) ++opens;
-                offset += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
-            }
-        }
-        return opens;
-    }
-
-  private:
-    int watch_;
-};
-
 // Every key is looked up in what one reading of the file gave, so that reading the
 // preferences grows with the file's size, not with its size times the number of keys.
 TEST(LoadConfiguration, ThePreferencesFileIsReadOnceForAllItsKeys) {
     LoadBench bench;
     bench.folder.Write("Tessarin.ini", "[Identification]\r\nAuthor=Ana Lima\r\n");
-    OpenCount opens(bench.profile.Path());
+    // Closes are watched too: the kernel merges identical events that follow each other.
+    testing::FileWatch opens(bench.profile.Path(), IN_OPEN | IN_CLOSE);
     bench.preferences = ReadPreferences(bench.profile);
-    EXPECT_EQ(opens.Take(), 1);
+    EXPECT_EQ(opens.Take(IN_OPEN), 1);
     ASSERT_TRUE(bench.Load(Document().With(
         &Document::metadata,
         "<Metadata><Author>A</Author><Email>e</Email><Group>G</Group><Initials>I</Initials>"
         "</Metadata>")));
-    EXPECT_EQ(opens.Take(), 1);
+    EXPECT_EQ(opens.Take(IN_OPEN), 1);
     EXPECT_EQ(bench.configuration.identity.author, "Ana Lima");
 }
 
