@@ -44,8 +44,7 @@ class DemoNewsroom : public ::testing::Test {
 
 TEST_F(DemoNewsroom, TheConfigurationLoadsWholeAndTheEditorStartsOnIt) {
     const CliRun check = RunCli(folder_, "config check");
-    EXPECT_EQ(check.exitStatus, 0) << check.out << check.err;
-    EXPECT_EQ(check.out, "");
+    EXPECT_EQ(std::to_string(check.exitStatus) + check.out, "0") << check.err;
 
     // Every workflow directory that the start checks is there.
     ScriptedInteraction user;
@@ -61,10 +60,6 @@ TEST_F(DemoNewsroom, EveryStoryReadsAndSavesBackToTheSameBytes) {
     int stories = 0;
     for (const auto& entry : fs::directory_iterator(kRepository / "demo/stories")) {
         const fs::path story = app_ / "Stories" / entry.path().filename();
-        const CliRun text = RunCli(folder_, "story text " + Quoted(story.string()));
-        EXPECT_EQ(text.exitStatus, 0) << story << text.err;
-        EXPECT_GT(text.out.size(), 100u) << story;
-
         const fs::path copy = folder_ / "resaved" / story.filename();
         fs::create_directories(copy.parent_path());
         const CliRun resave = RunCli(folder_,
@@ -106,8 +101,7 @@ TEST_F(DemoNewsroom, EveryStoryIsEditedAndSavedAgainInTheLaunchersDateFormsInThe
         }
         const CliRun refused = RunCli(folder_, resave, "LC_ALL=C");
         EXPECT_EQ(refused.exitStatus, 1) << entry.path();
-        EXPECT_NE((refused.out + refused.err).find("Publication date: Invalid date (M/d/yyyy)"),
-                  std::string::npos)
+        EXPECT_NE(refused.err.find("Publication date: Invalid date (M/d/yyyy)"), std::string::npos)
             << refused.out << refused.err;
     }
 }
@@ -119,10 +113,8 @@ TEST_F(DemoNewsroom, EveryPictureCarriesItsCaptionInItsIptcData) {
         const std::string caption = DescribedCaption(entry.path());
         ASSERT_FALSE(caption.empty()) << entry.path();
         const fs::path picture = app_ / "Pictures" / entry.path().stem() += ".jpg";
-        const CliRun iptc = RunCli(folder_, "iptc " + Quoted(picture.string()));
-        EXPECT_EQ(iptc.exitStatus, 0);
-        EXPECT_NE(iptc.out.find("Caption/Abstract: " + caption + "\n"), std::string::npos)
-            << picture << iptc.out;
+        const std::string out = RunCli(folder_, "iptc " + Quoted(picture.string())).out;
+        EXPECT_NE(out.find("Caption/Abstract: " + caption + "\n"), std::string::npos) << out;
         ++pictures;
     }
     EXPECT_GE(pictures, 3);

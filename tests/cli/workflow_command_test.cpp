@@ -73,8 +73,7 @@ class WorkflowCommand : public ::testing::Test {
         const fs::path picture = folder_.Write("stories/" + name + ".jpg", "JPEG " + name);
         const fs::path story =
             folder_.Write("stories/" + name + ".xml", Story(name + ".xml", picture));
-        const CliRun run = Run("workflow add " + Quoted(story.string()));
-        EXPECT_EQ(run.exitStatus, 0) << run.err;
+        EXPECT_EQ(Run("workflow add " + Quoted(story.string())).exitStatus, 0);
         return story;
     }
 
@@ -87,10 +86,9 @@ class WorkflowCommand : public ::testing::Test {
 TEST_F(WorkflowCommand, SendsToAUserWithLogsTrackingAndTheDailyPage) {
     const fs::path source = Add("fire");
     folder_.Write("stories/fire.bml", "an older backup");
-    CliRun run = Run("workflow list");
-    EXPECT_EQ(run.out, "S fire.xml\nI fire.jpg\nStories:1 / Photos:1 / Other files:0\n");
-
-    run = Run("workflow send Ann");
+    EXPECT_EQ(Run("workflow list").out,
+              "S fire.xml\nI fire.jpg\nStories:1 / Photos:1 / Other files:0\n");
+    const CliRun run = Run("workflow send Ann");
     ASSERT_EQ(run.exitStatus, 0) << run.err;
     EXPECT_EQ(run.out, "fire.xml\n\tPhoto: fire.jpg\n");
 
@@ -126,8 +124,8 @@ TEST_F(WorkflowCommand, SendsToAUserWithLogsTrackingAndTheDailyPage) {
               std::string::npos);
     EXPECT_EQ(Run("workflow list").out, "Stories:0 / Photos:0 / Other files:0\n");
 
-    run = Run("logs " + Quoted(At("stories/fire.bml")));
-    EXPECT_EQ(run.out, "U\t05/03/2024 09:07 - Ann Lee -> Ann\n");
+    EXPECT_EQ(Run("logs " + Quoted(At("stories/fire.bml"))).out,
+              "U\t05/03/2024 09:07 - Ann Lee -> Ann\n");
     EXPECT_EQ(Run("logs days").out, "2024-03-05\n");
 }
 
@@ -156,24 +154,23 @@ TEST_F(WorkflowCommand, SendsToAGroupAndToALayoutSystem) {
 TEST_F(WorkflowCommand, RefusalsAndTheMessage) {
     EXPECT_EQ(Run("workflow send Ann").err, "Add story to list\n");
     const fs::path source = Add("fire");
-    CliRun run = Run("workflow send Nobody");
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.err, "Missing destination\n");
-    run = Run("workflow add " + Quoted(source.string()));
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.err, "Story already in send list: fire.xml\n");
-    EXPECT_EQ(Run("workflow remove other.xml").err, "Select story\n");
+    const std::pair<std::string, std::string> refusals[] = {
+        {"workflow send Nobody", "Missing destination\n"},
+        {"workflow add " + Quoted(source.string()), "Story already in send list: fire.xml\n"},
+        {"workflow remove other.xml", "Select story\n"},
+        {"workflow message Desk hello", "Missing destination\n"},
+    };
+    for (const auto& [command, message] : refusals) {
+        const CliRun run = Run(command);
+        EXPECT_EQ(std::to_string(run.exitStatus) + run.err, "1" + message) << command;
+    }
 
-    run = Run("workflow remove fire.xml");
-    EXPECT_EQ(run.exitStatus, 0) << run.err;
+    EXPECT_EQ(Run("workflow remove fire.xml").exitStatus, 0);
     EXPECT_EQ(Run("workflow list").out, "Stories:0 / Photos:0 / Other files:0\n");
     EXPECT_TRUE(fs::exists(source));
-
-    run = Run("workflow message Ann 'See you'");
-    EXPECT_EQ(run.exitStatus, 0) << run.err;
+    EXPECT_EQ(Run("workflow message Ann 'See you'").exitStatus, 0);
     EXPECT_EQ(ReadBytes(folder_ / "inbox/Ann/{msg}.txt"),
               "Ann Lee\r\nAnn\r\n05/03/2024 09:07\r\n\r\nSee you\r\n");
-    EXPECT_EQ(Run("workflow message Desk hello").err, "Missing destination\n");
     EXPECT_EQ(Run("workflow frobnicate").exitStatus, 2);
 }
 

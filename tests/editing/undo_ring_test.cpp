@@ -61,7 +61,6 @@ TEST_F(UndoRingTest, StepsGoBackAndForthAndANewStepCutsTheRedoChain) {
     EXPECT_TRUE(Undo(session()) && Undo(session()));
     Type(6, u"one four");  // the step "one two three" after it is gone
     EXPECT_FALSE(Redo(session()));
-    EXPECT_EQ(status().text, "Redo not possible");
     EXPECT_EQ(Box(6), u"one four");
 }
 
@@ -84,13 +83,13 @@ TEST_F(UndoRingTest, UndoBringsBackEachBoxInTurnAndLeavesTheFocus) {
     Type(0, u"Title two");  // the same text in another box is a step of its own
     Type(6, u"Title two");
 
-    EXPECT_TRUE(Undo(session()));
-    EXPECT_EQ(Box(0), u"Title two");
-    EXPECT_EQ(Box(6), u"Title two");
-    EXPECT_TRUE(Undo(session()));
-    EXPECT_EQ(Box(6), u"Body");
-    EXPECT_TRUE(Undo(session()));
-    EXPECT_EQ(Box(0), u"Title");
+    // Each undo takes one box back; the other keeps what it shows.
+    const std::pair<std::u16string, std::u16string> steps[] = {
+        {u"Title two", u"Title two"}, {u"Title two", u"Body"}, {u"Title", u"Body"}};
+    for (const auto& [title, body] : steps) {
+        EXPECT_TRUE(Undo(session()));
+        EXPECT_EQ(Box(0) + u"|" + Box(6), title + u"|" + body);
+    }
     EXPECT_FALSE(Undo(session()));
     EXPECT_EQ(session().activeBox, 6);
 }

@@ -20,6 +20,15 @@ class MandatoryChecksTest : public ::testing::Test {
 
     void Mandatory(std::string_view label) { AppendTagWord(window_.Control(label), "mandatory"); }
 
+    // Adds the node key/text below parent (a root when null) of the tree named treeName.
+    TreeNode& Add(std::string_view treeName, TreeNode* parent, std::string key,
+                  std::string text = {}) {
+        TreeNode node;
+        node.key = std::move(key);
+        node.text = std::move(text);
+        return window_.Tree(treeName).Add(parent, std::move(node));
+    }
+
     // The message of the first failure, or "" when the story passes.
     std::string FirstFailure() {
         const auto failure = CheckMandatoryFields(story_, window_, configuration_);
@@ -31,10 +40,6 @@ class MandatoryChecksTest : public ::testing::Test {
     WindowState window_;
     Configuration configuration_;
 };
-
-TEST_F(MandatoryChecksTest, NothingMandatoryPasses) {
-    EXPECT_EQ(FirstFailure(), "");
-}
 
 // Every rule fails at once; filling the first failing field shows the next one, in order.
 TEST_F(MandatoryChecksTest, RulesRunInOrderAndStopAtTheFirstFailure) {
@@ -49,20 +54,10 @@ TEST_F(MandatoryChecksTest, RulesRunInOrderAndStopAtTheFirstFailure) {
     configuration_.interface.entries["ImageCredit"].Mandatory = true;
     configuration_.interface.entries["ImageCredit"].caption = "Cr\u00e9dit";
     story_.images = {{1, "/photos/stade.jpg", "", "", {}}};
-    TreeModel& keywords = window_.Tree("treeKeywords");
-    TreeNode root;
-    root.key = "K";
-    TreeNode& rootNode = keywords.Add(nullptr, root);
-    TreeNode places;
-    places.key = "K4";
-    places.text = "Lieux [*]";
-    keywords.Add(&rootNode, places);
+    Add("treeKeywords", &Add("treeKeywords", nullptr, "K"), "K4", "Lieux [*]");
     configuration_.taxonomyOn = true;
     window_.Control("treeTaxonomy").tag = "mandatory";
-    TreeNode topics;
-    topics.key = "T0";
-    topics.text = "Sujets [*]";
-    window_.Tree("treeTaxonomy").Add(nullptr, topics);
+    Add("treeTaxonomy", nullptr, "T0", "Sujets [*]");
 
     const std::vector<std::pair<std::string, std::function<void()>>> steps = {
         {"Auteur: Champ obligatoire @lblTxtAuthor", [&] { story_.author = "a"; }},
@@ -134,7 +129,8 @@ TEST_F(MandatoryChecksTest, ColdStoryIsExemptFromDateAndNumber) {
     EXPECT_EQ(FirstFailure(), "");
 }
 
-TEST_F(MandatoryChecksTest, InvisibleFieldsAndHiddenTaxonomyAreNotChecked) {
+TEST_F(MandatoryChecksTest, NothingMandatoryInvisibleOrHiddenIsChecked) {
+    EXPECT_EQ(FirstFailure(), "");
     Mandatory("lblPublicationDate");
     PrependTagWord(window_.Control("txtPublicationDate"), "invisible");
     story_.eventDate = "32/01/2025";
@@ -142,14 +138,7 @@ TEST_F(MandatoryChecksTest, InvisibleFieldsAndHiddenTaxonomyAreNotChecked) {
     window_.Control("treeTaxonomy").tag = "invisible/mandatory";
     EXPECT_EQ(FirstFailure(), "");
     // A category without the mark needs no keyword.
-    TreeModel& keywords = window_.Tree("treeKeywords");
-    TreeNode root;
-    root.key = "K";
-    TreeNode& rootNode = keywords.Add(nullptr, root);
-    TreeNode people;
-    people.key = "K1";
-    people.text = "Personnes";
-    keywords.Add(&rootNode, people);
+    Add("treeKeywords", &Add("treeKeywords", nullptr, "K"), "K1", "Personnes");
     EXPECT_EQ(FirstFailure(), "");
 }
 
