@@ -63,80 +63,6 @@ struct Bench {
     AttachmentsPanel panel{session, nullptr};
 };
 
-class AttachmentsPanelTest : public QObject {
-    Q_OBJECT
-  private slots:
-    void aPictureChosenInTheDialogIsShownWithItsIptcValues();
-    void droppedFilesAreLinkedOrRefusedAndDelRemovesThem();
-    void theIptcWindowShowsTheValuesAndCopiesThemToThePicture();
-    void addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows();
-};
-
-void AttachmentsPanelTest::aPictureChosenInTheDialogIsShownWithItsIptcValues() {
-    Bench bench;
-    QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [0]"));
-    QVERIFY(!bench.Find<QLineEdit>("txtImageCaption")->isEnabled());
-
-    bench.bench.user.QueuePath(bench.picture);
-    QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Return);
-
-    QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [1]"));
-    QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
-    QCOMPARE(bench.Tree("treeImages")->currentItem()->toolTip(0),
-             QString::fromStdString(bench.picture.string()));
-    QCOMPARE(bench.Text("txtImageCaption"), QStringLiteral("Harbour at dawn"));
-    QCOMPARE(bench.Text("txtImageCredit"), QStringLiteral("Agency"));
-    QVERIFY(bench.Find<QLabel>("lblImageInfo")
-                ->text()
-                .startsWith(QString::fromStdString(bench.picture.string() + "   Size: ")));
-    QVERIFY(!bench.Find<QLabel>("picImage")->pixmap().isNull());
-
-    QTest::keyClicks(bench.Find<QLineEdit>("txtImageCaption"), QStringLiteral(", Brest"));
-    QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn, Brest"));
-    QVERIFY(bench.session.storyModified);
-}
-
-void AttachmentsPanelTest::droppedFilesAreLinkedOrRefusedAndDelRemovesThem() {
-    Bench bench;
-    QTreeWidget* files = bench.Tree("treeOtherFiles");
-    const std::filesystem::path notes = bench.bench.folder.Write("notes.txt", "interview");
-    bench.Drop(*files->viewport(), notes);
-    QCOMPARE(bench.CurrentText("treeOtherFiles"), QStringLiteral("notes.txt"));
-    QCOMPARE(files->currentItem()->toolTip(0), QString::fromStdString(notes.string()));
-    QTest::keyClicks(bench.Find<QLineEdit>("txtOtherFileDescription"), QStringLiteral("Notes"));
-    QCOMPARE(bench.session.story.files[0].description, std::string("Notes"));
-
-    bench.Drop(*files->viewport(), bench.picture);
-    QCOMPARE(bench.session.story.files.size(), std::size_t{1});
-    QCOMPARE(bench.bench.user.messages.back(), std::string("harbour.jpg: Photo not allowed"));
-
-    bench.Drop(*bench.Find<QLabel>("picImage"), bench.picture);
-    QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
-
-    QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Delete);
-    QVERIFY(bench.session.story.images.empty());
-    QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("Photos [0]"));
-    QCOMPARE(bench.Find<QLabel>("lblImageInfo")->text(), QString());
-}
-
-void AttachmentsPanelTest::theIptcWindowShowsTheValuesAndCopiesThemToThePicture() {
-    Bench bench;
-    bench.Drop(*bench.Tree("treeImages")->viewport(), bench.picture);
-    bench.Find<QLineEdit>("txtImageCaption")->clear();
-    QTest::keyClicks(bench.Find<QLineEdit>("txtImageCaption"), QStringLiteral("Mine"));
-    bench.Tree("treeImages")->setCurrentItem(bench.Tree("treeImages")->topLevelItem(0));
-
-    QTimer::singleShot(0, [] {
-        QWidget& dialog = *QApplication::activeModalWidget();
-        QCOMPARE(dialog.objectName(), QStringLiteral("frmIPTCImage"));
-        QCOMPARE(dialog.findChild<QTextEdit*>("rtfIPTC")->toPlainText(),
-                 QStringLiteral("Credit: Agency\nCaption/Abstract: Harbour at dawn"));
-        dialog.findChild<QPushButton*>("cmdIPTCCaption")->click();
-    });
-    bench.panel.ShowIptc();
-    QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn"));
-}
-
 // The enabled state of each entry of a tree's context menu, as "Add+ Replace- ...".
 QString ContextMenuStates(QTreeWidget& tree) {
     QString states;
@@ -153,21 +79,90 @@ QString ContextMenuStates(QTreeWidget& tree) {
     return states.trimmed();
 }
 
-void AttachmentsPanelTest::addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows() {
-    Bench bench;
-    auto* add = bench.Find<QPushButton>("cmdAddImage");
-    QCOMPARE(add->text(), QStringLiteral("Add Photo..."));
-    QVERIFY(bench.Find<QPushButton>("cmdAddOtherFile")->isVisible());
-    QTreeWidget& pictures = *bench.Tree("treeImages");
-    QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
+class AttachmentsPanelTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void aPictureChosenInTheDialogIsShownWithItsIptcValues() {
+        Bench bench;
+        QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [0]"));
+        QVERIFY(!bench.Find<QLineEdit>("txtImageCaption")->isEnabled());
 
-    bench.bench.user.QueuePath(bench.picture);
-    add->click();
-    QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
-    QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace+ Remove+ Open+ IPTC+"));
-    pictures.setCurrentItem(pictures.topLevelItem(0));
-    QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
-}
+        bench.bench.user.QueuePath(bench.picture);
+        QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Return);
+
+        QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [1]"));
+        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
+        QCOMPARE(bench.Tree("treeImages")->currentItem()->toolTip(0),
+                 QString::fromStdString(bench.picture.string()));
+        QCOMPARE(bench.Text("txtImageCaption"), QStringLiteral("Harbour at dawn"));
+        QCOMPARE(bench.Text("txtImageCredit"), QStringLiteral("Agency"));
+        QVERIFY(bench.Find<QLabel>("lblImageInfo")
+                    ->text()
+                    .startsWith(QString::fromStdString(bench.picture.string() + "   Size: ")));
+        QVERIFY(!bench.Find<QLabel>("picImage")->pixmap().isNull());
+
+        QTest::keyClicks(bench.Find<QLineEdit>("txtImageCaption"), QStringLiteral(", Brest"));
+        QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn, Brest"));
+        QVERIFY(bench.session.storyModified);
+    }
+
+    void droppedFilesAreLinkedOrRefusedAndDelRemovesThem() {
+        Bench bench;
+        QTreeWidget* files = bench.Tree("treeOtherFiles");
+        const std::filesystem::path notes = bench.bench.folder.Write("notes.txt", "interview");
+        bench.Drop(*files->viewport(), notes);
+        QCOMPARE(bench.CurrentText("treeOtherFiles"), QStringLiteral("notes.txt"));
+        QCOMPARE(files->currentItem()->toolTip(0), QString::fromStdString(notes.string()));
+        QTest::keyClicks(bench.Find<QLineEdit>("txtOtherFileDescription"), QStringLiteral("Notes"));
+        QCOMPARE(bench.session.story.files[0].description, std::string("Notes"));
+
+        bench.Drop(*files->viewport(), bench.picture);
+        QCOMPARE(bench.session.story.files.size(), std::size_t{1});
+        QCOMPARE(bench.bench.user.messages.back(), std::string("harbour.jpg: Photo not allowed"));
+
+        bench.Drop(*bench.Find<QLabel>("picImage"), bench.picture);
+        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
+
+        QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Delete);
+        QVERIFY(bench.session.story.images.empty());
+        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("Photos [0]"));
+        QCOMPARE(bench.Find<QLabel>("lblImageInfo")->text(), QString());
+    }
+
+    void theIptcWindowShowsTheValuesAndCopiesThemToThePicture() {
+        Bench bench;
+        bench.Drop(*bench.Tree("treeImages")->viewport(), bench.picture);
+        bench.Find<QLineEdit>("txtImageCaption")->clear();
+        QTest::keyClicks(bench.Find<QLineEdit>("txtImageCaption"), QStringLiteral("Mine"));
+        bench.Tree("treeImages")->setCurrentItem(bench.Tree("treeImages")->topLevelItem(0));
+
+        QTimer::singleShot(0, [] {
+            QWidget& dialog = *QApplication::activeModalWidget();
+            QCOMPARE(dialog.objectName(), QStringLiteral("frmIPTCImage"));
+            QCOMPARE(dialog.findChild<QTextEdit*>("rtfIPTC")->toPlainText(),
+                     QStringLiteral("Credit: Agency\nCaption/Abstract: Harbour at dawn"));
+            dialog.findChild<QPushButton*>("cmdIPTCCaption")->click();
+        });
+        bench.panel.ShowIptc();
+        QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn"));
+    }
+
+    void addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows() {
+        Bench bench;
+        auto* add = bench.Find<QPushButton>("cmdAddImage");
+        QCOMPARE(add->text(), QStringLiteral("Add Photo..."));
+        QVERIFY(bench.Find<QPushButton>("cmdAddOtherFile")->isVisible());
+        QTreeWidget& pictures = *bench.Tree("treeImages");
+        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
+
+        bench.bench.user.QueuePath(bench.picture);
+        add->click();
+        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
+        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace+ Remove+ Open+ IPTC+"));
+        pictures.setCurrentItem(pictures.topLevelItem(0));
+        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
+    }
+};
 
 TESSARIN_UI_TEST(AttachmentsPanelTest);
 

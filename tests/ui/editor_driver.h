@@ -5,12 +5,28 @@
 #include <QTextEdit>
 #include <QtTest>
 #include <string>
+#include <string_view>
 
 #include "app/user_interaction.h"
 #include "support/temp_dir.h"
 #include "ui/main_window.h"
 
 namespace tessarin::testing {
+
+// A newsroom with one form that holds the main box and a client for the title; attributes and
+// entries go into its Interface element, messages into its Messages element.
+inline std::string Newsroom(std::string_view attributes = "", std::string_view entries = "",
+                            std::string_view messages = "") {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<Tessarin Version=\"3.2\" StoriesEncoding=\"UTF-8\" Client=\"Valley Courier\">"
+           "<FTPTransmission><FTPServer IPNumber=\"ftp.example.org\" User=\"desk\"/>"
+           "</FTPTransmission>"
+           "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
+           "<Story/><Publications><Publication Name=\"Morning Herald\"/></Publications>"
+           "<Interface " +
+           std::string(attributes) + ">" + std::string(entries) + "</Interface><Messages>" +
+           std::string(messages) + "</Messages></Tessarin>\n";
+}
 
 // The main window on an application directory, with scripted answers, driven as a user
 // would: menu entries and buttons by their names, typing into the story panel's boxes.

@@ -12,19 +12,8 @@ namespace tessarin {
 namespace {
 
 using testing::Editor;
+using testing::Newsroom;
 using testing::TempDir;
-
-// A newsroom with one form that holds the main box; interface holds Interface's entries.
-std::string Newsroom(std::string_view interface = "") {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-           "<Tessarin Version=\"3.2\" StoriesEncoding=\"UTF-8\">"
-           "<FTPTransmission><FTPServer IPNumber=\"ftp.example.org\" User=\"desk\"/>"
-           "</FTPTransmission>"
-           "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
-           "<Story/><Publications><Publication Name=\"Morning Herald\"/></Publications>"
-           "<Interface>" +
-           std::string(interface) + "</Interface><Messages/></Tessarin>\n";
-}
 
 // How many receivers a signal of any object has: the count is protected in QObject, and a
 // pointer to it, taken through a class that makes it public, reaches it on every object.
@@ -39,110 +28,110 @@ int TriggerReceivers(const QAction& action) {
 class MainWindowCommandsTest : public QObject {
     Q_OBJECT
   private slots:
-    void theCommandsHaveTheDesktopsShortcutsUnlessConfigured();
-    void everyCommandRunsOrIsDisabled();
-    void helpNeedsNoDisplay();
-};
-
-// A menu entry either runs a command or, while its window is not built, is disabled with its
-// button; About tells the program's name and version, Insert adds a picture in its view, and
-// Save and close does both.
-void MainWindowCommandsTest::everyCommandRunsOrIsDisabled() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Newsroom());
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-    for (const MenuLayout& menu : MainMenuLayout()) {
-        for (const MenuEntryLayout& entry : menu.entries) {
-            if (entry.key == kMenuSeparator || entry.key == kRecentFilesRows) continue;
-            const std::string name = "mnu" + std::string(entry.key);
-            const QAction* action = editor.Action(name.c_str());
-            if (CommandNotBuiltYet(entry.key)) {
-                QVERIFY2(!action->isEnabled(), name.c_str());
-            } else {
-                QVERIFY2(TriggerReceivers(*action) > 0, name.c_str());
+    // A menu entry either runs a command or, while its window is not built, is disabled with its
+    // button; About tells the program's name and version, Insert adds a picture in its view, and
+    // Save and close does both.
+    void everyCommandRunsOrIsDisabled() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Newsroom());
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+        for (const MenuLayout& menu : MainMenuLayout()) {
+            for (const MenuEntryLayout& entry : menu.entries) {
+                if (entry.key == kMenuSeparator || entry.key == kRecentFilesRows) continue;
+                const std::string name = "mnu" + std::string(entry.key);
+                const QAction* action = editor.Action(name.c_str());
+                if (CommandNotBuiltYet(entry.key)) {
+                    QVERIFY2(!action->isEnabled(), name.c_str());
+                } else {
+                    QVERIFY2(TriggerReceivers(*action) > 0, name.c_str());
+                }
             }
         }
+        for (const char* button : {"ReceiveWorkflow", "InterceptWorkflow", "SendFTP", "SendMail",
+                                   "SpellChecker", "Search", "Zoom", "QA"}) {
+            QVERIFY2(!editor.Action(button)->isEnabled(), button);
+        }
+        editor.Trigger("Zoom");
+        QVERIFY(!editor.Action("Zoom")->isChecked());
+        for (const char* button : {"Save", "Bold", "Logs"})
+            QVERIFY2(editor.Action(button)->isEnabled(), button);
+
+        editor.Trigger("mnuAbout");
+        QVERIFY(editor.user.messages.back().starts_with("Tessarin " TESSARIN_VERSION));
+        editor.user.QueuePath(dir.Write("harbour.jpg", "\xFF\xD8\xFF\xD9"));
+        editor.Trigger("mnuInsertImage");
+        QCOMPARE(editor.Find<QTabWidget>("tabDisplay")->currentWidget()->objectName(),
+                 QStringLiteral("pageImages"));
+        QCOMPARE(editor.window.Session().story.images.size(), std::size_t{1});
+        editor.Trigger("mnuDisplayStory");
+        editor.Type("Ferry late");
+        editor.user.QueuePath(dir / "ferry.xml");
+        editor.Trigger("mnuFileSaveClose");
+        QVERIFY(std::filesystem::exists(dir / "ferry.xml"));
+        QCOMPARE(editor.MainBox(), std::u16string());
     }
-    for (const char* button : {"ReceiveWorkflow", "InterceptWorkflow", "SendFTP", "SendMail",
-                               "SpellChecker", "Search", "Zoom", "QA"}) {
-        QVERIFY2(!editor.Action(button)->isEnabled(), button);
+
+    // The commands' keys, shown in the menus, run them; the title marks unsaved changes.
+    void theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Newsroom("", "<FileSaveAs Shortcut=\"F12\"/>"));
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+
+        const std::pair<const char*, const char*> keys[] = {
+            {"mnuFileNew", "Ctrl+N"},      {"mnuFileOpen", "Ctrl+O"},
+            {"mnuFileSave", "Ctrl+S"},     {"mnuFileClose", "Ctrl+W"},
+            {"mnuFileExit", "Ctrl+Q"},     {"mnuFormatBold", "Ctrl+B"},
+            {"mnuFormatItalic", "Ctrl+I"}, {"mnuFormatUnderline", "Ctrl+U"},
+            {"mnuSearchText", "Ctrl+F"},   {"mnuSearchReplace", "Ctrl+H"},
+            {"mnuEditionRedo", "Ctrl+Y"},  {"mnuAbout", "F1"}};
+        for (const auto& [entry, key] : keys) {
+            QVERIFY2(editor.Action(entry)->shortcuts().contains(QKeySequence(QLatin1String(key))),
+                     entry);
+        }
+        QCOMPARE(editor.Action("mnuEditionUndo")->shortcuts(),
+                 StandardShortcuts(QKeySequence::Undo));
+        QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
+
+        // Pressed in the story's main box, the keys run their commands.
+        editor.Trigger("mnuDisplayStory");
+        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral("[*]")));
+        QVERIFY(!editor.window.isWindowModified());
+        editor.Type("Harbour");
+        QVERIFY(editor.window.isWindowModified());
+        QTextEdit* box = editor.Box(6);
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
+        QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
+        const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
+        QVERIFY(format.bold && format.underline && editor.Action("Bold")->isChecked());
+        editor.Trigger("mnuEditionUndo");  // the menu's Undo reaches the story panel
+        QVERIFY(!editor.window.Session().story.boxes[6].FormatAt(2).underline);
+        editor.user.QueuePath(dir / "harbour.xml");
+        QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(std::filesystem::exists(dir / "harbour.xml") && !editor.window.isWindowModified());
+        QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(editor.MainBox(), std::u16string());
     }
-    editor.Trigger("Zoom");
-    QVERIFY(!editor.Action("Zoom")->isChecked());
-    for (const char* button : {"Save", "Bold", "Logs"})
-        QVERIFY2(editor.Action(button)->isEnabled(), button);
 
-    editor.Trigger("mnuAbout");
-    QVERIFY(editor.user.messages.back().starts_with("Tessarin " TESSARIN_VERSION));
-    editor.user.QueuePath(dir.Write("harbour.jpg", "\xFF\xD8\xFF\xD9"));
-    editor.Trigger("mnuInsertImage");
-    QCOMPARE(editor.Find<QTabWidget>("tabDisplay")->currentWidget()->objectName(),
-             QStringLiteral("pageImages"));
-    QCOMPARE(editor.window.Session().story.images.size(), std::size_t{1});
-    editor.Trigger("mnuDisplayStory");
-    editor.Type("Ferry late");
-    editor.user.QueuePath(dir / "ferry.xml");
-    editor.Trigger("mnuFileSaveClose");
-    QVERIFY(std::filesystem::exists(dir / "ferry.xml"));
-    QCOMPARE(editor.MainBox(), std::u16string());
-}
-
-// The commands' keys, shown in the menus, run them; the title marks unsaved changes.
-void MainWindowCommandsTest::theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Newsroom("<FileSaveAs Shortcut=\"F12\"/>"));
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-
-    const std::pair<const char*, const char*> keys[] = {
-        {"mnuFileNew", "Ctrl+N"},      {"mnuFileOpen", "Ctrl+O"},
-        {"mnuFileSave", "Ctrl+S"},     {"mnuFileClose", "Ctrl+W"},
-        {"mnuFileExit", "Ctrl+Q"},     {"mnuFormatBold", "Ctrl+B"},
-        {"mnuFormatItalic", "Ctrl+I"}, {"mnuFormatUnderline", "Ctrl+U"},
-        {"mnuSearchText", "Ctrl+F"},   {"mnuSearchReplace", "Ctrl+H"},
-        {"mnuEditionRedo", "Ctrl+Y"},  {"mnuAbout", "F1"}};
-    for (const auto& [entry, key] : keys) {
-        QVERIFY2(editor.Action(entry)->shortcuts().contains(QKeySequence(QLatin1String(key))),
-                 entry);
+    // tessarin --help prints its options where there is no display at all.
+    void helpNeedsNoDisplay() {
+        QProcess editor;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QLatin1String(display));
+        editor.setProcessEnvironment(environment);
+        editor.start(QStringLiteral(TESSARIN_EDITOR_PATH), {QStringLiteral("--help")});
+        QVERIFY(editor.waitForFinished(10000));
+        QCOMPARE(editor.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(editor.exitCode(), 0);
+        const QString help = QString::fromUtf8(editor.readAllStandardOutput());
+        QVERIFY2(help.startsWith(QStringLiteral("usage: tessarin [--app-dir DIR]")),
+                 qPrintable(help));
+        QVERIFY(help.contains(QStringLiteral("--screenshot FILE")));
     }
-    QCOMPARE(editor.Action("mnuEditionUndo")->shortcuts(), StandardShortcuts(QKeySequence::Undo));
-    QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
-
-    // Pressed in the story's main box, the keys run their commands.
-    editor.Trigger("mnuDisplayStory");
-    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral("[*]")));
-    QVERIFY(!editor.window.isWindowModified());
-    editor.Type("Harbour");
-    QVERIFY(editor.window.isWindowModified());
-    QTextEdit* box = editor.Box(6);
-    box->selectAll();
-    QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
-    QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
-    const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
-    QVERIFY(format.bold && format.underline);
-    editor.user.QueuePath(dir / "harbour.xml");
-    QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
-    QVERIFY(std::filesystem::exists(dir / "harbour.xml") && !editor.window.isWindowModified());
-    QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
-    QCOMPARE(editor.MainBox(), std::u16string());
-}
-
-// tessarin --help prints its options where there is no display at all.
-void MainWindowCommandsTest::helpNeedsNoDisplay() {
-    QProcess editor;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QLatin1String(display));
-    editor.setProcessEnvironment(environment);
-    editor.start(QStringLiteral(TESSARIN_EDITOR_PATH), {QStringLiteral("--help")});
-    QVERIFY(editor.waitForFinished(10000));
-    QCOMPARE(editor.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(editor.exitCode(), 0);
-    const QString help = QString::fromUtf8(editor.readAllStandardOutput());
-    QVERIFY2(help.startsWith(QStringLiteral("usage: tessarin [--app-dir DIR]")), qPrintable(help));
-    QVERIFY(help.contains(QStringLiteral("--screenshot FILE")));
-}
+};
 
 TESSARIN_UI_TEST(MainWindowCommandsTest);
 

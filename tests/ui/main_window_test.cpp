@@ -18,187 +18,166 @@ using testing::Editor;
 using testing::ReadBytes;
 using testing::TempDir;
 
-// A newsroom with one form that holds the main box, a client for the title, and a few
-// configured captions: New is renamed, Print withdrawn, a new story is "Untitled".
+// The shared newsroom with a few configured captions: New is renamed, Print withdrawn, a new
+// story is "Untitled".
 std::string Configuration(std::string_view interfaceAttributes = "") {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-           "<Tessarin Version=\"3.2\" StoriesEncoding=\"UTF-8\" Client=\"Valley Courier\">"
-           "<FTPTransmission><FTPServer IPNumber=\"ftp.example.org\" User=\"desk\"/>"
-           "</FTPTransmission>"
-           "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
-           "<Story/><Publications><Publication Name=\"Morning Herald\"/></Publications>"
-           "<Interface " +
-           std::string(interfaceAttributes) +
-           "><FileNew>New story</FileNew>"
-           "<FilePrint Visible=\"false\">Print the story</FilePrint></Interface>"
-           "<Messages><NewStory>Untitled</NewStory></Messages></Tessarin>\n";
+    return testing::Newsroom(interfaceAttributes,
+                             "<FileNew>New story</FileNew>"
+                             "<FilePrint Visible=\"false\">Print the story</FilePrint>",
+                             "<NewStory>Untitled</NewStory>");
 }
 
 class MainWindowTest : public QObject {
     Q_OBJECT
   private slots:
-    void startShowsTheConfiguredWindow();
-    void aFirstStartWithoutConfigurationSaysWhereItGoes();
-    void aSecondInstanceEndsWhenTheConfigurationForbidsIt();
-    void newSaveReopenAndRecentFiles();
-    void closingAsksAboutTheModifiedStory();
-    void aWithdrawnInformationsViewLeavesTheStoryView();
-    void thePreferencesPlaceTheWindowAndRunTheAutomaticSave();
-    void fileDialogFiltersKeepEveryEntry();
+    void startShowsTheConfiguredWindow() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Configuration());
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+
+        QCOMPARE(editor.window.objectName(), QStringLiteral("frmTessarin"));
+        QCOMPARE(editor.window.windowTitle(),
+                 QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - Untitled[*]"));
+        QCOMPARE(editor.Action("mnuFileNew")->text(), QStringLiteral("New story"));
+        QCOMPARE(editor.Action("New")->toolTip(), QStringLiteral("New story"));
+        QCOMPARE(editor.Action("mnuFileOpen")->text(), QStringLiteral("&Open..."));
+        for (const char* withdrawn : {"mnuFilePrint", "Print", "SepPrint"}) {
+            QVERIFY2(!editor.Action(withdrawn)->isVisible(), withdrawn);
+        }
+        QVERIFY(editor.Action("Save")->isVisible());
+        QVERIFY(editor.Action("SepUndo")->isVisible());
+        QVERIFY(!editor.Action("mnuSepMRU")->isVisible());
+        QVERIFY(!editor.Action("mnuFileMRU1")->isVisible());
+
+        // The Informations view is shown, and its button pressed to agree with it.
+        auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
+        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageInformations"));
+        QVERIFY(editor.Action("Informations")->isChecked());
+        editor.Trigger("mnuDisplayStory");
+        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+        QVERIFY(editor.Action("Story")->isChecked());
+        QVERIFY(!editor.Action("mnuDisplayMetadata")->isChecked());
+    }
+
+    void aFirstStartWithoutConfigurationSaysWhereItGoes() {
+        TempDir dir;
+        Editor editor(dir);
+        QCOMPARE(editor.window.Start(""), std::optional<int>(1));
+        QCOMPARE(editor.user.messages,
+                 std::vector<std::string>{MissingConfigurationMessage(MakeAppPaths(dir.path()))});
+        QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
+
+        // A configuration named on the command line is installed first, and the editor starts.
+        TempDir elsewhere;
+        Editor installed(dir);
+        QCOMPARE(installed.window.Start(elsewhere.Write("newsroom.xml", Configuration()).string()),
+                 std::optional<int>());
+        QCOMPARE(ReadBytes(dir / "Tessarin.xml"), Configuration());
+    }
+
+    void aSecondInstanceEndsWhenTheConfigurationForbidsIt() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Configuration("MultipleInstances=\"false\""));
+        Editor first(dir);
+        QCOMPARE(first.window.Start(""), std::optional<int>());
+        Editor second(dir);
+        QCOMPARE(second.window.Start(""), std::optional<int>(1));
+        QCOMPARE(second.user.messages, std::vector<std::string>{"Program already running"});
+    }
+
+    void newSaveReopenAndRecentFiles() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Configuration());
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+        const std::filesystem::path story = dir / "brief.xml";
+
+        editor.Type("Council votes the budget");
+        editor.user.QueuePath(story);
+        editor.Trigger("Save");
+        QVERIFY(std::filesystem::exists(story));
+        QVERIFY(!editor.window.Session().storyModified);
+        QCOMPARE(editor.window.windowTitle(),
+                 QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml[*]"));
+        QVERIFY(editor.Action("mnuSepMRU")->isVisible());
+        QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
+
+        editor.Trigger("mnuFileNew");
+        QCOMPARE(editor.MainBox(), std::u16string());
+        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - Untitled[*]")));
+
+        editor.user.QueuePath(story);
+        editor.Trigger("mnuFileOpen");
+        QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
+        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - brief.xml[*]")));
+
+        editor.Trigger("Close");
+        QCOMPARE(editor.MainBox(), std::u16string());
+        editor.Trigger("mnuFileMRU1");
+        QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
+        QVERIFY(editor.user.questions.empty());
+    }
+
+    void closingAsksAboutTheModifiedStory() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Configuration());
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+        editor.Type("Unsaved lead");
+
+        editor.user.QueueAnswer(Answer::Cancel);
+        QVERIFY(!editor.window.close());
+        QVERIFY(editor.window.isVisible());
+        QCOMPARE(editor.user.questions, std::vector<std::string>{"Save current story"});
+        QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
+        QCOMPARE(editor.MainBox(), std::u16string(u"Unsaved lead"));
+
+        editor.user.QueueAnswer(Answer::No);
+        QVERIFY(editor.window.close());
+        QCOMPARE(editor.user.questions.size(), std::size_t(2));
+        const std::string preferences = ReadBytes(dir / "Tessarin.ini");
+        QVERIFY(preferences.starts_with("[MainWindow]\r\nWindowState=0\r\nLeft="));
+        const QString width = QStringLiteral("Width=%1\r\n").arg(editor.window.width());
+        QVERIFY(preferences.find(width.toStdString()) != std::string::npos);
+    }
+
+    void aWithdrawnInformationsViewLeavesTheStoryView() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Configuration("MetadataVisible=\"false\""));
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+        auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
+        QVERIFY(!tabs->isTabVisible(0));
+        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+        QVERIFY(!editor.Action("Informations")->isVisible());
+        editor.Trigger("mnuDisplayMetadata");
+        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+    }
+
+    void thePreferencesPlaceTheWindowAndRunTheAutomaticSave() {
+        TempDir dir;
+        dir.Write("Tessarin.xml", Configuration());
+        dir.Write("Tessarin.ini",
+                  "[MainWindow]\r\nWidth=640\r\nHeight=480\r\n"
+                  "[Preferences]\r\nBackupAuto=1\r\nStatusTime=0\r\n");
+        Editor editor(dir);
+        QVERIFY(editor.StartAndShow());
+        QCOMPARE(editor.window.size(), QSize(640, 480));
+        auto* timer = editor.window.findChild<QTimer*>("TimerBackupAuto");
+        QVERIFY(timer->isActive());
+        QCOMPARE(timer->interval(), 60000);
+        QVERIFY(editor.window.findChild<QWidget*>("StatusDate")->isVisible());
+        QVERIFY(!editor.window.findChild<QWidget*>("StatusTime")->isVisible());
+    }
+
+    void fileDialogFiltersKeepEveryEntry() {
+        QCOMPARE(DialogNameFilter("Stories XML (*.xml)|*.xml|Backup stories (*.bml)|*.bml"),
+                 QStringLiteral("Stories XML (*.xml);;Backup stories (*.bml)"));
+        QCOMPARE(DialogNameFilter("Stories RTF/TXT (*.rtf;*txt)|*.rtf;*.txt"),
+                 QStringLiteral("Stories RTF/TXT (*.rtf *.txt)"));
+    }
 };
-
-void MainWindowTest::startShowsTheConfiguredWindow() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Configuration());
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-
-    QCOMPARE(editor.window.objectName(), QStringLiteral("frmTessarin"));
-    QCOMPARE(editor.window.windowTitle(),
-             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - Untitled[*]"));
-    QCOMPARE(editor.Action("mnuFileNew")->text(), QStringLiteral("New story"));
-    QCOMPARE(editor.Action("New")->toolTip(), QStringLiteral("New story"));
-    QCOMPARE(editor.Action("mnuFileOpen")->text(), QStringLiteral("&Open..."));
-    for (const char* withdrawn : {"mnuFilePrint", "Print", "SepPrint"}) {
-        QVERIFY2(!editor.Action(withdrawn)->isVisible(), withdrawn);
-    }
-    QVERIFY(editor.Action("Save")->isVisible());
-    QVERIFY(editor.Action("SepUndo")->isVisible());
-    QVERIFY(!editor.Action("mnuSepMRU")->isVisible());
-    QVERIFY(!editor.Action("mnuFileMRU1")->isVisible());
-
-    // The Informations view is shown, and its button pressed to agree with it.
-    auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
-    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageInformations"));
-    QVERIFY(editor.Action("Informations")->isChecked());
-    editor.Trigger("mnuDisplayStory");
-    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
-    QVERIFY(editor.Action("Story")->isChecked());
-    QVERIFY(!editor.Action("mnuDisplayMetadata")->isChecked());
-
-    for (const char* made : {"Upload", "Upload/Logs", "XSLT"}) {
-        QVERIFY2(std::filesystem::is_directory(dir / made), made);
-    }
-}
-
-void MainWindowTest::aFirstStartWithoutConfigurationSaysWhereItGoes() {
-    TempDir dir;
-    Editor editor(dir);
-    QCOMPARE(editor.window.Start(""), std::optional<int>(1));
-    QCOMPARE(editor.user.messages,
-             std::vector<std::string>{MissingConfigurationMessage(MakeAppPaths(dir.path()))});
-    QVERIFY(std::filesystem::is_directory(dir / "Upload/Logs"));
-    QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
-
-    // A configuration named on the command line is installed first, and the editor starts.
-    TempDir elsewhere;
-    const std::filesystem::path given = elsewhere.Write("newsroom.xml", Configuration());
-    Editor installed(dir);
-    QCOMPARE(installed.window.Start(given.string()), std::optional<int>());
-    QCOMPARE(ReadBytes(dir / "Tessarin.xml"), Configuration());
-}
-
-void MainWindowTest::aSecondInstanceEndsWhenTheConfigurationForbidsIt() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Configuration("MultipleInstances=\"false\""));
-    Editor first(dir);
-    QCOMPARE(first.window.Start(""), std::optional<int>());
-    Editor second(dir);
-    QCOMPARE(second.window.Start(""), std::optional<int>(1));
-    QCOMPARE(second.user.messages, std::vector<std::string>{"Program already running"});
-}
-
-void MainWindowTest::newSaveReopenAndRecentFiles() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Configuration());
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-    const std::filesystem::path story = dir / "brief.xml";
-
-    editor.Type("Council votes the budget");
-    editor.user.QueuePath(story);
-    editor.Trigger("Save");
-    QVERIFY(std::filesystem::exists(story));
-    QVERIFY(!editor.window.Session().storyModified);
-    QCOMPARE(editor.window.windowTitle(),
-             QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml[*]"));
-    QVERIFY(editor.Action("mnuSepMRU")->isVisible());
-    QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
-
-    editor.Trigger("mnuFileNew");
-    QCOMPARE(editor.MainBox(), std::u16string());
-    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - Untitled[*]")));
-
-    editor.user.QueuePath(story);
-    editor.Trigger("mnuFileOpen");
-    QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
-    QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - brief.xml[*]")));
-
-    editor.Trigger("Close");
-    QCOMPARE(editor.MainBox(), std::u16string());
-    editor.Trigger("mnuFileMRU1");
-    QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
-    QVERIFY(editor.user.questions.empty());
-}
-
-void MainWindowTest::closingAsksAboutTheModifiedStory() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Configuration());
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-    editor.Type("Unsaved lead");
-
-    editor.user.QueueAnswer(Answer::Cancel);
-    QVERIFY(!editor.window.close());
-    QVERIFY(editor.window.isVisible());
-    QCOMPARE(editor.user.questions, std::vector<std::string>{"Save current story"});
-    QVERIFY(!std::filesystem::exists(dir / "Tessarin.ini"));
-    QCOMPARE(editor.MainBox(), std::u16string(u"Unsaved lead"));
-
-    editor.user.QueueAnswer(Answer::No);
-    QVERIFY(editor.window.close());
-    QCOMPARE(editor.user.questions.size(), std::size_t(2));
-    const std::string preferences = ReadBytes(dir / "Tessarin.ini");
-    QVERIFY(preferences.starts_with("[MainWindow]\r\nWindowState=0\r\nLeft="));
-    const QString width = QStringLiteral("Width=%1\r\n").arg(editor.window.width());
-    QVERIFY(preferences.find(width.toStdString()) != std::string::npos);
-}
-
-void MainWindowTest::aWithdrawnInformationsViewLeavesTheStoryView() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Configuration("MetadataVisible=\"false\""));
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-    auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
-    QVERIFY(!tabs->isTabVisible(0));
-    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
-    QVERIFY(!editor.Action("Informations")->isVisible());
-    editor.Trigger("mnuDisplayMetadata");
-    QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
-}
-
-void MainWindowTest::thePreferencesPlaceTheWindowAndRunTheAutomaticSave() {
-    TempDir dir;
-    dir.Write("Tessarin.xml", Configuration());
-    dir.Write("Tessarin.ini",
-              "[MainWindow]\r\nWidth=640\r\nHeight=480\r\n"
-              "[Preferences]\r\nBackupAuto=1\r\nStatusTime=0\r\n");
-    Editor editor(dir);
-    QVERIFY(editor.StartAndShow());
-    QCOMPARE(editor.window.size(), QSize(640, 480));
-    auto* timer = editor.window.findChild<QTimer*>("TimerBackupAuto");
-    QVERIFY(timer->isActive());
-    QCOMPARE(timer->interval(), 60000);
-    QVERIFY(editor.window.findChild<QWidget*>("StatusDate")->isVisible());
-    QVERIFY(!editor.window.findChild<QWidget*>("StatusTime")->isVisible());
-}
-
-void MainWindowTest::fileDialogFiltersKeepEveryEntry() {
-    QCOMPARE(DialogNameFilter("Stories XML (*.xml)|*.xml|Backup stories (*.bml)|*.bml"),
-             QStringLiteral("Stories XML (*.xml);;Backup stories (*.bml)"));
-    QCOMPARE(DialogNameFilter("Stories RTF/TXT (*.rtf;*txt)|*.rtf;*.txt"),
-             QStringLiteral("Stories RTF/TXT (*.rtf *.txt)"));
-}
 
 TESSARIN_UI_TEST(MainWindowTest);
 

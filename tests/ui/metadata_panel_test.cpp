@@ -90,178 +90,171 @@ struct Bench {
 class MetadataPanelTest : public QObject {
     Q_OBJECT
   private slots:
-    void aClickInThePublicationsFilesTheStoryAndHighlightsTheChain();
-    void keywordsAreAddedInPlaceAndRemovedWithDel();
-    void aCheckedTopicIsTheStorysAndBold();
-    void datesFollowTypingStepsAndTheCalendar();
-    void coldStoryLockAndStatus();
-    void theSearchDialogCountsFindsAndSwitchesViews();
-    void theMetadataDialogEditsTheClassification();
-};
+    void aClickInThePublicationsFilesTheStoryAndHighlightsTheChain() {
+        Bench bench;
+        QSignalSpy changed(&bench.panel, &SessionView::sessionChanged);
+        bench.Click("treePublications", "T1");
 
-void MetadataPanelTest::aClickInThePublicationsFilesTheStoryAndHighlightsTheChain() {
-    Bench bench;
-    QSignalSpy changed(&bench.panel, &SessionView::sessionChanged);
-    bench.Click("treePublications", "T1");
+        QCOMPARE(bench.Text("txtPublication"), QStringLiteral("Herald"));
+        QCOMPARE(bench.Text("txtClassification"), QStringLiteral("City"));
+        QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon"));
+        QCOMPARE(bench.Text("txtSubSectionLocal"), QStringLiteral("Croix-Rousse"));
+        QCOMPARE(bench.Text("txtCodeLocal1"), QStringLiteral("69"));
+        QCOMPARE(bench.Text("txtCodeLocal2"), QStringLiteral("004"));
+        QCOMPARE(bench.Find<QLabel>("lblCodeLocal1")->text(), QStringLiteral("Town"));
+        QVERIFY(bench.Find<QLineEdit>("txtPublication")->isReadOnly());
+        QCOMPARE(changed.count(), 1);
 
-    QCOMPARE(bench.Text("txtPublication"), QStringLiteral("Herald"));
-    QCOMPARE(bench.Text("txtClassification"), QStringLiteral("City"));
-    QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon"));
-    QCOMPARE(bench.Text("txtSubSectionLocal"), QStringLiteral("Croix-Rousse"));
-    QCOMPARE(bench.Text("txtCodeLocal1"), QStringLiteral("69"));
-    QCOMPARE(bench.Text("txtCodeLocal2"), QStringLiteral("004"));
-    QCOMPARE(bench.Find<QLabel>("lblCodeLocal1")->text(), QStringLiteral("Town"));
-    QVERIFY(bench.Find<QLineEdit>("txtPublication")->isReadOnly());
-    QCOMPARE(changed.count(), 1);
+        const QColor highlight(255, 255, 0);
+        for (const char* key : {"P1", "C1", "S1", "T1"}) {
+            QVERIFY(bench.Item("treePublications", key)->font(0).bold());
+            QCOMPARE(bench.Item("treePublications", key)->background(0).color(), highlight);
+        }
+        QTreeWidgetItem* sibling = bench.Item("treePublications", "T2");
+        QVERIFY(!sibling->font(0).bold());
+        QCOMPARE(sibling->background(0).color(), QColor(Qt::white));
 
-    const QColor highlight(255, 255, 0);
-    for (const char* key : {"P1", "C1", "S1", "T1"}) {
-        QVERIFY(bench.Item("treePublications", key)->font(0).bold());
-        QCOMPARE(bench.Item("treePublications", key)->background(0).color(), highlight);
+        // The pointer over a sub-section shows its code and name.
+        emit bench.Tree("treePublications")->itemEntered(sibling, 0);
+        QCOMPARE(bench.Tree("treePublications")->toolTip(), QStringLiteral("69/009 - Vaise"));
+
+        // A new story is filed nowhere: neither highlight nor selection is left.
+        bench.bench.user.QueueAnswer(Answer::No);
+        QVERIFY(NewStory(bench.session));
+        bench.panel.Refresh();
+        QCOMPARE(bench.Text("txtPublication"), QString());
+        QVERIFY(!bench.Item("treePublications", "T1")->font(0).bold());
+        QVERIFY(bench.Tree("treePublications")->selectedItems().isEmpty());
     }
-    QTreeWidgetItem* sibling = bench.Item("treePublications", "T2");
-    QVERIFY(!sibling->font(0).bold());
-    QCOMPARE(sibling->background(0).color(), QColor(Qt::white));
 
-    // The pointer over a sub-section shows its code and name.
-    emit bench.Tree("treePublications")->itemEntered(sibling, 0);
-    QCOMPARE(bench.Tree("treePublications")->toolTip(), QStringLiteral("69/009 - Vaise"));
+    void keywordsAreAddedInPlaceAndRemovedWithDel() {
+        Bench bench;
+        QTreeWidget* tree = bench.Tree("treeKeywords");
+        auto type = [&](const char* text) {
+            tree->setCurrentItem(bench.Item("treeKeywords", "K1/new"));
+            QTest::keyClick(tree, Qt::Key_Return);
+            auto* editor = tree->viewport()->findChild<QLineEdit*>();
+            QVERIFY(editor != nullptr);
 
-    // A new story is filed nowhere: neither highlight nor selection is left.
-    bench.bench.user.QueueAnswer(Answer::No);
-    QVERIFY(NewStory(bench.session));
-    bench.panel.Refresh();
-    QCOMPARE(bench.Text("txtPublication"), QString());
-    QVERIFY(!bench.Item("treePublications", "T1")->font(0).bold());
-    QVERIFY(bench.Tree("treePublications")->selectedItems().isEmpty());
-}
+            editor->selectAll();
+            QTest::keyClicks(editor, QString::fromUtf8(text));
+            QTest::keyClick(editor, Qt::Key_Return);
+        };
+        type("Lyon");
+        QTRY_COMPARE(bench.session.story.keywords, (std::vector<StoryKeyword>{{"K1", "Lyon"}}));
+        QCOMPARE(bench.Item("treeKeywords", "K1/1")->text(0), QStringLiteral("Lyon"));
+        QCOMPARE(bench.Item("treeKeywords", "K1/new")->text(0), QStringLiteral("New keyword"));
+        QCOMPARE(SessionTreeWidget::KeyOf(tree->currentItem()), std::string("K1/new"));
+        QVERIFY(bench.session.storyModified);
 
-void MetadataPanelTest::keywordsAreAddedInPlaceAndRemovedWithDel() {
-    Bench bench;
-    QTreeWidget* tree = bench.Tree("treeKeywords");
-    auto type = [&](const char* text) {
-        tree->setCurrentItem(bench.Item("treeKeywords", "K1/new"));
-        QTest::keyClick(tree, Qt::Key_Return);
-        auto* editor = tree->viewport()->findChild<QLineEdit*>();
-        QVERIFY(editor != nullptr);
+        type("Lyon");
+        QTRY_COMPARE(bench.session.window.Status().text,
+                     std::string("Lyon: Keyword already present in list"));
+        QCOMPARE(bench.session.story.keywords.size(), std::size_t{1});
 
-        editor->selectAll();
-        QTest::keyClicks(editor, QString::fromUtf8(text));
-        QTest::keyClick(editor, Qt::Key_Return);
-    };
-    type("Lyon");
-    QTRY_COMPARE(bench.session.story.keywords, (std::vector<StoryKeyword>{{"K1", "Lyon"}}));
-    QCOMPARE(bench.Item("treeKeywords", "K1/1")->text(0), QStringLiteral("Lyon"));
-    QCOMPARE(bench.Item("treeKeywords", "K1/new")->text(0), QStringLiteral("New keyword"));
-    QCOMPARE(SessionTreeWidget::KeyOf(tree->currentItem()), std::string("K1/new"));
-    QVERIFY(bench.session.storyModified);
+        tree->setCurrentItem(bench.Item("treeKeywords", "K1/1"));
+        QTest::keyClick(tree, Qt::Key_Delete);
+        QVERIFY(bench.session.story.keywords.empty());
+        QCOMPARE(bench.Item("treeKeywords", "K1/1"), nullptr);
+    }
 
-    type("Lyon");
-    QTRY_COMPARE(bench.session.window.Status().text,
-                 std::string("Lyon: Keyword already present in list"));
-    QCOMPARE(bench.session.story.keywords.size(), std::size_t{1});
+    void aCheckedTopicIsTheStorysAndBold() {
+        Bench bench;
+        QTreeWidgetItem* sport = bench.Item("treeTaxonomy", "T0/1");
+        QVERIFY(sport->flags() & Qt::ItemIsUserCheckable);
+        sport->setCheckState(0, Qt::Checked);
+        QCOMPARE(bench.session.story.taxonomy, (std::vector<TaxonomyTopic>{{"Sport", 15000000}}));
+        QVERIFY(bench.Item("treeTaxonomy", "T0/1")->font(0).bold());
+        QVERIFY(bench.Tree("treeTaxonomy")->isVisible());
+    }
 
-    tree->setCurrentItem(bench.Item("treeKeywords", "K1/1"));
-    QTest::keyClick(tree, Qt::Key_Delete);
-    QVERIFY(bench.session.story.keywords.empty());
-    QCOMPARE(bench.Item("treeKeywords", "K1/1"), nullptr);
-}
+    void datesFollowTypingStepsAndTheCalendar() {
+        Bench bench;
+        QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("11/03/2025"));
+        auto* date = bench.Find<QLineEdit>("txtPublicationDate");
+        date->clear();
+        QTest::keyClicks(date, QStringLiteral("09/03/2025"));
+        QCOMPARE(bench.session.story.publicationDate, std::string("09/03/2025"));
+        emit date->editingFinished();
+        QCOMPARE(bench.session.window.Status().text, std::string("Expired publication date"));
 
-void MetadataPanelTest::aCheckedTopicIsTheStorysAndBold() {
-    Bench bench;
-    QTreeWidgetItem* sport = bench.Item("treeTaxonomy", "T0/1");
-    QVERIFY(sport->flags() & Qt::ItemIsUserCheckable);
-    sport->setCheckState(0, Qt::Checked);
-    QCOMPARE(bench.session.story.taxonomy, (std::vector<TaxonomyTopic>{{"Sport", 15000000}}));
-    QVERIFY(bench.Item("treeTaxonomy", "T0/1")->font(0).bold());
-    QVERIFY(bench.Tree("treeTaxonomy")->isVisible());
-}
+        bench.Find<UpDownControl>("udDate")->stepBy(1);
+        QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("10/03/2025"));
+        QCOMPARE(bench.session.window.Status().text, std::string());
 
-void MetadataPanelTest::datesFollowTypingStepsAndTheCalendar() {
-    Bench bench;
-    QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("11/03/2025"));
-    auto* date = bench.Find<QLineEdit>("txtPublicationDate");
-    date->clear();
-    QTest::keyClicks(date, QStringLiteral("09/03/2025"));
-    QCOMPARE(bench.session.story.publicationDate, std::string("09/03/2025"));
-    emit date->editingFinished();
-    QCOMPARE(bench.session.window.Status().text, std::string("Expired publication date"));
+        QTest::mouseClick(bench.Find<QToolButton>("cmdDate"), Qt::LeftButton);
+        auto* monthView = bench.Find<QCalendarWidget>("MonthViewPublicationDate");
+        QVERIFY(monthView->isVisible());
+        QCOMPARE(monthView->selectedDate(), QDate(2025, 3, 10));
+        emit monthView->clicked(QDate(2025, 4, 2));
+        QVERIFY(!monthView->isVisible());
+        QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("02/04/2025"));
+        QVERIFY(!bench.Find<QToolButton>("cmdDate")->icon().isNull());
 
-    bench.Find<UpDownControl>("udDate")->stepBy(1);
-    QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("10/03/2025"));
-    QCOMPARE(bench.session.window.Status().text, std::string());
+        bench.Find<QLineEdit>("txtPublicationNumber")->setText(QStringLiteral("12"));
+        emit bench.Find<QLineEdit>("txtPublicationNumber")->textEdited(QStringLiteral("12"));
+        bench.Find<UpDownControl>("udNumber")->stepBy(-1);
+        QCOMPARE(bench.Text("txtPublicationNumber"), QStringLiteral("11"));
+    }
 
-    QTest::mouseClick(bench.Find<QToolButton>("cmdDate"), Qt::LeftButton);
-    auto* monthView = bench.Find<QCalendarWidget>("MonthViewPublicationDate");
-    QVERIFY(monthView->isVisible());
-    QCOMPARE(monthView->selectedDate(), QDate(2025, 3, 10));
-    emit monthView->clicked(QDate(2025, 4, 2));
-    QVERIFY(!monthView->isVisible());
-    QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("02/04/2025"));
-    QVERIFY(!bench.Find<QToolButton>("cmdDate")->icon().isNull());
+    void coldStoryLockAndStatus() {
+        Bench bench;
+        QTest::mouseClick(bench.Find<QCheckBox>("chkColdStory"), Qt::LeftButton);
+        QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
+        QCOMPARE(bench.Text("txtPublicationDate"), QString());
+        QVERIFY(!bench.Find<UpDownControl>("udNumber")->isEnabled());
 
-    bench.Find<QLineEdit>("txtPublicationNumber")->setText(QStringLiteral("12"));
-    emit bench.Find<QLineEdit>("txtPublicationNumber")->textEdited(QStringLiteral("12"));
-    bench.Find<UpDownControl>("udNumber")->stepBy(-1);
-    QCOMPARE(bench.Text("txtPublicationNumber"), QStringLiteral("11"));
-}
+        bench.panel.LockMetadata(true);
+        QVERIFY(bench.Find<QLabel>("lblMetadataLocked")->isVisible());
+        QVERIFY(!bench.Tree("treePublications")->isEnabled());
+        QVERIFY(!bench.Find<QComboBox>("lstStatus")->isEnabled());
+        bench.panel.LockMetadata(false);
+        QVERIFY(!bench.Find<QLabel>("lblMetadataLocked")->isVisible());
+        QVERIFY(bench.Tree("treeKeywords")->isEnabled());
+        QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
 
-void MetadataPanelTest::coldStoryLockAndStatus() {
-    Bench bench;
-    QTest::mouseClick(bench.Find<QCheckBox>("chkColdStory"), Qt::LeftButton);
-    QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
-    QCOMPARE(bench.Text("txtPublicationDate"), QString());
-    QVERIFY(!bench.Find<UpDownControl>("udNumber")->isEnabled());
+        auto* status = bench.Find<QComboBox>("lstStatus");
+        QCOMPARE(status->currentText(), QStringLiteral("Ready"));
+        emit status->activated(0);
+        QCOMPARE(bench.session.story.statusIndex, 0);
+    }
 
-    bench.panel.LockMetadata(true);
-    QVERIFY(bench.Find<QLabel>("lblMetadataLocked")->isVisible());
-    QVERIFY(!bench.Tree("treePublications")->isEnabled());
-    QVERIFY(!bench.Find<QComboBox>("lstStatus")->isEnabled());
-    bench.panel.LockMetadata(false);
-    QVERIFY(!bench.Find<QLabel>("lblMetadataLocked")->isVisible());
-    QVERIFY(bench.Tree("treeKeywords")->isEnabled());
-    QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
+    void theSearchDialogCountsFindsAndSwitchesViews() {
+        Bench bench;
+        bench.AnswerDialog([&] { bench.panel.SearchPublications(); },
+                           [](QDialog& dialog) {
+                               QCOMPARE(dialog.objectName(),
+                                        QStringLiteral("frmSearchPublications"));
+                               QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [5 items]")));
+                               dialog.findChild<QRadioButton*>("optAllPublications")->click();
+                               QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [8 items]")));
+                               dialog.findChild<QRadioButton*>("optSearchCode1")->click();
+                               dialog.findChild<QLineEdit*>("txtSearch")->setText(" 69 ");
+                               dialog.findChild<QPushButton*>("cmdOK")->click();
+                           });
+        QVERIFY(bench.session.configuration.publications.allPublications);
+        QCOMPARE(bench.Tree("treePublications")->topLevelItem(0)->childCount(), 2);
+        QVERIFY(bench.Item("treePublications", "T1")->font(0).bold());
+        QVERIFY(bench.Item("treePublications", "T2")->font(0).bold());
+        QVERIFY(!bench.Item("treePublications", "T3")->font(0).bold());
+    }
 
-    auto* status = bench.Find<QComboBox>("lstStatus");
-    QCOMPARE(status->currentText(), QStringLiteral("Ready"));
-    emit status->activated(0);
-    QCOMPARE(bench.session.story.statusIndex, 0);
-}
-
-void MetadataPanelTest::theSearchDialogCountsFindsAndSwitchesViews() {
-    Bench bench;
-    bench.AnswerDialog([&] { bench.panel.SearchPublications(); },
-                       [](QDialog& dialog) {
-                           QCOMPARE(dialog.objectName(), QStringLiteral("frmSearchPublications"));
-                           QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [5 items]")));
-                           dialog.findChild<QRadioButton*>("optAllPublications")->click();
-                           QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [8 items]")));
-                           dialog.findChild<QRadioButton*>("optSearchCode1")->click();
-                           dialog.findChild<QLineEdit*>("txtSearch")->setText(" 69 ");
-                           dialog.findChild<QPushButton*>("cmdOK")->click();
-                       });
-    QVERIFY(bench.session.configuration.publications.allPublications);
-    QCOMPARE(bench.Tree("treePublications")->topLevelItem(0)->childCount(), 2);
-    QVERIFY(bench.Item("treePublications", "T1")->font(0).bold());
-    QVERIFY(bench.Item("treePublications", "T2")->font(0).bold());
-    QVERIFY(!bench.Item("treePublications", "T3")->font(0).bold());
-}
-
-void MetadataPanelTest::theMetadataDialogEditsTheClassification() {
-    Bench bench;
-    bench.Click("treePublications", "S1");
-    bench.session.storyModified = false;
-    bench.AnswerDialog([&] { bench.panel.EditClassification(); },
-                       [](QDialog& dialog) {
-                           QCOMPARE(dialog.windowTitle(), QStringLiteral("Metadata..."));
-                           auto* field = dialog.findChild<QLineEdit*>("txtSectionLocal");
-                           QCOMPARE(field->text(), QStringLiteral("Lyon"));
-                           field->setText(QStringLiteral("Lyon Ouest"));
-                           dialog.findChild<QPushButton*>("cmdOK")->click();
-                       });
-    QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon Ouest"));
-    QVERIFY(bench.session.storyModified);
-}
+    void theMetadataDialogEditsTheClassification() {
+        Bench bench;
+        bench.Click("treePublications", "S1");
+        bench.session.storyModified = false;
+        bench.AnswerDialog([&] { bench.panel.EditClassification(); },
+                           [](QDialog& dialog) {
+                               QCOMPARE(dialog.windowTitle(), QStringLiteral("Metadata..."));
+                               auto* field = dialog.findChild<QLineEdit*>("txtSectionLocal");
+                               QCOMPARE(field->text(), QStringLiteral("Lyon"));
+                               field->setText(QStringLiteral("Lyon Ouest"));
+                               dialog.findChild<QPushButton*>("cmdOK")->click();
+                           });
+        QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon Ouest"));
+        QVERIFY(bench.session.storyModified);
+    }
+};
 
 TESSARIN_UI_TEST(MetadataPanelTest);
 

@@ -58,78 +58,62 @@ struct Session {
 class PreferencesDialogTest : public QObject {
     Q_OBJECT
   private slots:
-    void okWritesTheChangedPreferences();
-    void cancelChangesNothing();
-    void optionsShowAndSetTheirPreference();
-    void theWindowFitsALaptopScreen();
+    // Each control shows its preference and hands the user's choice to the session on OK.
+    void theControlsSetTheirPreferencesOnOk() {
+        Session editor;
+        PreferencesDialog dialog(editor.session);
+        QCOMPARE(editor.Find<QCheckBox>(dialog, "chkToolBarVisible")->text(),
+                 QStringLiteral("Show the tool bar"));
+        QVERIFY(editor.Find<QRadioButton>(dialog, "optDailyInterval")->isChecked());
+        QVERIFY(editor.Find<QCheckBox>(dialog, "chkCheckSpellingAlwaysSuggest")->isEnabled());
+        editor.Edit(dialog);
+        editor.Find<QRadioButton>(dialog, "optWeeklyInterval")->click();
+        editor.Find<QRadioButton>(dialog, "optSpellChecker1")->click();
+        QVERIFY(!editor.Find<QCheckBox>(dialog, "chkCheckSpellingAlwaysSuggest")->isEnabled());
+        editor.Find<QRadioButton>(dialog, "optNotAddXSLT")->click();
+        editor.Find<QPushButton>(dialog, "cmdClearMRU")->click();
+        editor.Find<QPushButton>(dialog, "cmdOK")->click();
+
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        const std::pair<const char*, const char*> stored[] = {
+            {"ToolBarVisible", "0"}, {"IPTCByline", "1"},        {"BackupAutoTime", "25"},
+            {"DailyInterval", "7"},  {"CheckSpellingType", "1"}, {"UseXSLT", "0"}};
+        for (const auto& [key, value] : stored)
+            QVERIFY2(editor.Stored(key) == std::optional<std::string>(value), key);
+        QCOMPARE(editor.session.preferences.BackupAutoTime, 25);
+        QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"), std::nullopt);
+    }
+
+    void cancelChangesNothing() {
+        Session editor;
+        const Preferences before = editor.session.preferences;
+        PreferencesDialog dialog(editor.session);
+        editor.Edit(dialog);
+        editor.Find<QPushButton>(dialog, "cmdClearMRU")->click();
+        editor.Find<QPushButton>(dialog, "cmdCancel")->click();
+
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QCOMPARE(ReadBytes(editor.session.profile.Path()), std::string(kStoredPreferences));
+        QVERIFY(editor.session.preferences == before);
+    }
+
+    // On a 1366 x 768 screen, less the title bar and a panel, the window opens whole with every
+    // tab of its row, and a page taller than the room scrolls.
+    void theWindowFitsALaptopScreen() {
+        Session editor;
+        PreferencesDialog dialog(editor.session);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const QSize room(1366, 768 - 80);
+        QVERIFY2(dialog.height() <= room.height() && dialog.width() <= room.width(),
+                 qPrintable(QStringLiteral("%1 x %2").arg(dialog.width()).arg(dialog.height())));
+        QVERIFY(dialog.minimumSizeHint().height() <= room.height());
+        auto* pages = editor.Find<QTabWidget>(dialog, "tabPreferences");
+        QVERIFY(pages->tabBar()->sizeHint().width() <= pages->width());
+        for (int page = 0; page < pages->count(); ++page)
+            QVERIFY(qobject_cast<QScrollArea*>(pages->widget(page)) != nullptr);
+    }
 };
-
-void PreferencesDialogTest::okWritesTheChangedPreferences() {
-    Session editor;
-    PreferencesDialog dialog(editor.session);
-    QCOMPARE(editor.Find<QCheckBox>(dialog, "chkToolBarVisible")->text(),
-             QStringLiteral("Show the tool bar"));
-    editor.Edit(dialog);
-    editor.Find<QPushButton>(dialog, "cmdOK")->click();
-
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(editor.Stored("ToolBarVisible"), std::optional<std::string>("0"));
-    QCOMPARE(editor.Stored("IPTCByline"), std::optional<std::string>("1"));
-    QCOMPARE(editor.Stored("BackupAutoTime"), std::optional<std::string>("25"));
-    QVERIFY(!editor.session.preferences.ToolBarVisible);
-    QCOMPARE(editor.session.preferences.BackupAutoTime, 25);
-    QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"),
-             std::optional<std::string>("/s/a.xml"));
-}
-
-void PreferencesDialogTest::cancelChangesNothing() {
-    Session editor;
-    const Preferences before = editor.session.preferences;
-    PreferencesDialog dialog(editor.session);
-    editor.Edit(dialog);
-    editor.Find<QPushButton>(dialog, "cmdClearMRU")->click();
-    editor.Find<QPushButton>(dialog, "cmdCancel")->click();
-
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    QCOMPARE(ReadBytes(editor.session.profile.Path()), std::string(kStoredPreferences));
-    QVERIFY(editor.session.preferences == before);
-}
-
-void PreferencesDialogTest::optionsShowAndSetTheirPreference() {
-    Session editor;
-    PreferencesDialog dialog(editor.session);
-    QVERIFY(editor.Find<QRadioButton>(dialog, "optDailyInterval")->isChecked());
-    QVERIFY(editor.Find<QCheckBox>(dialog, "chkCheckSpellingAlwaysSuggest")->isEnabled());
-
-    editor.Find<QRadioButton>(dialog, "optWeeklyInterval")->click();
-    editor.Find<QRadioButton>(dialog, "optSpellChecker1")->click();
-    QVERIFY(!editor.Find<QCheckBox>(dialog, "chkCheckSpellingAlwaysSuggest")->isEnabled());
-    editor.Find<QRadioButton>(dialog, "optNotAddXSLT")->click();
-    editor.Find<QPushButton>(dialog, "cmdClearMRU")->click();
-    editor.Find<QPushButton>(dialog, "cmdOK")->click();
-
-    QCOMPARE(editor.Stored("DailyInterval"), std::optional<std::string>("7"));
-    QCOMPARE(editor.Stored("CheckSpellingType"), std::optional<std::string>("1"));
-    QCOMPARE(editor.Stored("UseXSLT"), std::optional<std::string>("0"));
-    QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"), std::nullopt);
-}
-
-// On a 1366 x 768 screen, less the title bar and a panel, the window opens whole with every
-// tab of its row, and a page taller than the room scrolls.
-void PreferencesDialogTest::theWindowFitsALaptopScreen() {
-    Session editor;
-    PreferencesDialog dialog(editor.session);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    const QSize room(1366, 768 - 80);
-    QVERIFY2(dialog.height() <= room.height() && dialog.width() <= room.width(),
-             qPrintable(QStringLiteral("%1 x %2").arg(dialog.width()).arg(dialog.height())));
-    QVERIFY(dialog.minimumSizeHint().height() <= room.height());
-    auto* pages = editor.Find<QTabWidget>(dialog, "tabPreferences");
-    QVERIFY(pages->tabBar()->sizeHint().width() <= pages->width());
-    for (int page = 0; page < pages->count(); ++page)
-        QVERIFY(qobject_cast<QScrollArea*>(pages->widget(page)) != nullptr);
-}
 
 TESSARIN_UI_TEST(PreferencesDialogTest);
 

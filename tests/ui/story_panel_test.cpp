@@ -1,11 +1,9 @@
 #include "ui/editor_session_qt.h"  // first: before any header that includes the session
 
-#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -17,8 +15,6 @@
 #include "editing/copy_fit.h"
 #include "editing/panel_session.h"
 #include "editing/story_forms.h"
-#include "support/temp_dir.h"
-#include "ui/main_window.h"
 #include "ui/story_panel.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/ui_test_registry.h"
@@ -114,19 +110,17 @@ class StoryPanelTest : public QObject {
     // The preference TabInText decides what Tab does in every text box.
     void TheTabKeyFollowsItsPreference() {
         PanelBench panel;
-        for (int box : {0, 1, 6}) {
-            panel.Select(box, 0, 0);
-            QTest::keyClick(&panel.Box(box), Qt::Key_Tab);
-            QVERIFY2(!panel.Box(box).hasFocus(), qPrintable(QString::number(box)));
-            QCOMPARE(panel.Core(box), QString());
-        }
-        panel.bench.session.preferences.TabInText = true;
-        panel.panel->Refresh();
-        for (int box : {0, 1, 6}) {
-            panel.Select(box, 0, 0);
-            QTest::keyClick(&panel.Box(box), Qt::Key_Tab);
-            QVERIFY(panel.Box(box).hasFocus());
-            QCOMPARE(panel.Core(box), QStringLiteral("\t"));
+        for (const bool tabInText : {false, true}) {
+            panel.bench.session.preferences.TabInText = tabInText;
+            panel.panel->Refresh();
+            for (int box : {0, 1, 6}) {
+                panel.Select(box, 0, 0);
+                QTest::keyClick(&panel.Box(box), Qt::Key_Tab);
+                const QString row = QStringLiteral("box %1, TabInText %2").arg(box).arg(tabInText);
+                QVERIFY2(panel.Box(box).hasFocus() == tabInText, qPrintable(row));
+                QVERIFY2(panel.Core(box) == (tabInText ? QStringLiteral("\t") : QString()),
+                         qPrintable(row));
+            }
         }
     }
 
@@ -256,34 +250,6 @@ class StoryPanelTest : public QObject {
             QCOMPARE(bridge.ToBoxPosition(position), boxPositions[position]);
             QCOMPARE(bridge.ToDocumentPosition(boxPositions[position]), position);
         }
-    }
-
-    void TheMainWindowsMenusRunThePanelsCommands() {
-        testing::TempDir dir;
-        dir.Write("Tessarin.xml",
-                  "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Tessarin Version=\"3.2\">"
-                  "<Metadata><Forms><Form Name=\"Brief\" TextBoxes=\"7\"/></Forms></Metadata>"
-                  "<Story/></Tessarin>\n");
-        ScriptedInteraction user;
-        MainWindow window(MakeAppPaths(dir.path()), &user);
-        QVERIFY(!window.Start(""));
-        QSignalSpy activated(&window, &MainWindow::firstActivationDone);
-        window.show();
-        QVERIFY(activated.wait(5000));
-        const auto action = [&window](const char* name) {
-            return window.findChild<QAction*>(QLatin1String(name));
-        };
-        action("mnuDisplayStory")->trigger();
-        auto* box = window.findChild<QTextEdit*>(QStringLiteral("TextBox6"));
-        box->setFocus();
-        QTest::keyClicks(box, "news");
-        box->selectAll();
-        action("mnuFormatBold")->trigger();
-        QVERIFY(window.Session().story.boxes[6].FormatAt(0).bold);
-        QVERIFY(action("Bold")->isChecked());
-        action("mnuEditionUndo")->trigger();
-        QVERIFY(!window.Session().story.boxes[6].FormatAt(0).bold);
-        QVERIFY(!StyledTextBridge(*box->document()).Read().FormatAt(0).bold);
     }
 
     // A change made elsewhere replaces only the stretch that differs, and a line break that
