@@ -77,6 +77,12 @@ std::string CopyFileWhole(const fs::path& source, const fs::path& target) {
     return Finish(partial, target, error);
 }
 
+std::string LinkOrCopyFile(const fs::path& source, const fs::path& target) {
+    const fs::path partial = PartialBeside(target);
+    if (::link(source.c_str(), partial.c_str()) == 0) return Finish(partial, target, {});
+    return CopyFileWhole(source, target);
+}
+
 std::string WriteFileWhole(const fs::path& target, std::string_view bytes) {
     const fs::path partial = PartialBeside(target);
     const int descriptor = ::open(partial.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);

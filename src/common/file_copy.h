@@ -15,6 +15,13 @@ namespace tessarin {
 // Copies source over target.
 std::string CopyFileWhole(const std::filesystem::path& source, const std::filesystem::path& target);
 
+// Puts source at target as a second name of the same file where both lie on one file system
+// (nothing is copied, and removing the source afterwards frees nothing), else copies it as
+// CopyFileWhole does. For a file that is removed once it has arrived, and never written in
+// place by anyone.
+std::string LinkOrCopyFile(const std::filesystem::path& source,
+                           const std::filesystem::path& target);
+
 // Writes bytes over target.
 std::string WriteFileWhole(const std::filesystem::path& target, std::string_view bytes);
 

@@ -187,10 +187,12 @@ class WorkflowSender {
         return deliveries;
     }
 
+    // The files of Upload are removed once the item has arrived, so a delivery on the same
+    // file system takes them over by a second name instead of copying them.
     bool Copy(const std::vector<Delivery>& deliveries) {
         for (const Delivery& delivery : deliveries) {
             const std::string reason = delivery.bytes ? WriteFileWhole(delivery.to, *delivery.bytes)
-                                                      : CopyFileWhole(delivery.from, delivery.to);
+                                                      : LinkOrCopyFile(delivery.from, delivery.to);
             if (!reason.empty()) {
                 Fail(delivery.line.text + " -> " + delivery.to.string(), reason);
                 return false;

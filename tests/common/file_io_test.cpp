@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "common/file_copy.h"
 #include "common/temporary_files.h"
 #include "support/finished_process.h"
 #include "support/temp_dir.h"
@@ -45,6 +46,25 @@ TEST(WriteFileAtomically, ReplacesKeepingPermissionsAndLeavesNoTemporaryFile) {
     EXPECT_EQ(ReadBytes(file), std::string("x\0y", 3));
     EXPECT_EQ(EntriesIn(dir.path()), 1u);
     EXPECT_FALSE(WriteFileAtomically(dir / "no" / "such.xml", "x"));
+}
+
+// On one file system the delivery is a second name of the source, over what stood there; a
+// failure is told with its reason. (Across file systems it copies: the send's full-disk test
+// delivers from Upload to a tmpfs.)
+TEST(LinkOrCopyFile, TakesTheSourceOverBySecondNameOrCopies) {
+    TempDir dir;
+    const auto source = dir.Write("photo.jpg", "jpeg");
+    const auto target = dir.Write("inbox/photo.jpg", "older");
+    ASSERT_EQ(LinkOrCopyFile(source, target), "");
+    struct stat from {
+    }, to{};
+    ASSERT_EQ(::stat(source.c_str(), &from), 0);
+    ASSERT_EQ(::stat(target.c_str(), &to), 0);
+    EXPECT_EQ(from.st_ino, to.st_ino);
+    EXPECT_EQ(EntriesIn(dir / "inbox"), 1u);
+
+    EXPECT_NE(LinkOrCopyFile(dir / "missing.jpg", dir / "inbox/x.jpg"), "");
+    EXPECT_NE(LinkOrCopyFile(source, dir / "no/such/photo.jpg"), "");
 }
 
 TEST(WriteFileKeepingBackup, TheBackupHoldsThePreviousContent) {
