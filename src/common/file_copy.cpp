@@ -3,22 +3,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <system_error>
 #include <vector>
+
+#include "common/temporary_files.h"
 
 namespace fs = std::filesystem;
 
 namespace tessarin {
 namespace {
-
-fs::path PartialBeside(const fs::path& target) {
-    static std::atomic<unsigned> counter{0};
-    fs::path partial = target;
-    partial += ".part" + std::to_string(::getpid()) + "-" + std::to_string(counter++);
-    return partial;
-}
 
 // Renames the partial file over the target; the partial file goes when anything failed.
 std::string Finish(const fs::path& partial, const fs::path& target, std::error_code error) {
@@ -54,7 +48,7 @@ std::string CopyFileWhole(const fs::path& source, const fs::path& target) {
             .message();
     const int input = ::open(source.c_str(), O_RDONLY | O_CLOEXEC);
     if (input < 0) return LastError().message();
-    const fs::path partial = PartialBeside(target);
+    const fs::path partial = TemporaryNameBeside(target);
     const int output = ::open(partial.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (output < 0) {
         error = LastError();
@@ -78,13 +72,13 @@ std::string CopyFileWhole(const fs::path& source, const fs::path& target) {
 }
 
 std::string LinkOrCopyFile(const fs::path& source, const fs::path& target) {
-    const fs::path partial = PartialBeside(target);
+    const fs::path partial = TemporaryNameBeside(target);
     if (::link(source.c_str(), partial.c_str()) == 0) return Finish(partial, target, {});
     return CopyFileWhole(source, target);
 }
 
 std::string WriteFileWhole(const fs::path& target, std::string_view bytes) {
-    const fs::path partial = PartialBeside(target);
+    const fs::path partial = TemporaryNameBeside(target);
     const int descriptor = ::open(partial.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) return LastError().message();
     std::error_code error = WriteAll(descriptor, bytes);

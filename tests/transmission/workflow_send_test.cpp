@@ -135,7 +135,7 @@ TEST(SendFailure, AFullDiskKeepsWhatDidNotArrive) {
                                          ": No space left on device\nIt stays in the send list.");
     EXPECT_EQ(desk.window.report.size(), 2u);
     for (const auto& entry : fs::directory_iterator(desk.folder / "inbox/Ann"))
-        EXPECT_EQ(entry.path().string().find(".part"), std::string::npos) << entry.path();
+        EXPECT_EQ(entry.path().string().find(".tmp"), std::string::npos) << entry.path();
 }
 
 TEST(SendFailure, AReadOnlyTargetKeepsEverything) {
