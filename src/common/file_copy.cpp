@@ -7,6 +7,7 @@
 #include <system_error>
 #include <vector>
 
+#include "common/file_io.h"
 #include "common/temporary_files.h"
 
 namespace fs = std::filesystem;
@@ -27,16 +28,6 @@ constexpr std::size_t kCopyChunk = 1 << 20;
 
 std::error_code LastError() {
     return std::error_code(errno, std::generic_category());
-}
-
-std::error_code WriteAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return LastError();
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return {};
 }
 
 }  // namespace
@@ -63,7 +54,8 @@ std::string CopyFileWhole(const fs::path& source, const fs::path& target) {
             if (got < 0) error = LastError();
             break;
         }
-        error = WriteAll(output, std::string_view(buffer.data(), static_cast<std::size_t>(got)));
+        error =
+            WriteAllBytes(output, std::string_view(buffer.data(), static_cast<std::size_t>(got)));
         if (error) break;
     }
     ::close(input);
@@ -81,7 +73,7 @@ std::string WriteFileWhole(const fs::path& target, std::string_view bytes) {
     const fs::path partial = TemporaryNameBeside(target);
     const int descriptor = ::open(partial.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) return LastError().message();
-    std::error_code error = WriteAll(descriptor, bytes);
+    std::error_code error = WriteAllBytes(descriptor, bytes);
     if (::close(descriptor) != 0 && !error) error = LastError();
     return Finish(partial, target, error);
 }

@@ -16,24 +16,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool WriteAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 // Writes the bytes to a new file, with the given permission bits when mode is not 0, and
 // flushes it to disk when flush is set. False, and no file left, when anything fails.
 bool WriteNewFile(const fs::path& file, std::string_view bytes, mode_t mode, bool flush = true) {
     const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) return false;
-    bool written = WriteAll(descriptor, bytes);
+    bool written = !WriteAllBytes(descriptor, bytes);
     if (written && mode != 0) written = ::fchmod(descriptor, mode) == 0;
     written = written && (!flush || ::fsync(descriptor) == 0);
     written = ::close(descriptor) == 0 && written;
@@ -78,6 +66,16 @@ ReplaceResult Replace(const fs::path& file, std::string_view bytes, const fs::pa
 }
 
 }  // namespace
+
+std::error_code WriteAllBytes(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return std::error_code(errno, std::generic_category());
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return {};
+}
 
 std::optional<std::string> ReadFileBytes(const fs::path& file) {
     std::error_code error;

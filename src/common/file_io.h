@@ -4,8 +4,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace tessarin {
+
+// Writes every byte to an open file, again after an interrupted or partial write; the
+// system's error of the first write that failed.
+std::error_code WriteAllBytes(int descriptor, std::string_view bytes);
 
 // The whole content of a file; nothing when it cannot be opened or read.
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& file);
