@@ -117,6 +117,7 @@ constexpr MenuEntryLayout kToolsEntries[] = {
 constexpr MenuEntryLayout kExportEntries[] = {
     {"ExportRTF", "RTF..."},
     {"ExportPDF", "PDF..."},
+    {"ExportXSL", "XSL..."},
 };
 
 constexpr MenuEntryLayout kHelpEntries[] = {
@@ -202,8 +203,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "ToolsInterceptWorkflow",
     "ToolsTracking",
     "ToolsConfiguration",
-    "ExportRTF",
-    "ExportPDF",
     "TipOfTheDay",
 };
 

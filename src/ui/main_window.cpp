@@ -2,15 +2,21 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
+#include <QUrl>
 
 #include "app/display_view.h"
 #include "app/missing_configuration.h"
 #include "app/session_start.h"
+#include "export/pdf_export.h"
+#include "export/rtf_export.h"
+#include "export/xsl_export.h"
 #include "story/file_operations.h"
+#include "story/import_document.h"
 #include "ui/check_logs_dialog.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
@@ -55,6 +61,18 @@ QScrollArea* NewPage(const char* name) {
     page->setWidgetResizable(true);
     page->setFrameShape(QFrame::NoFrame);
     return page;
+}
+
+// An export menu command that writes a file beside the story, under the wait cursor; the
+// file is then opened as the desktop opens such files when StartAutoExport asks for it.
+void ExportBesideStory(EditorSession& session, BesideStoryExport (*command)(EditorSession&)) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const BesideStoryExport result = command(session);
+    QApplication::restoreOverrideCursor();
+    if (result.openWithShell) {
+        QDesktopServices::openUrl(
+            QUrl::fromLocalFile(QString::fromStdString(result.path.string())));
+    }
 }
 
 }  // namespace
@@ -105,7 +123,10 @@ void MainWindow::ConnectCommands() {
     };
     on("FileNew", [this] { NewStory(session_); });
     on("FileClose", [this] { NewStory(session_); });
-    on("FileOpen", [this] { OpenStory(session_); });
+    on("FileOpen", [this] { OpenStory(session_, StandardDocumentImport()); });
+    on("ExportRTF", [this] { ExportBesideStory(session_, &ExportRtfCommand); });
+    on("ExportXSL", [this] { ExportBesideStory(session_, &ExportXslCommand); });
+    on("ExportPDF", [this] { ExportBesideStory(session_, &ExportPdfCommand); });
     on("FileSave", [this] { SaveCurrentStory(session_); });
     on("FileSaveAs", [this] { SaveStoryAs(session_); });
     on("FileSaveClose", [this] { SaveAndCloseStory(session_); });
@@ -122,7 +143,9 @@ void MainWindow::ConnectCommands() {
     on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
-        Run([this, row] { OpenRecentFile(session_, static_cast<std::size_t>(row)); });
+        Run([this, row] {
+            OpenRecentFile(session_, static_cast<std::size_t>(row), StandardDocumentImport());
+        });
     });
 }
 
