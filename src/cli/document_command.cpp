@@ -20,7 +20,7 @@ using DocumentExport = BesideStoryExport (*)(EditorSession&);
 
 DocumentExport ExportNamed(const std::string& format) {
     if (format == "rtf") return &ExportRtfCommand;
-    if (format == "xsl") return &ExportXslCommand;
+    if (format == "xsl") return [](EditorSession& session) { return ExportXslCommand(session); };
     if (format == "pdf") return &ExportPdfCommand;
     return nullptr;
 }

@@ -1,10 +1,12 @@
 #include "export/xsl_export.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "common/file_io.h"
 #include "export/export_frame.h"
 #include "export/xsl_transform.h"
+#include "story/styled_text_case.h"
 
 namespace tessarin {
 namespace {
@@ -31,10 +33,25 @@ void TellFailedTransformation(EditorSession& session, const XslTransformError& e
 
 }  // namespace
 
-BesideStoryExport ExportXslCommand(EditorSession& session) {
+std::vector<std::filesystem::path> StyleSheetsIn(const std::filesystem::path& xsltDir) {
+    std::vector<std::filesystem::path> sheets;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(xsltDir, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (entry->is_regular_file(error) &&
+            UpperCaseText(entry->path().extension().string()) == ".XSL") {
+            sheets.push_back(entry->path());
+        }
+    }
+    std::sort(sheets.begin(), sheets.end());
+    return sheets;
+}
+
+BesideStoryExport ExportXslCommand(EditorSession& session,
+                                   const std::optional<std::filesystem::path>& styleSheet) {
     if (!StoryHasPlace(session)) return {};
     const std::optional<std::filesystem::path> sheetPath =
-        StyleSheetPath(session.preferences, session.paths.xsltDir);
+        styleSheet ? styleSheet : StyleSheetPath(session.preferences, session.paths.xsltDir);
     if (!sheetPath) {
         session.window.Status().text = session.Message("SaveExportedStory");
         session.user.Beep();

@@ -117,7 +117,6 @@ constexpr MenuEntryLayout kToolsEntries[] = {
 constexpr MenuEntryLayout kExportEntries[] = {
     {"ExportRTF", "RTF..."},
     {"ExportPDF", "PDF..."},
-    {"ExportXSL", "XSL..."},
 };
 
 constexpr MenuEntryLayout kHelpEntries[] = {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QMenu>
 #include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
@@ -65,7 +66,8 @@ QScrollArea* NewPage(const char* name) {
 
 // An export menu command that writes a file beside the story, under the wait cursor; the
 // file is then opened as the desktop opens such files when StartAutoExport asks for it.
-void ExportBesideStory(EditorSession& session, BesideStoryExport (*command)(EditorSession&)) {
+void ExportBesideStory(EditorSession& session,
+                       const std::function<BesideStoryExport(EditorSession&)>& command) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const BesideStoryExport result = command(session);
     QApplication::restoreOverrideCursor();
@@ -125,7 +127,6 @@ void MainWindow::ConnectCommands() {
     on("FileClose", [this] { NewStory(session_); });
     on("FileOpen", [this] { OpenStory(session_, StandardDocumentImport()); });
     on("ExportRTF", [this] { ExportBesideStory(session_, &ExportRtfCommand); });
-    on("ExportXSL", [this] { ExportBesideStory(session_, &ExportXslCommand); });
     on("ExportPDF", [this] { ExportBesideStory(session_, &ExportPdfCommand); });
     on("FileSave", [this] { SaveCurrentStory(session_); });
     on("FileSaveAs", [this] { SaveStoryAs(session_); });
@@ -149,6 +150,26 @@ void MainWindow::ConnectCommands() {
     });
 }
 
+// Each style sheet of the XSLT folder gets its entry mnuExportXSL in the export menu, below a
+// separator, named after its file.
+void MainWindow::AddStyleSheetEntries() {
+    const std::vector<std::filesystem::path> sheets = StyleSheetsIn(session_.paths.xsltDir);
+    QMenu* menu = chrome_->Entry(QStringLiteral("Export"))->menu();
+    if (sheets.empty() || menu == nullptr) return;
+    menu->addSeparator();
+    for (const std::filesystem::path& sheet : sheets) {
+        QAction* entry = menu->addAction(QString::fromStdString(sheet.filename().string()));
+        entry->setObjectName(QStringLiteral("mnuExportXSL"));
+        connect(entry, &QAction::triggered, this, [this, sheet] {
+            Run([this, sheet] {
+                ExportBesideStory(session_, [&sheet](EditorSession& session) {
+                    return ExportXslCommand(session, sheet);
+                });
+            });
+        });
+    }
+}
+
 std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration) {
     // As designed, the window opens on the Informations view.
     session_.window.Control("mnuDisplayMetadata").checked = true;
@@ -165,6 +186,7 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
         return kExitRefused;
     }
     if (result.state == StartState::EndProgram) return kExitRefused;
+    AddStyleSheetEntries();
     ApplyStoredGeometry();
     RefreshAll();
     return std::nullopt;

@@ -44,16 +44,6 @@ TEST(PdfLineLayoutTest, WrapsByTheRealWidthsOfTheChosenFont) {
     }
 }
 
-TEST(PdfLineLayoutTest, FontsAndBytes) {
-    EXPECT_EQ(PdfFontNumberFor(Font("Courier New", 10, false, true)), 6);
-    EXPECT_EQ(PdfFontNumberFor(Font("Times New Roman", 10, true, true)), 12);
-    EXPECT_EQ(PdfFontNumberFor(Font("Time", 10, true, false)), 7);
-    EXPECT_EQ(PdfByteFor(u'€'), 0x80);
-    EXPECT_EQ(PdfByteFor(u'é'), 0xE9);
-    EXPECT_EQ(PdfByteFor(u'\u00B7'), 0xA0);
-    EXPECT_EQ(PdfByteFor(u'→'), '?');
-}
-
 class PdfExportTest : public testing::BesideStoryTest {
   protected:
     fs::path pdf_ = stories_ / "brief.v2.pdf";
@@ -118,18 +108,6 @@ TEST_F(PdfExportTest, ALongStoryFillsTwoHundredPages) {
     EXPECT_GE(std::stoi(pages[1]), 200);
     EXPECT_NE(Tool("pdftotext -f " + pages[1].str(), pdf_, " -").find("La fin."),
               std::string::npos);
-}
-
-TEST_F(PdfExportTest, NothingIsWrittenWithoutANameOrText) {
-    EXPECT_FALSE(ExportPdfCommand(session_).Written());
-    EXPECT_EQ(session_.window.Status().text, "Empty story:");
-
-    Add(6, u"Du texte");
-    session_.storyFileName.clear();
-    EXPECT_FALSE(ExportPdfCommand(session_).Written());
-    EXPECT_EQ(session_.window.Status().text, "Save story before export");
-    EXPECT_EQ(user_.beeps, 1);
-    EXPECT_FALSE(fs::exists(pdf_));
 }
 
 }  // namespace

@@ -49,7 +49,10 @@ class PrintFormatsTest : public QObject {
 
         editor.Trigger("mnuFileSave");
         QVERIFY(fs::exists(dir / "desk/note.xml"));
-        editor.Trigger("mnuExportXSL");
+        const QList<QAction*> sheets = editor.window.findChildren<QAction*>("mnuExportXSL");
+        QCOMPARE(sheets.size(), 1);
+        QCOMPARE(sheets[0]->text(), QStringLiteral("Tessarin.xsl"));
+        sheets[0]->trigger();
         QVERIFY(ReadBytes(dir / "desk/note.htm").find("<p>Quay closed</p>") != std::string::npos);
     }
 };
