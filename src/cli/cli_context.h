@@ -34,5 +34,6 @@ int RunExportCommand(CliContext& context, const Arguments& arguments);
 int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
 int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
 int RunLogsCommand(CliContext& context, const Arguments& arguments);
+int RunDocumentCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

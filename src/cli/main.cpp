@@ -39,6 +39,8 @@ constexpr const char* kHelp =
     "                      leave a message in a user's inbox\n"
     "  logs STORY          print a story's logs\n"
     "  logs days           print the dates of the daily log pages\n"
+    "  document rtf|xsl|pdf STORY\n"
+    "                      write the story as RTF, through the style sheet, or as PDF beside it\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -113,5 +115,6 @@ int main(int argc, char** argv) {
     if (command == "uuencode") return tessarin::cli::RunUuencodeCommand(context, rest);
     if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
+    if (command == "document") return tessarin::cli::RunDocumentCommand(context, rest);
     return Usage("unknown command " + command);
 }

@@ -8,9 +8,12 @@
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
 #include "common/xml_document.h"
+#include "story/file_operations.h"
+#include "story/import_document.h"
 #include "story/save_story.h"
 #include "story/story_file_reader.h"
 #include "story/story_plain_text.h"
+#include "story/styled_text_case.h"
 
 namespace tessarin::cli {
 namespace {
@@ -46,6 +49,13 @@ std::optional<ResaveArguments> ParseResave(const Arguments& arguments) {
     return parsed;
 }
 
+// Documents made elsewhere (RTF, text, office documents) open as new stories by import.
+bool IsImportedDocument(const std::filesystem::path& file) {
+    const std::string extension = UpperCaseText(file.extension().string());
+    return extension == ".RTF" || extension == ".TXT" || extension == ".DOC" ||
+           extension == ".DOCX" || extension == ".ODT";
+}
+
 // Opens the story as the editor does, then saves it under OUT with the save command.
 int Resave(CliContext& context, const ResaveArguments& arguments) {
     CliInteraction user(context.answer, context.err);
@@ -53,7 +63,14 @@ int Resave(CliContext& context, const ResaveArguments& arguments) {
     if (!StartSession(session, context, user)) return kExitRefused;
 
     StoryContext storyContext = session.MakeStoryContext();
-    if (ReadStory(arguments.story, storyContext, session.story) == StoryReadOutcome::NotRead) {
+    if (IsImportedDocument(arguments.story)) {
+        if (!OpenStoryFile(session, arguments.story, StandardDocumentImport())) {
+            user.ShowStatus(session.window.Status().text);
+            context.err << "Cannot import " << arguments.story.string() << '\n';
+            return kExitRefused;
+        }
+    } else if (ReadStory(arguments.story, storyContext, session.story) ==
+               StoryReadOutcome::NotRead) {
         return kExitRefused;
     }
     session.storyDirectory = arguments.out.parent_path();

@@ -180,10 +180,14 @@ void FillStoryNameFields(ExportState& state, const XmlNode& metadata) {
                              generalElseLocal("SubSectionGeneral", "SubSectionLocal")};
 }
 
-std::string ExportParseErrorText(std::string_view path, const XmlParseError& error) {
+std::string ExportParseErrorText(std::string_view path, const XmlParseError& error,
+                                 std::string_view lineWord, std::string_view positionWord) {
     std::string text = "Parsing error:";
     text.append(path);
-    text += ", line:" + std::to_string(error.line) + ", pos:" + std::to_string(error.linePosition);
+    text.append(lineWord);
+    text += std::to_string(error.line);
+    text.append(positionWord);
+    text += std::to_string(error.linePosition);
     text += ' ';
     text.append(TrimSpaces(error.sourceText));
     text += ' ';

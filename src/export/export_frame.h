@@ -125,8 +125,11 @@ struct StagedStory {
 };
 
 // "Parsing error:" + path + ", line:" n + ", pos:" n + " " + trimmed source text + " " +
-// reason: the export's parse error text.
-std::string ExportParseErrorText(std::string_view path, const XmlParseError& error);
+// reason: the export's parse error text. The style sheet's own error says ", Ligne: " and
+// ", position: " instead.
+std::string ExportParseErrorText(std::string_view path, const XmlParseError& error,
+                                 std::string_view lineWord = ", line:",
+                                 std::string_view positionWord = ", pos:");
 
 // Steps 4 to 6: loads the story at path; when it does not parse, shows the parse error in a
 // critical box, beeps, and gives nothing.

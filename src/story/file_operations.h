@@ -47,10 +47,10 @@ bool OpenStory(EditorSession& session, const DocumentImport& documents = {});
 // extension. False when the row is empty, the question stopped it or nothing was opened.
 bool OpenRecentFile(EditorSession& session, std::size_t row, const DocumentImport& documents = {});
 
-// Opens a file by its extension in upper case, which the session keeps: "RTF", "TXT" and "DOC"
-// go to the import; "BML" is a backup story, restored over its story first; anything else is
-// read as a story. Once a story file is there the editor is reset, the file read, the form it
-// names chosen (before its text and attachments are in place, so that choosing it asks
+// Opens a file by its extension in upper case, which the session keeps: "RTF", "TXT", "DOC",
+// "DOCX" and "ODT" go to the import; "BML" is a backup story, restored over its story first;
+// anything else is read as a story. Once a story file is there the editor is reset, the file read,
+// the form it names chosen (before its text and attachments are in place, so that choosing it asks
 // nothing), the boxes counted and the attachments shown; the story takes the file's directory
 // and name and counts as unchanged, the automatic save's countdown starts again, the title
 // shows the name and the recent-files list takes the path; a story rescued as text only

@@ -22,7 +22,8 @@ std::string OpenDialogFilter(const EditorSession& session, bool wordDocuments) {
     const std::string stories = session.Message("StoriesLabel");
     std::string filter = stories + " XML (*.xml)|*.xml|" + session.Message("StoriesBackupLabel") +
                          " (*.bml)|*.bml|" + stories;
-    filter += wordDocuments ? " RTF/TXT & MS Word (*.rtf;*.txt;*.doc)|*.rtf;*.txt;*.doc"
+    filter += wordDocuments ? " RTF/TXT & MS Word (*.rtf;*.txt;*.doc;*.docx;*.odt)|"
+                              "*.rtf;*.txt;*.doc;*.docx;*.odt"
                             : " RTF/TXT (*.rtf;*txt)|*.rtf;*.txt";
     return filter;
 }
@@ -139,7 +140,7 @@ bool OpenStoryFile(EditorSession& session, const fs::path& file, const DocumentI
     if (!extension.empty()) extension.erase(0, 1);
     session.lastExtensionUpper = UpperCaseText(extension);
     const std::string& upper = session.lastExtensionUpper;
-    if (upper == "RTF" || upper == "TXT" || upper == "DOC") {
+    if (upper == "RTF" || upper == "TXT" || upper == "DOC" || upper == "DOCX" || upper == "ODT") {
         return ImportDocument(session, file, documents);
     }
     if (upper == "BML") return RestoreBackupStory(session, file);

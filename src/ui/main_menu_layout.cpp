@@ -202,8 +202,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "ToolsInterceptWorkflow",
     "ToolsTracking",
     "ToolsConfiguration",
-    "ExportRTF",
-    "ExportPDF",
     "TipOfTheDay",
 };
 

@@ -2,15 +2,22 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QMenu>
 #include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
+#include <QUrl>
 
 #include "app/display_view.h"
 #include "app/missing_configuration.h"
 #include "app/session_start.h"
+#include "export/pdf_export.h"
+#include "export/rtf_export.h"
+#include "export/xsl_export.h"
 #include "story/file_operations.h"
+#include "story/import_document.h"
 #include "ui/check_logs_dialog.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
@@ -55,6 +62,19 @@ QScrollArea* NewPage(const char* name) {
     page->setWidgetResizable(true);
     page->setFrameShape(QFrame::NoFrame);
     return page;
+}
+
+// An export menu command that writes a file beside the story, under the wait cursor; the
+// file is then opened as the desktop opens such files when StartAutoExport asks for it.
+void ExportBesideStory(EditorSession& session,
+                       const std::function<BesideStoryExport(EditorSession&)>& command) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const BesideStoryExport result = command(session);
+    QApplication::restoreOverrideCursor();
+    if (result.openWithShell) {
+        QDesktopServices::openUrl(
+            QUrl::fromLocalFile(QString::fromStdString(result.path.string())));
+    }
 }
 
 }  // namespace
@@ -105,7 +125,9 @@ void MainWindow::ConnectCommands() {
     };
     on("FileNew", [this] { NewStory(session_); });
     on("FileClose", [this] { NewStory(session_); });
-    on("FileOpen", [this] { OpenStory(session_); });
+    on("FileOpen", [this] { OpenStory(session_, StandardDocumentImport()); });
+    on("ExportRTF", [this] { ExportBesideStory(session_, &ExportRtfCommand); });
+    on("ExportPDF", [this] { ExportBesideStory(session_, &ExportPdfCommand); });
     on("FileSave", [this] { SaveCurrentStory(session_); });
     on("FileSaveAs", [this] { SaveStoryAs(session_); });
     on("FileSaveClose", [this] { SaveAndCloseStory(session_); });
@@ -122,8 +144,30 @@ void MainWindow::ConnectCommands() {
     on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
-        Run([this, row] { OpenRecentFile(session_, static_cast<std::size_t>(row)); });
+        Run([this, row] {
+            OpenRecentFile(session_, static_cast<std::size_t>(row), StandardDocumentImport());
+        });
     });
+}
+
+// Each style sheet of the XSLT folder gets its entry mnuExportXSL in the export menu, below a
+// separator, named after its file.
+void MainWindow::AddStyleSheetEntries() {
+    const std::vector<std::filesystem::path> sheets = StyleSheetsIn(session_.paths.xsltDir);
+    QMenu* menu = chrome_->Entry(QStringLiteral("Export"))->menu();
+    if (sheets.empty() || menu == nullptr) return;
+    menu->addSeparator();
+    for (const std::filesystem::path& sheet : sheets) {
+        QAction* entry = menu->addAction(QString::fromStdString(sheet.filename().string()));
+        entry->setObjectName(QStringLiteral("mnuExportXSL"));
+        connect(entry, &QAction::triggered, this, [this, sheet] {
+            Run([this, sheet] {
+                ExportBesideStory(session_, [&sheet](EditorSession& session) {
+                    return ExportXslCommand(session, sheet);
+                });
+            });
+        });
+    }
 }
 
 std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration) {
@@ -142,6 +186,7 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
         return kExitRefused;
     }
     if (result.state == StartState::EndProgram) return kExitRefused;
+    AddStyleSheetEntries();
     ApplyStoredGeometry();
     RefreshAll();
     return std::nullopt;

@@ -53,6 +53,7 @@ class MainWindow : public QMainWindow {
     void BuildTabs();
     void ComposeViews();  // the views in the tabs, with the menu entries that act on them
     void ConnectCommands();
+    void AddStyleSheetEntries();
     void AddView(SessionView* view, const QString& pageName);
     void ApplyStoredGeometry();
     MainWindowSection CurrentGeometry() const;
