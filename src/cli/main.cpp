@@ -39,6 +39,11 @@ constexpr const char* kHelp =
     "                      leave a message in a user's inbox\n"
     "  logs STORY          print a story's logs\n"
     "  logs days           print the dates of the daily log pages\n"
+    "  spell STORY         print the unknown words of a story with their box and suggestions\n"
+    "  synonyms WORD       print the synonyms offered for a word\n"
+    "  stats STORY [--unknown]\n"
+    "                      print the word statistics of a story; --unknown marks the words\n"
+    "                      that the spelling dictionary does not know\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -113,5 +118,7 @@ int main(int argc, char** argv) {
     if (command == "uuencode") return tessarin::cli::RunUuencodeCommand(context, rest);
     if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
+    if (command == "spell" || command == "synonyms" || command == "stats")
+        return tessarin::cli::RunLinguisticsCommand(context, command, rest);
     return Usage("unknown command " + command);
 }
