@@ -40,9 +40,10 @@ HunspellSpeller::HunspellSpeller(std::unique_ptr<Engine> engine) : engine_(std::
 HunspellSpeller::~HunspellSpeller() = default;
 
 bool HunspellSpeller::Known(std::u16string_view word) {
-    const auto [entry, added] = known_.try_emplace(std::u16string(word), false);
-    if (added) entry->second = engine_->hunspell.spell(engine_->Encode(word));
-    return entry->second;
+    if (const auto found = known_.find(word); found != known_.end()) return found->second;
+    const bool known = engine_->hunspell.spell(engine_->Encode(word));
+    known_.emplace(word, known);
+    return known;
 }
 
 std::vector<std::u16string> HunspellSpeller::Suggestions(std::u16string_view word) {

@@ -7,6 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "linguistics/text_view_hash.h"
+
 namespace tessarin {
 
 // One loaded spelling dictionary. Words go in and out as UTF-16 and are converted to the
@@ -28,7 +30,7 @@ class HunspellSpeller {
     explicit HunspellSpeller(std::unique_ptr<Engine> engine);
 
     std::unique_ptr<Engine> engine_;
-    std::unordered_map<std::u16string, bool> known_;
+    std::unordered_map<std::u16string, bool, TextViewHash, std::equal_to<>> known_;
 };
 
 }  // namespace tessarin

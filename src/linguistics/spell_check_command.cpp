@@ -31,7 +31,7 @@ SpellingOutcome CheckSpelling(EditorSession& session, const SpellingReviewer& re
     for (int box = 0; box < kTextBoxCount && !stopped; ++box) {
         StyledText& text = session.story.boxes[box];
         if (text.Empty()) continue;
-        StyledText corrected = bridge.Correct(text, reviewer, stopped);
+        StyledText corrected = bridge.Correct(text, box, reviewer, stopped);
         if (corrected == text) continue;
         text = std::move(corrected);
         RecountBox(session, box, ChangeOrigin::User);

@@ -43,7 +43,7 @@ std::string SpellingBridge::Start(const SpellingSettings& settings) {
 
 bool SpellingBridge::Known(std::u16string_view word) {
     if (settings_.ignoreUppercase && IsUpperCaseWord(word)) return true;
-    if (ignored_.contains(std::u16string(word))) return true;
+    if (ignored_.contains(word)) return true;
     return speller_->Known(word);
 }
 
@@ -77,8 +77,8 @@ std::vector<CheckedWord> SpellingBridge::UnknownWords(const StyledText& text) {
     return unknown;
 }
 
-StyledText SpellingBridge::Correct(const StyledText& text, const SpellingReviewer& reviewer,
-                                   bool& stopped) {
+StyledText SpellingBridge::Correct(const StyledText& text, int box,
+                                   const SpellingReviewer& reviewer, bool& stopped) {
     StyledText corrected = text;
     std::u16string plain = TextOutsideNotes(corrected);
     std::size_t from = 0;
@@ -91,7 +91,7 @@ StyledText SpellingBridge::Correct(const StyledText& text, const SpellingReviewe
         });
         if (!next) return corrected;
         const std::u16string spelling = plain.substr(next->start, next->length);
-        SpellingQuestion question{*this, corrected, *next, spelling, {}};
+        SpellingQuestion question{*this, box, corrected, *next, spelling, {}};
         if (settings_.alwaysSuggest) question.suggestions = Suggestions(spelling);
         const SpellingDecision decision = reviewer(question);
         from = next->start + next->length;

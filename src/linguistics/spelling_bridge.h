@@ -31,6 +31,7 @@ class SpellingBridge;
 // An unknown word that the user is asked about.
 struct SpellingQuestion {
     SpellingBridge& bridge;
+    int box;                 // the text box the text comes from, -1 for another text
     const StyledText& text;  // the text as corrected so far
     CheckedWord word;
     std::u16string spelling;
@@ -57,9 +58,11 @@ class SpellingBridge {
     std::string Start(const SpellingSettings& settings);
     bool Started() const { return speller_ != nullptr; }
 
-    // The text with the reviewer's decisions applied to its unknown words, in text order.
-    // stopped becomes true when the reviewer stopped the run.
-    StyledText Correct(const StyledText& text, const SpellingReviewer& reviewer, bool& stopped);
+    // The text with the reviewer's decisions applied to its unknown words, in text order;
+    // box tells the questions where the text comes from. stopped becomes true when the
+    // reviewer stopped the run.
+    StyledText Correct(const StyledText& text, int box, const SpellingReviewer& reviewer,
+                       bool& stopped);
 
     // The unknown words of a text, in text order.
     std::vector<CheckedWord> UnknownWords(const StyledText& text);
@@ -79,7 +82,7 @@ class SpellingBridge {
   private:
     std::unique_ptr<HunspellSpeller> speller_;
     SpellingSettings settings_;
-    std::set<std::u16string> ignored_;
+    std::set<std::u16string, std::less<>> ignored_;
     std::string problem_;
 };
 

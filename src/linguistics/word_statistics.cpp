@@ -6,6 +6,7 @@
 #include "common/number_parse.h"
 #include "common/utf8.h"
 #include "linguistics/spelling_bridge.h"
+#include "linguistics/text_view_hash.h"
 #include "story/styled_text_case.h"
 
 namespace tessarin {
@@ -75,13 +76,6 @@ bool IsNumber(std::u16string_view piece) {
     return IsNumeric(Utf16ToUtf8(piece));
 }
 
-struct ViewHash {
-    using is_transparent = void;
-    std::size_t operator()(std::u16string_view text) const {
-        return std::hash<std::u16string_view>()(text);
-    }
-};
-
 class WordTally {
   public:
     WordTally(WordStatistics& statistics, const EmptyWords* emptyWords)
@@ -120,7 +114,7 @@ class WordTally {
 
     WordStatistics& statistics_;
     const EmptyWords* emptyWords_;
-    std::unordered_map<std::u16string, Place, ViewHash, std::equal_to<>> index_;
+    std::unordered_map<std::u16string, Place, TextViewHash, std::equal_to<>> index_;
     std::u16string upper_;
 };
 

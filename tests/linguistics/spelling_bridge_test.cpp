@@ -95,8 +95,9 @@ TEST(SpellingBridge, CorrectionKeepsFormatsAndNotesAndFollowsEachDecision) {
     };
     bool stopped = false;
     const StyledText corrected = bridge.Correct(
-        text,
+        text, 3,
         [&](const SpellingQuestion& question) {
+            EXPECT_EQ(question.box, 3);
             asked.push_back(Utf16ToUtf8(question.spelling));
             if (question.spelling == u"fôte") {
                 EXPECT_NE(
@@ -122,7 +123,7 @@ TEST(SpellingBridge, AddedWordsAreKeptInThePersonalDictionaryForTheNextCheck) {
     ASSERT_EQ(bridge.Start(settings), "");
     bool stopped = false;
     bridge.Correct(
-        StyledText(u"Tessarinian words"),
+        StyledText(u"Tessarinian words"), 0,
         [](const SpellingQuestion&) {
             return SpellingDecision{SpellingAction::AddToDictionary, {}};
         },
