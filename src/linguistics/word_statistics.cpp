@@ -1,12 +1,11 @@
 #include "linguistics/word_statistics.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <cstdint>
 
 #include "common/number_parse.h"
 #include "common/utf8.h"
 #include "linguistics/spelling_bridge.h"
-#include "linguistics/text_view_hash.h"
 #include "story/styled_text_case.h"
 
 namespace tessarin {
@@ -17,39 +16,17 @@ constexpr std::u16string_view kWholeWords[] = {u"aujourd'hui", u"presqu'\u00EEle
                                                u"quelqu'un"};
 constexpr char16_t kKeptApostrophe = u'\u009D';
 
+// What separates words like a blank; all of it lies below 256.
+constexpr std::u16string_view kSeparators = u" \r\n\t\u00B7_,;:.?!'\"\u00AB\u00BB()[]{}/\\-<>";
+constexpr auto kSeparatorTable = [] {
+    std::array<bool, 256> table{};
+    for (const char16_t unit : kSeparators)
+        table[unit] = true;
+    return table;
+}();
+
 bool Separates(char16_t unit) {
-    switch (unit) {
-        case u' ':
-        case u'\r':
-        case u'\n':
-        case u'\t':
-        case u'\u00B7':
-        case u'_':
-        case u',':
-        case u';':
-        case u':':
-        case u'.':
-        case u'?':
-        case u'!':
-        case u'\'':
-        case u'"':
-        case u'\u00AB':
-        case u'\u00BB':
-        case u'(':
-        case u')':
-        case u'[':
-        case u']':
-        case u'{':
-        case u'}':
-        case u'/':
-        case u'\\':
-        case u'-':
-        case u'<':
-        case u'>':
-            return true;
-        default:
-            return false;
-    }
+    return unit < kSeparatorTable.size() && kSeparatorTable[unit];
 }
 
 std::u16string TextWithoutNotes(const StyledText& box) {
@@ -61,12 +38,18 @@ std::u16string TextWithoutNotes(const StyledText& box) {
     return text;
 }
 
+// Apostrophes are rare: each one found is tried against the four words.
 void KeepWholeWordApostrophes(std::u16string& text) {
-    for (const std::u16string_view word : kWholeWords) {
-        const std::size_t apostrophe = word.find(u'\'');
-        for (std::size_t at = text.find(word); at != std::u16string::npos;
-             at = text.find(word, at + word.size()))
-            text[at + apostrophe] = kKeptApostrophe;
+    for (std::size_t at = text.find(u'\''); at != std::u16string::npos;
+         at = text.find(u'\'', at + 1)) {
+        for (const std::u16string_view word : kWholeWords) {
+            const std::size_t before = word.find(u'\'');
+            if (at >= before &&
+                std::u16string_view(text).substr(at - before, word.size()) == word) {
+                text[at] = kKeptApostrophe;
+                break;
+            }
+        }
     }
 }
 
@@ -76,45 +59,99 @@ bool IsNumber(std::u16string_view piece) {
     return IsNumeric(Utf16ToUtf8(piece));
 }
 
+// The distinct words met so far, by upper-case form. The table is searched once for each word
+// of the story, so it is kept simple: open addressing over a power-of-two number of slots,
+// each holding the hash of its word, computed while the word is upper-cased.
 class WordTally {
   public:
     WordTally(WordStatistics& statistics, const EmptyWords* emptyWords)
-        : statistics_(statistics), emptyWords_(emptyWords) {}
+        : statistics_(statistics), emptyWords_(emptyWords), slots_(kFirstSlots) {}
 
     // False once a full list stopped the analysis.
     bool Add(std::u16string_view piece) {
         if (piece.size() < 2 || IsNumber(piece)) return true;
-        upper_.assign(piece);
-        for (char16_t& unit : upper_)
-            unit = unit == kKeptApostrophe ? u'\'' : ToUpperUnit(unit);
+        const std::uint64_t hash = UpperCase(piece);
         if (emptyWords_ != nullptr && emptyWords_->Contains(upper_)) return true;
-        if (const auto found = index_.find(std::u16string_view(upper_)); found != index_.end()) {
-            ++statistics_.rows[found->second.row][found->second.index].count;
-            ++statistics_.occurrences;
-            return true;
+        const std::size_t mask = slots_.size() - 1;
+        std::size_t slot = hash & mask;
+        for (; slots_[slot].word != 0; slot = (slot + 1) & mask) {
+            Slot& found = slots_[slot];
+            if (found.hash == hash && uppers_[found.word - 1] == upper_) {
+                ++found.count;
+                ++statistics_.occurrences;
+                return true;
+            }
         }
-        auto& row = statistics_.rows[LetterRow(upper_)];
+        const int letterRow = LetterRow(upper_);
+        auto& row = statistics_.rows[letterRow];
         if (row.size() >= kWordsPerRow) {
             statistics_.truncated = true;
             return false;
         }
         std::u16string word(piece);
         std::replace(word.begin(), word.end(), kKeptApostrophe, u'\'');
-        index_.emplace(upper_, Place{LetterRow(upper_), row.size()});
+        uppers_.push_back(upper_);
+        slots_[slot] = Slot{hash, static_cast<std::uint32_t>(uppers_.size()), 1};
+        places_.push_back(Place{letterRow, row.size()});
         row.push_back(WordOccurrences{std::move(word), 1, false});
         ++statistics_.occurrences;
+        if (uppers_.size() * 2 > slots_.size()) Grow();
         return true;
     }
 
+    // Puts the counts kept in the table into the lists.
+    void Finish() {
+        for (const Slot& slot : slots_) {
+            if (slot.word == 0) continue;
+            const Place& place = places_[slot.word - 1];
+            statistics_.rows[place.row][place.index].count = slot.count;
+        }
+    }
+
   private:
+    static constexpr std::size_t kFirstSlots = 4096;
+
+    // Small, so that a look-up reads one slot and, for a hit, the one word it compares.
+    struct Slot {
+        std::uint64_t hash = 0;
+        std::uint32_t word = 0;  // 1 + its number in uppers_ and places_; 0 for a free slot
+        std::int32_t count = 0;
+    };
     struct Place {
         int row;
-        std::size_t index;
+        std::size_t index;  // in the row's list
     };
+
+    // Puts the upper-case form into upper_ and returns its hash (FNV-1a over the units).
+    std::uint64_t UpperCase(std::u16string_view piece) {
+        upper_.resize(piece.size());
+        std::uint64_t hash = 14695981039346656037ull;
+        for (std::size_t at = 0; at < piece.size(); ++at) {
+            const char16_t unit = piece[at] == kKeptApostrophe ? u'\'' : ToUpperUnit(piece[at]);
+            upper_[at] = unit;
+            hash = (hash ^ unit) * 1099511628211ull;
+        }
+        return hash ^ (hash >> 32);
+    }
+
+    void Grow() {
+        std::vector<Slot> slots(slots_.size() * 2);
+        const std::size_t mask = slots.size() - 1;
+        for (const Slot& slot : slots_) {
+            if (slot.word == 0) continue;
+            std::size_t at = slot.hash & mask;
+            while (slots[at].word != 0)
+                at = (at + 1) & mask;
+            slots[at] = slot;
+        }
+        slots_ = std::move(slots);
+    }
 
     WordStatistics& statistics_;
     const EmptyWords* emptyWords_;
-    std::unordered_map<std::u16string, Place, TextViewHash, std::equal_to<>> index_;
+    std::vector<Slot> slots_;
+    std::vector<std::u16string> uppers_;
+    std::vector<Place> places_;
     std::u16string upper_;
 };
 
@@ -151,10 +188,14 @@ WordStatistics AnalyseWords(const std::array<StyledText, kTextBoxCount>& boxes,
         std::size_t start = 0;
         for (std::size_t at = 0; at <= view.size(); ++at) {
             if (at < view.size() && !Separates(view[at])) continue;
-            if (at > start && !tally.Add(view.substr(start, at - start))) return statistics;
+            if (at > start && !tally.Add(view.substr(start, at - start))) {
+                tally.Finish();
+                return statistics;
+            }
             start = at + 1;
         }
     }
+    tally.Finish();
     return statistics;
 }
 
