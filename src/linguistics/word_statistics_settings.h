@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <utility>
+
 #include "config/profile_file.h"
 
 namespace tessarin {
@@ -8,5 +11,10 @@ namespace tessarin {
 // ("1" or "0") in the preferences section WordStatistics; off when missing.
 bool IgnoreEmptyWordsChosen(const ProfileFile& profile);
 void KeepIgnoreEmptyWords(ProfileFile& profile, bool ignore);
+
+// Where the window was last left (Left and Top of the same section); nothing until both are
+// kept as numbers.
+std::optional<std::pair<int, int>> WordStatisticsPosition(const ProfileFile& profile);
+void KeepWordStatisticsPosition(ProfileFile& profile, int left, int top);
 
 }  // namespace tessarin

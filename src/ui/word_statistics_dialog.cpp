@@ -91,7 +91,14 @@ WordStatisticsDialog::WordStatisticsDialog(EditorSession& session, QWidget* pare
     layout->addWidget(analyse, 4, 1);
     layout->addWidget(story_, 6, 0, 1, 2);
     layout->addWidget(status_, 7, 0, 1, 2);
+    if (const auto position = WordStatisticsPosition(session.profile))
+        move(position->first, position->second);
     Analyse();
+}
+
+void WordStatisticsDialog::done(int result) {
+    KeepWordStatisticsPosition(session_.profile, x(), y());
+    QDialog::done(result);
 }
 
 void WordStatisticsDialog::Analyse() {

@@ -20,13 +20,15 @@ struct EditorSession;
 // preferences), lblEmptyWords edits their list (frmEmptyWordsList), lblUnknownWords marks the
 // words that the spelling dictionary does not know and chkDisplayUnknownOnly lists only those.
 // cmdAnalyse counts again; a click on a word shows in rtfStory the boxes that hold it with
-// each occurrence highlighted.
+// each occurrence highlighted. The window opens where it was last left.
 class WordStatisticsDialog : public QDialog {
     Q_OBJECT
   public:
     WordStatisticsDialog(EditorSession& session, QWidget* parent);
 
     void Analyse();
+    // Keeps where the window was left.
+    void done(int result) override;
 
   private:
     void ListWords();

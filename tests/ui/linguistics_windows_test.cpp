@@ -148,6 +148,7 @@ class LinguisticsWindowsTest : public QObject {
                            }});
         editor.Trigger("mnuToolsWordStatistics");
         QCOMPARE(look.answered, 1);
+        QVERIFY(editor.window.Session().profile.Read("WordStatistics", "Left").has_value());
     }
 };
 
