@@ -35,5 +35,8 @@ int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
 int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
 int RunLogsCommand(CliContext& context, const Arguments& arguments);
 int RunDocumentCommand(CliContext& context, const Arguments& arguments);
+// spell, synonyms and stats.
+int RunLinguisticsCommand(CliContext& context, const std::string& command,
+                          const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -41,6 +41,11 @@ constexpr const char* kHelp =
     "  logs days           print the dates of the daily log pages\n"
     "  document rtf|xsl|pdf STORY\n"
     "                      write the story as RTF, through the style sheet, or as PDF beside it\n"
+    "  spell STORY         print the unknown words of a story with their box and suggestions\n"
+    "  synonyms WORD       print the synonyms offered for a word\n"
+    "  stats STORY [--unknown]\n"
+    "                      print the word statistics of a story; --unknown marks the words\n"
+    "                      that the spelling dictionary does not know\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -116,5 +121,7 @@ int main(int argc, char** argv) {
     if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
     if (command == "document") return tessarin::cli::RunDocumentCommand(context, rest);
+    if (command == "spell" || command == "synonyms" || command == "stats")
+        return tessarin::cli::RunLinguisticsCommand(context, command, rest);
     return Usage("unknown command " + command);
 }

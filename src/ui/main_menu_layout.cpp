@@ -94,6 +94,7 @@ constexpr MenuEntryLayout kSearchEntries[] = {
 
 constexpr MenuEntryLayout kToolsEntries[] = {
     {"ToolsSpellChecker", "Spell checker"},
+    {"ToolsSynonyms", "Synonyms..."},
     {"ToolsWordStatistics", "Word statistics..."},
     {kMenuSeparator, ""},
     {"ToolsInternet1", "Internet 1"},
@@ -189,8 +190,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "SearchReplace",
     "SearchNextOccurrence",
     "SearchStories",
-    "ToolsSpellChecker",
-    "ToolsWordStatistics",
     "ToolsInternet1",
     "ToolsInternet2",
     "ToolsInternet3",

@@ -25,6 +25,8 @@
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/session_view.h"
+#include "ui/story_panel.h"
+#include "ui/word_statistics_dialog.h"
 #include "ui/workflow_dialog.h"
 
 namespace tessarin {
@@ -142,6 +144,7 @@ void MainWindow::ConnectCommands() {
     on("ToolsSendWorkflow", [this] { WorkflowDialog(session_, this).exec(); });
     on("DisplayLogs", [this] { ListLogsDialog(session_, this).exec(); });
     on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
+    on("ToolsWordStatistics", [this] { WordStatisticsDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
         Run([this, row] {
@@ -177,6 +180,9 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
     StartOptions options;
     options.commandLine = commandLineConfiguration;
     options.anotherInstanceRunning = [this] { return AnotherInstanceRunning(); };
+    options.loadSynonyms = [this](const Configuration&, WindowState&) {
+        findChild<StoryPanel*>()->LoadSynonyms();
+    };
     // The login window does not exist yet: a configuration that forces a login goes on
     // with the configuration in place.
     options.forcedLogin = [](EditorSession&) { return true; };

@@ -8,10 +8,12 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "editing/box_typing.h"
 #include "editing/clipboard.h"
+#include "linguistics/synonyms.h"
 #include "story/story_record.h"
 #include "ui/session_view.h"
 
@@ -66,6 +68,12 @@ class StoryPanel : public SessionView {
     void Paste();
     void Undo();
     void Redo();
+    // The tools that read the boxes' words: the spelling check of every box, and the
+    // synonyms of the selection or of the word at the caret.
+    void CheckSpelling();
+    void ShowSynonyms();
+    // Reads the synonyms dictionary that the configuration names, as its load ends.
+    void LoadSynonyms();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -123,6 +131,7 @@ class StoryPanel : public SessionView {
     std::map<QObject*, std::function<void()>> hovers_;
     TypingBurst burst_;
     TextClipboard clipboard_;
+    std::optional<SynonymsDictionary> synonyms_;
 };
 
 }  // namespace tessarin

@@ -58,6 +58,8 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
         {"FormatInter3", [this] { Inter(3); }},
         {"FormatToUppercase", [this] { ToUpperCase(); }},
         {"FormatToLowercase", [this] { ToLowerCase(); }},
+        {"ToolsSpellChecker", [this] { CheckSpelling(); }},
+        {"ToolsSynonyms", [this] { ShowSynonyms(); }},
     };
     for (const auto& [key, command] : commands) {
         if (QAction* action = entry(QLatin1String(key))) {
@@ -243,6 +245,9 @@ void StoryPanel::ShowContextMenu(int box, const QPoint& where) {
     menu.addAction(PopupCaption(window, "mnuPopupCopy", "Copy"), this, &StoryPanel::Copy)
         ->setEnabled(state.copy);
     menu.addAction(PopupCaption(window, "mnuPopupPaste", "Paste"), this, &StoryPanel::Paste);
+    menu.addAction(PopupCaption(window, "mnuPopupSynonyms", "Synonyms"), this,
+                   &StoryPanel::ShowSynonyms)
+        ->setEnabled(state.synonyms && synonyms_.has_value());
     menu.exec(where);
 }
 
