@@ -37,7 +37,7 @@ bool MarkBefore(EditorSession& session, int box, std::size_t& position) {
 
 }  // namespace
 
-std::optional<TypedStretch> TypographyTyping::Type(EditorSession& session, TypingBurst& burst,
+std::optional<TypedStretch> TypographyTyping::Type(EditorSession& session, TypingBurst* burst,
                                                    int box, std::size_t position,
                                                    std::u16string_view typed,
                                                    std::size_t replacedLength, bool shift) {
@@ -47,7 +47,7 @@ std::optional<TypedStretch> TypographyTyping::Type(EditorSession& session, Typin
     TextSelection selection{box, position, replacedLength};
     const StyledText* text = EditableBox(session, selection);
     if (text == nullptr) return std::nullopt;
-    if (box != session.activeBox) burst.FocusBox(session, box);
+    if (burst != nullptr && box != session.activeBox) burst->FocusBox(session, box);
     const TypographySwitches switches = TypographySwitchesOf(session.preferences);
     const bool free = !HoldsProtectedText(*text, selection.start, selection.length);
     const std::size_t lengthBefore = text->Length();
@@ -69,7 +69,8 @@ std::optional<TypedStretch> TypographyTyping::Type(EditorSession& session, Typin
         if (MarkBefore(session, box, position)) --start;
     }
     const std::optional<std::size_t> typedCaret =
-        burst.Type(session, box, position, keyed, selection.length);
+        burst != nullptr ? burst->Type(session, box, position, keyed, selection.length)
+                         : TypeText(session, box, position, keyed, selection.length);
     if (!typedCaret) return std::nullopt;
     std::size_t caret = *typedCaret;
     if (quoteKey) {

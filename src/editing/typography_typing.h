@@ -31,9 +31,10 @@ struct TypedStretch {
 // the typography command's own.
 class TypographyTyping {
   public:
-    // A key typed into box over [position, position + replacedLength), through burst;
-    // nothing when the key was refused or swallowed.
-    std::optional<TypedStretch> Type(EditorSession& session, TypingBurst& burst, int box,
+    // A key typed into box over [position, position + replacedLength), through burst (the
+    // editor's), or with no burst straight into the box without undo steps (the command line
+    // and measurements); nothing when the key was refused or swallowed.
+    std::optional<TypedStretch> Type(EditorSession& session, TypingBurst* burst, int box,
                                      std::size_t position, std::u16string_view typed,
                                      std::size_t replacedLength, bool shift);
 

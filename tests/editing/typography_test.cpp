@@ -63,7 +63,7 @@ class TypographyTest : public ::testing::Test, public testing::PanelSession {
     std::u16string Keys(int box, std::u16string_view keys, bool shift = false) {
         for (char16_t key : keys) {
             const std::size_t end = session.story.boxes[box].Length();
-            typing.Type(session, burst, box, end, std::u16string(1, key), 0, shift);
+            typing.Type(session, &burst, box, end, std::u16string(1, key), 0, shift);
         }
         return session.story.boxes[box].Text();
     }
@@ -119,11 +119,11 @@ TEST_F(TypographyTest, QuoteKeyAlternatesAndShiftGivesThePlainQuote) {
 TEST_F(TypographyTest, TypingBesideAnAnchorLeavesItWhole) {
     session.story.boxes[6] = Sample(u"a [N 1]");
     RecountAllBoxes(session);
-    std::optional<TypedStretch> typed = typing.Type(session, burst, 6, 5, u":", 0, false);
+    std::optional<TypedStretch> typed = typing.Type(session, &burst, 6, 5, u":", 0, false);
     ASSERT_TRUE(typed);
     EXPECT_EQ(Bracketed(session.story.boxes[6]), u"a [N 1]:");
-    EXPECT_FALSE(typing.Type(session, burst, 6, 4, u" ", 0, false));  // inside the anchor
-    typed = typing.Type(session, burst, 6, 0, u"b ?", 2, false);
+    EXPECT_FALSE(typing.Type(session, &burst, 6, 4, u" ", 0, false));  // inside the anchor
+    typed = typing.Type(session, &burst, 6, 0, u"b ?", 2, false);
     ASSERT_TRUE(typed);
     EXPECT_EQ(Bracketed(session.story.boxes[6]), u"b ?[N 1]:");
 }
