@@ -12,6 +12,7 @@
 
 #include "editing/box_typing.h"
 #include "editing/clipboard.h"
+#include "editing/typography_typing.h"
 #include "story/story_record.h"
 #include "ui/session_view.h"
 
@@ -24,6 +25,7 @@ class QVBoxLayout;
 
 namespace tessarin {
 
+class SearchDialog;
 class StoryTextBox;
 class StyledTextBridge;
 
@@ -61,6 +63,9 @@ class StoryPanel : public SessionView {
     void InsertDate();
     void InsertTime();
     void InsertNonBreakingSpace();
+    void AutoTypography();
+    void OpenSearch(int tab);  // frmSearch on its search (0) or replace (1) tab
+    void FindNextOccurrence();
     void Cut();
     void Copy();
     void Paste();
@@ -122,6 +127,8 @@ class StoryPanel : public SessionView {
     std::map<QObject*, std::function<void()>> clicks_;
     std::map<QObject*, std::function<void()>> hovers_;
     TypingBurst burst_;
+    TypographyTyping typography_;
+    SearchDialog* search_ = nullptr;  // made at its first use
     TextClipboard clipboard_;
 };
 

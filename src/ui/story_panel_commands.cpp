@@ -14,7 +14,9 @@
 #include "editing/formatting.h"
 #include "editing/selection_state.h"
 #include "editing/story_forms.h"
+#include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
+#include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
 
@@ -58,6 +60,10 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
         {"FormatInter3", [this] { Inter(3); }},
         {"FormatToUppercase", [this] { ToUpperCase(); }},
         {"FormatToLowercase", [this] { ToLowerCase(); }},
+        {"FormatAutoTypography", [this] { AutoTypography(); }},
+        {"SearchText", [this] { OpenSearch(0); }},
+        {"SearchReplace", [this] { OpenSearch(1); }},
+        {"SearchNextOccurrence", [this] { FindNextOccurrence(); }},
     };
     for (const auto& [key, command] : commands) {
         if (QAction* action = entry(QLatin1String(key))) {
@@ -98,15 +104,22 @@ void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
     BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
     const std::size_t from = widgets.bridge->ToBoxPosition(start);
     const std::size_t to = widgets.bridge->ToBoxPosition(end);
+    const bool shift = widgets.edit->LastKeyModifiers().testFlag(Qt::ShiftModifier);
+    const std::optional<TypedStretch> stretch =
+        typography_.Type(session_, &burst_, box, from, typed.toStdU16String(), to - from, shift);
+    if (!stretch) {
+        Changed();  // a swallowed blank shows why in the status bar
+        return;
+    }
+    // The bridge still shows the text as it was, so its positions are those of the old range.
+    const int documentStart = widgets.bridge->ToDocumentPosition(stretch->start);
+    const int documentEnd = widgets.bridge->ToDocumentPosition(stretch->start + stretch->oldLength);
     const StyledText& text = session_.story.boxes[static_cast<std::size_t>(box)];
-    const std::size_t lengthBefore = text.Length();
-    const std::optional<std::size_t> caret =
-        burst_.Type(session_, box, from, typed.toStdU16String(), to - from);
-    if (!caret) return;
-    const std::size_t newLength = to - from + text.Length() - lengthBefore;
-    widgets.bridge->ShowEdit(text, {from, to - from, newLength}, start, end);
+    widgets.bridge->ShowEdit(text, {stretch->start, stretch->oldLength, stretch->newLength},
+                             documentStart, documentEnd);
     QTextCursor cursor = widgets.edit->textCursor();
-    cursor.setPosition(start + static_cast<int>(DocumentLength(text.Text(from, *caret - from))));
+    cursor.setPosition(documentStart + static_cast<int>(DocumentLength(text.Text(
+                                           stretch->start, stretch->caret - stretch->start))));
     widgets.edit->setTextCursor(cursor);
     ShowBoxControls(box);
     ShowTotal();
@@ -219,6 +232,40 @@ void StoryPanel::PasteInto(int box, const QString& text) {
     RunOnSelection([this](EditorSession& session, TextSelection& selection) {
         return PasteClipboard(session, selection, clipboard_);
     });
+}
+
+void StoryPanel::AutoTypography() {
+    burst_.End(session_);
+    if (RunAutoTypography(session_)) ShowAllBoxes();
+    Changed();
+}
+
+void StoryPanel::OpenSearch(int tab) {
+    burst_.End(session_);
+    if (search_ == nullptr) {
+        SearchDialog::Panel panel;
+        panel.selection = [this] {
+            return IsBox(session_.activeBox) ? SelectionOf(session_.activeBox) : TextSelection{};
+        };
+        panel.reveal = [this](const TextSelection& hit) {
+            boxes_[static_cast<std::size_t>(hit.box)].edit->setFocus();
+            Select(hit);
+        };
+        panel.changed = [this] {
+            ShowAllBoxes();
+            Changed();
+        };
+        search_ = new SearchDialog(session_, std::move(panel), this);
+    }
+    search_->Open(tab);
+}
+
+void StoryPanel::FindNextOccurrence() {
+    if (search_ == nullptr || !search_->isVisible()) {
+        OpenSearch(0);
+        return;
+    }
+    search_->FindNext();
 }
 
 void StoryPanel::Undo() {

@@ -70,6 +70,7 @@ bool StoryTextBox::event(QEvent* event) {
 }
 
 void StoryTextBox::keyPressEvent(QKeyEvent* event) {
+    lastKeyModifiers_ = event->modifiers();
     if (RequestCommand(event) || RequestDeletion(event)) {
         event->accept();
         return;

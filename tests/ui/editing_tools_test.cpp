@@ -1,0 +1,114 @@
+#include "ui/editor_session_qt.h"  // first: before any header that includes the session
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QtTest>
+#include <memory>
+
+#include "editing/panel_session.h"
+#include "editing/story_forms.h"
+#include "ui/story_panel.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+// A story panel with the title box and the main box.
+struct ToolsBench {
+    ToolsBench() {
+        std::filesystem::create_directories(bench.session.paths.appDir);
+        bench.session.configuration.forms = {{"Main", "17", "", 0, -1, {}}};
+        bench.session.window.List("lstStoryTypes").items.push_back({"Main", {}});
+        ChooseForm(bench.session, 0);
+        panel = std::make_unique<StoryPanel>(bench.session, nullptr);
+        panel->show();
+        QApplication::setActiveWindow(panel.get());
+    }
+
+    template <typename Widget>
+    Widget& Find(const QString& name) {
+        auto* widget = panel->findChild<Widget*>(name);
+        if (widget == nullptr) qFatal("no control %s", qPrintable(name));
+        return *widget;
+    }
+    QTextEdit& Box(int box) { return Find<QTextEdit>(QStringLiteral("TextBox%1").arg(box)); }
+    // The box as the core holds it, when the panel shows the same.
+    QString Text(int box) {
+        const QString held = QString::fromStdU16String(bench.session.story.boxes[box].Text());
+        return Box(box).toPlainText() ==
+                       QString(held).replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                   ? held
+                   : QStringLiteral("(the panel shows something else)");
+    }
+    void Type(int box, const QString& keys) {
+        Box(box).setFocus();
+        Box(box).moveCursor(QTextCursor::End);
+        QTest::keyClicks(&Box(box), keys);
+    }
+    void Click(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
+
+    testing::PanelSession bench;
+    std::unique_ptr<StoryPanel> panel;
+};
+
+class EditingToolsTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void typingRulesActKeyByKey() {
+        ToolsBench tools;
+        tools.bench.session.preferences.FrenchQuotationMarks = true;
+        tools.Type(6, QStringLiteral("Oui  ? \"non\" !"));
+        QCOMPARE(tools.Text(6),
+                 QString::fromUtf16(u"Oui\u00B7? \u00AB\u00B7non\u00B7\u00BB\u00B7!"));
+        QTest::keyClick(&tools.Box(6), '"', Qt::ShiftModifier);
+        QVERIFY(tools.Text(6).endsWith(u'"'));
+
+        tools.Type(0, QStringLiteral("Titre  "));
+        QCOMPARE(tools.bench.session.window.Status().text, std::string("Space already present"));
+        tools.Type(0, QStringLiteral("x"));
+        QCOMPARE(tools.bench.session.window.Status().text, std::string());
+        QCOMPARE(tools.Text(0), QStringLiteral("Titre x"));
+    }
+
+    void searchWindowFindsReplacesAndRemembers() {
+        ToolsBench tools;
+        tools.Type(0, QStringLiteral("Le chat"));
+        tools.Type(6, QStringLiteral("Un chat, deux CHATS."));
+        tools.panel->OpenSearch(1);
+        auto& search = tools.Find<QDialog>(QStringLiteral("frmSearch"));
+        QVERIFY(search.isVisible());
+        tools.Find<QLineEdit>(QStringLiteral("txtSearch")).setText(QStringLiteral("chat"));
+        tools.Find<QLineEdit>(QStringLiteral("txtReplace")).setText(QStringLiteral("chien"));
+        tools.Click("cmdFollowing");
+        tools.Click("cmdFollowing");
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("chat"));
+        tools.Click("cmdReplace");
+        QCOMPARE(tools.Text(6), QStringLiteral("Un chien, deux CHATS."));
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("CHAT"));
+
+        tools.Click("cmdSearchAll");
+        QCOMPARE(tools.Find<QLabel>(QStringLiteral("lblSearchAll")).text(),
+                 QStringLiteral("Search all: 2"));
+        tools.Find<QCheckBox>(QStringLiteral("chkWholeWord")).setChecked(true);
+        tools.Click("cmdReplaceAll");
+        QCOMPARE(tools.bench.user.messages.back(),
+                 std::string("Search completed\n1 Replacements done"));
+        QCOMPARE(tools.Text(0), QStringLiteral("Le chien"));
+
+        tools.Click("cmdCancel");
+        QVERIFY(!search.isVisible());
+        QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "Search"), "chat");
+        QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "WholeWord"), "1");
+    }
+};
+
+TESSARIN_UI_TEST(EditingToolsTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "editing_tools_test.moc"
