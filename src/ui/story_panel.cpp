@@ -17,6 +17,7 @@
 #include "config/story_section.h"
 #include "editing/copy_fit.h"
 #include "editing/signature.h"
+#include "ui/notes_tree.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
 
@@ -82,6 +83,19 @@ void StoryPanel::BuildLayout() {
         boxes->addWidget(BuildBox(box), box == kMainTextBox ? 1 : 0);
     boxes->addWidget(BuildSignature());
     columns->addLayout(boxes, 1);
+    NotesTree::Panel panel;
+    panel.selection = [this]() -> std::optional<TextSelection> {
+        if (session_.activeBox < 0 || session_.activeBox >= kTextBoxCount) return std::nullopt;
+        return SelectionOf(session_.activeBox);
+    };
+    panel.reveal = [this](const TextSelection& selection) { Reveal(selection); };
+    panel.changed = [this] {
+        ShowAllBoxes();
+        Changed();
+    };
+    notes_ = new NotesTree(session_, std::move(panel), this);
+    notes_->setFixedWidth(kFormListWidth);
+    columns->addWidget(notes_);
 }
 
 QLabel* StoryPanel::NewLabel(const std::string& name) {
@@ -233,6 +247,7 @@ void StoryPanel::Refresh() {
     ShowForms();
     ShowAllBoxes();
     ShowSignature();
+    notes_->Refresh();
 }
 
 void StoryPanel::ShowAllBoxes() {

@@ -25,6 +25,7 @@ class QVBoxLayout;
 
 namespace tessarin {
 
+class NotesTree;
 class SearchDialog;
 class StoryTextBox;
 class StyledTextBridge;
@@ -33,7 +34,7 @@ class StyledTextBridge;
 // TextBox0 to TextBox6 with their labels lblTextBoxN, counters lblNbTextBoxN, limits
 // lblMinMaxTextBoxN, warning icons ImageWarningLessN and ImageWarningMoreN and all-caps marks
 // ImageAllCapsN, the total lblNbTotal, and the signature txtSignature with its buttons
-// cmdSignature0 and cmdSignature1.
+// cmdSignature0 and cmdSignature1, and beside them the notes, treeNotes.
 //
 // The boxes show the story's styled text; every key, paste and command goes to the core,
 // which decides (note anchors refuse edits, all-caps boxes upper-case, the counters and
@@ -117,6 +118,7 @@ class StoryPanel : public SessionView {
     void RunOnSelection(const Command& command);
     void ShowAllBoxes();
     void Changed();
+    void Reveal(const TextSelection& selection);  // the focus to its box, the range selected
 
     std::array<BoxWidgets, kTextBoxCount> boxes_;
     QLabel* formsLabel_ = nullptr;
@@ -129,6 +131,7 @@ class StoryPanel : public SessionView {
     TypingBurst burst_;
     TypographyTyping typography_;
     SearchDialog* search_ = nullptr;  // made at its first use
+    NotesTree* notes_ = nullptr;
     TextClipboard clipboard_;
 };
 

@@ -16,6 +16,7 @@
 #include "editing/story_forms.h"
 #include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
+#include "ui/notes_tree.h"
 #include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
@@ -247,10 +248,7 @@ void StoryPanel::OpenSearch(int tab) {
         panel.selection = [this] {
             return IsBox(session_.activeBox) ? SelectionOf(session_.activeBox) : TextSelection{};
         };
-        panel.reveal = [this](const TextSelection& hit) {
-            boxes_[static_cast<std::size_t>(hit.box)].edit->setFocus();
-            Select(hit);
-        };
+        panel.reveal = [this](const TextSelection& hit) { Reveal(hit); };
         panel.changed = [this] {
             ShowAllBoxes();
             Changed();
@@ -258,6 +256,12 @@ void StoryPanel::OpenSearch(int tab) {
         search_ = new SearchDialog(session_, std::move(panel), this);
     }
     search_->Open(tab);
+}
+
+void StoryPanel::Reveal(const TextSelection& selection) {
+    if (!IsBox(selection.box)) return;
+    boxes_[static_cast<std::size_t>(selection.box)].edit->setFocus();
+    Select(selection);
 }
 
 void StoryPanel::FindNextOccurrence() {
@@ -290,6 +294,11 @@ void StoryPanel::ShowContextMenu(int box, const QPoint& where) {
     menu.addAction(PopupCaption(window, "mnuPopupCopy", "Copy"), this, &StoryPanel::Copy)
         ->setEnabled(state.copy);
     menu.addAction(PopupCaption(window, "mnuPopupPaste", "Paste"), this, &StoryPanel::Paste);
+    if (session_.configuration.story.notes.visible) {
+        menu.addSeparator();
+        menu.addAction(PopupCaption(window, "mnuPopupAddNote", "Add note"), this,
+                       [this] { notes_->AddNote(true); });
+    }
     menu.exec(where);
 }
 

@@ -4,13 +4,16 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QtTest>
 #include <memory>
 
+#include "config/story_section.h"
 #include "editing/panel_session.h"
 #include "editing/story_forms.h"
+#include "ui/notes_tree.h"
 #include "ui/story_panel.h"
 #include "ui/ui_test_registry.h"
 
@@ -21,6 +24,12 @@ namespace {
 struct ToolsBench {
     ToolsBench() {
         std::filesystem::create_directories(bench.session.paths.appDir);
+        XmlDocument story;
+        story.LoadBytes("<Story/>");
+        XmlDocument services;
+        services.LoadBytes("<NewsServices/>");
+        ReadStoryAndNewsServices(story.DocumentElement(), services.DocumentElement(),
+                                 bench.session.configuration, bench.session.window);
         bench.session.configuration.forms = {{"Main", "17", "", 0, -1, {}}};
         bench.session.window.List("lstStoryTypes").items.push_back({"Main", {}});
         ChooseForm(bench.session, 0);
@@ -103,6 +112,43 @@ class EditingToolsTest : public QObject {
         QVERIFY(!search.isVisible());
         QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "Search"), "chat");
         QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "WholeWord"), "1");
+    }
+
+    void notesTreeAddsBookmarksAndRemovesThemWithTheirAnchor() {
+        ToolsBench tools;
+        tools.bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
+        tools.Type(6, QStringLiteral("deux mots"));
+        QTextCursor cursor = tools.Box(6).textCursor();
+        cursor.setPosition(5);
+        cursor.setPosition(9, QTextCursor::KeepAnchor);
+        tools.Box(6).setTextCursor(cursor);
+        auto& tree = tools.Find<NotesTree>(QStringLiteral("treeNotes"));
+        tree.AddNote(true);
+
+        auto& note = tools.Find<QDialog>(QStringLiteral("frmNote"));
+        QVERIFY(note.isVisible());
+        tools.Find<QPlainTextEdit>(QStringLiteral("txtNote")).setPlainText(QStringLiteral("a\nb"));
+        tools.Click("cmdCancel");
+        const StoryNote& added = tools.bench.session.story.notes.at(0);
+        QCOMPARE(added.text, std::string("a\r\nb"));
+        QVERIFY(added.bookmark);
+        const QString title = QString::fromStdString(added.title);
+        QCOMPARE(tools.Text(6), QStringLiteral("deux ") + title + QStringLiteral("mots"));
+        QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [1]"));
+
+        // Typing inside the anchor changes nothing; a click on the note selects it.
+        tools.Box(6).setFocus();
+        cursor.setPosition(7);
+        tools.Box(6).setTextCursor(cursor);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("zz"));
+        QCOMPARE(tools.Text(6), QStringLiteral("deux ") + title + QStringLiteral("mots"));
+        QTreeWidgetItem* item = tree.topLevelItem(0)->child(0);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), title);
+
+        tree.RemoveNote(0);
+        QCOMPARE(tools.Text(6), QStringLiteral("deux mots"));
+        QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [0]"));
     }
 };
 
