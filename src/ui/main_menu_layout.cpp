@@ -172,7 +172,6 @@ constexpr ToolbarLayout kToolbars[] = {
 constexpr std::string_view kCommandsNotBuiltYet[] = {
     "FileMyStories",
     "FilePrint",
-    "EditionMultipleClipboard",
     "DisplayTextZoom",
     "DisplayParagraphs",
     "DisplayTeleprompter",

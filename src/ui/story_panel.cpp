@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTextDocument>
@@ -16,7 +17,9 @@
 #include "config/numbered_name.h"
 #include "config/story_section.h"
 #include "editing/copy_fit.h"
+#include "editing/multiple_clipboard.h"
 #include "editing/signature.h"
+#include "ui/clipboard_tree.h"
 #include "ui/notes_tree.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
@@ -95,7 +98,35 @@ void StoryPanel::BuildLayout() {
     };
     notes_ = new NotesTree(session_, std::move(panel), this);
     notes_->setFixedWidth(kFormListWidth);
-    columns->addWidget(notes_);
+    snippets_ = new ClipboardTree(session_, SnippetPanel(), this);
+    snippets_->setFixedWidth(kFormListWidth);
+    auto* trees = new QVBoxLayout;
+    trees->addWidget(notes_);
+    trees->addWidget(snippets_);
+    columns->addLayout(trees);
+    for (int key = 0; key < kShortcutEntries; ++key) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | (Qt::Key_F1 + key)), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, key] {
+            burst_.End(session_);
+            snippets_->Insert(static_cast<std::size_t>(key) + 1);
+        });
+    }
+}
+
+ClipboardTree::Panel StoryPanel::SnippetPanel() {
+    ClipboardTree::Panel panel;
+    panel.selection = [this] {
+        const int box = session_.activeBox;
+        return box >= 0 && box < kTextBoxCount ? SelectionOf(box) : TextSelection{};
+    };
+    panel.inserted = [this](TextSelection selection) {
+        ShowBox(selection.box);
+        ShowTotal();
+        Select(selection);
+        Changed();
+    };
+    return panel;
 }
 
 QLabel* StoryPanel::NewLabel(const std::string& name) {
@@ -248,6 +279,7 @@ void StoryPanel::Refresh() {
     ShowAllBoxes();
     ShowSignature();
     notes_->Refresh();
+    snippets_->Refresh();
 }
 
 void StoryPanel::ShowAllBoxes() {

@@ -14,6 +14,7 @@
 #include "editing/clipboard.h"
 #include "editing/typography_typing.h"
 #include "story/story_record.h"
+#include "ui/clipboard_tree.h"
 #include "ui/session_view.h"
 
 class QAction;
@@ -34,7 +35,8 @@ class StyledTextBridge;
 // TextBox0 to TextBox6 with their labels lblTextBoxN, counters lblNbTextBoxN, limits
 // lblMinMaxTextBoxN, warning icons ImageWarningLessN and ImageWarningMoreN and all-caps marks
 // ImageAllCapsN, the total lblNbTotal, and the signature txtSignature with its buttons
-// cmdSignature0 and cmdSignature1, and beside them the notes, treeNotes.
+// cmdSignature0 and cmdSignature1, and beside them the notes, treeNotes, and the multiple
+// clipboard, treeClipboard.
 //
 // The boxes show the story's styled text; every key, paste and command goes to the core,
 // which decides (note anchors refuse edits, all-caps boxes upper-case, the counters and
@@ -65,6 +67,7 @@ class StoryPanel : public SessionView {
     void InsertTime();
     void InsertNonBreakingSpace();
     void AutoTypography();
+    void ToggleMultipleClipboard();
     void OpenSearch(int tab);  // frmSearch on its search (0) or replace (1) tab
     void FindNextOccurrence();
     void Cut();
@@ -118,7 +121,8 @@ class StoryPanel : public SessionView {
     void RunOnSelection(const Command& command);
     void ShowAllBoxes();
     void Changed();
-    void Reveal(const TextSelection& selection);  // the focus to its box, the range selected
+    void Reveal(const TextSelection& selection);
+    ClipboardTree::Panel SnippetPanel();  // the focus to its box, the range selected
 
     std::array<BoxWidgets, kTextBoxCount> boxes_;
     QLabel* formsLabel_ = nullptr;
@@ -132,6 +136,7 @@ class StoryPanel : public SessionView {
     TypographyTyping typography_;
     SearchDialog* search_ = nullptr;  // made at its first use
     NotesTree* notes_ = nullptr;
+    ClipboardTree* snippets_ = nullptr;
     TextClipboard clipboard_;
 };
 

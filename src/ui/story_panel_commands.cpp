@@ -10,8 +10,10 @@
 #include <QTimer>
 #include <utility>
 
+#include "config/preferences.h"
 #include "editing/copy_fit.h"
 #include "editing/formatting.h"
+#include "editing/multiple_clipboard.h"
 #include "editing/selection_state.h"
 #include "editing/story_forms.h"
 #include "editing/typography_rules.h"
@@ -63,6 +65,7 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
         {"FormatToLowercase", [this] { ToLowerCase(); }},
         {"FormatAutoTypography", [this] { AutoTypography(); }},
         {"SearchText", [this] { OpenSearch(0); }},
+        {"EditionMultipleClipboard", [this] { ToggleMultipleClipboard(); }},
         {"SearchReplace", [this] { OpenSearch(1); }},
         {"SearchNextOccurrence", [this] { FindNextOccurrence(); }},
     };
@@ -241,6 +244,13 @@ void StoryPanel::AutoTypography() {
     Changed();
 }
 
+void StoryPanel::ToggleMultipleClipboard() {
+    bool& visible = session_.preferences.MultipleClipboardVisible;
+    visible = !visible;
+    WriteMultipleClipboardVisible(session_.profile, visible);
+    snippets_->Refresh();
+}
+
 void StoryPanel::OpenSearch(int tab) {
     burst_.End(session_);
     if (search_ == nullptr) {
@@ -294,6 +304,12 @@ void StoryPanel::ShowContextMenu(int box, const QPoint& where) {
     menu.addAction(PopupCaption(window, "mnuPopupCopy", "Copy"), this, &StoryPanel::Copy)
         ->setEnabled(state.copy);
     menu.addAction(PopupCaption(window, "mnuPopupPaste", "Paste"), this, &StoryPanel::Paste);
+    if (!MultipleClipboardFile(session_).empty()) {
+        menu.addAction(PopupCaption(window, "mnuPopupCopyToMultipleClipboard",
+                                    "Copy to multiple clipboard"),
+                       this, [this] { snippets_->CopySelection(); })
+            ->setEnabled(state.copyToMultipleClipboard);
+    }
     if (session_.configuration.story.notes.visible) {
         menu.addSeparator();
         menu.addAction(PopupCaption(window, "mnuPopupAddNote", "Add note"), this,

@@ -7,7 +7,9 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextEdit>
+#include <QTreeWidget>
 #include <QtTest>
+#include <fstream>
 #include <memory>
 
 #include "config/story_section.h"
@@ -149,6 +151,22 @@ class EditingToolsTest : public QObject {
         tree.RemoveNote(0);
         QCOMPARE(tools.Text(6), QStringLiteral("deux mots"));
         QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [0]"));
+    }
+
+    void snippetsComeByCtrlAndFunctionKeys() {
+        ToolsBench tools;
+        std::ofstream(tools.bench.session.paths.appDir / "clips.txt", std::ios::binary)
+            << "Paris\r\nLyon\\nMarseille\r\n";
+        tools.bench.session.configuration.interface.entries["EditionMultipleClipboard"].File =
+            "clips.txt";
+        tools.panel->Refresh();
+        auto& tree = tools.Find<QTreeWidget>(QStringLiteral("treeClipboard"));
+        QCOMPARE(tree.topLevelItem(0)->child(1)->text(0),
+                 QStringLiteral("Lyon Marseille [Ctrl+F2]"));
+        tools.Type(6, QStringLiteral("A "));
+        QTest::keyClick(&tools.Box(6), Qt::Key_F2, Qt::ControlModifier);
+        QTest::keyClick(&tools.Box(6), Qt::Key_F6, Qt::ControlModifier);  // no sixth snippet
+        QCOMPARE(tools.Text(6), QStringLiteral("A Lyon\r\nMarseille"));
     }
 };
 
