@@ -177,7 +177,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "DisplayTeleprompter",
     "InsertCharacters",
     "InsertSetOfCharacters",
-    "FormatQuestionsAnswers",
     "FormatQuestions",
     "FormatAnswers",
     "FormatNewline",

@@ -12,6 +12,7 @@
 
 #include "editing/box_typing.h"
 #include "editing/clipboard.h"
+#include "editing/questions_answers.h"
 #include "editing/typography_typing.h"
 #include "story/story_record.h"
 #include "ui/clipboard_tree.h"
@@ -68,7 +69,8 @@ class StoryPanel : public SessionView {
     void InsertNonBreakingSpace();
     void AutoTypography();
     void ToggleMultipleClipboard();
-    void OpenSearch(int tab);  // frmSearch on its search (0) or replace (1) tab
+    void ToggleQuestionsAnswers();  // frmQuestionsAnswers first when the mode goes on
+    void OpenSearch(int tab);       // frmSearch on its search (0) or replace (1) tab
     void FindNextOccurrence();
     void Cut();
     void Copy();
@@ -110,6 +112,7 @@ class StoryPanel : public SessionView {
 
     void FormClicked(int row);
     void TypeInto(int box, int start, int end, const QString& text);
+    bool EnterQuestionOrAnswer(int box, std::size_t from, std::size_t to);
     void PasteInto(int box, const QString& text);
     void FocusBox(int box);
     void SelectionMoved(int box);
@@ -134,6 +137,7 @@ class StoryPanel : public SessionView {
     std::map<QObject*, std::function<void()>> hovers_;
     TypingBurst burst_;
     TypographyTyping typography_;
+    QuestionsAnswers questionsAnswers_;
     SearchDialog* search_ = nullptr;  // made at its first use
     NotesTree* notes_ = nullptr;
     ClipboardTree* snippets_ = nullptr;

@@ -19,6 +19,7 @@
 #include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
 #include "ui/notes_tree.h"
+#include "ui/questions_answers_dialog.h"
 #include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
@@ -65,6 +66,7 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
         {"FormatToLowercase", [this] { ToLowerCase(); }},
         {"FormatAutoTypography", [this] { AutoTypography(); }},
         {"SearchText", [this] { OpenSearch(0); }},
+        {"FormatQuestionsAnswers", [this] { ToggleQuestionsAnswers(); }},
         {"EditionMultipleClipboard", [this] { ToggleMultipleClipboard(); }},
         {"SearchReplace", [this] { OpenSearch(1); }},
         {"SearchNextOccurrence", [this] { FindNextOccurrence(); }},
@@ -108,6 +110,7 @@ void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
     BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
     const std::size_t from = widgets.bridge->ToBoxPosition(start);
     const std::size_t to = widgets.bridge->ToBoxPosition(end);
+    if (typed == QLatin1String("\r\n") && EnterQuestionOrAnswer(box, from, to)) return;
     const bool shift = widgets.edit->LastKeyModifiers().testFlag(Qt::ShiftModifier);
     const std::optional<TypedStretch> stretch =
         typography_.Type(session_, &burst_, box, from, typed.toStdU16String(), to - from, shift);
@@ -115,6 +118,7 @@ void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
         Changed();  // a swallowed blank shows why in the status bar
         return;
     }
+    questionsAnswers_.Typed(session_, box, stretch->start, stretch->newLength);
     // The bridge still shows the text as it was, so its positions are those of the old range.
     const int documentStart = widgets.bridge->ToDocumentPosition(stretch->start);
     const int documentEnd = widgets.bridge->ToDocumentPosition(stretch->start + stretch->oldLength);
@@ -129,6 +133,21 @@ void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
     ShowTotal();
     ShowSelection(session_, SelectionOf(box));
     Changed();
+}
+
+bool StoryPanel::EnterQuestionOrAnswer(int box, std::size_t from, std::size_t to) {
+    const Qt::KeyboardModifiers held =
+        boxes_[static_cast<std::size_t>(box)].edit->LastKeyModifiers() &
+        (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    burst_.End(session_);
+    const std::optional<std::size_t> caret =
+        questionsAnswers_.Enter(session_, box, from, to - from, held != Qt::NoModifier);
+    if (!caret) return false;
+    ShowBox(box);
+    ShowTotal();
+    Select({box, *caret, 0});
+    Changed();
+    return true;
 }
 
 void StoryPanel::FocusBox(int box) {
@@ -249,6 +268,31 @@ void StoryPanel::ToggleMultipleClipboard() {
     visible = !visible;
     WriteMultipleClipboardVisible(session_.profile, visible);
     snippets_->Refresh();
+}
+
+void StoryPanel::ToggleQuestionsAnswers() {
+    if (questionsAnswers_.On(session_)) {
+        questionsAnswers_.Stop(session_);
+        Changed();
+        return;
+    }
+    auto* dialog = new QuestionsAnswersDialog(session_, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::finished, this, [this, dialog](int result) {
+        if (result != QDialog::Accepted) {
+            questionsAnswers_.Stop(session_);
+            Changed();
+            return;
+        }
+        burst_.End(session_);
+        const std::size_t caret =
+            questionsAnswers_.Start(session_, dialog->Roles(), SelectionOf(kMainTextBox).start);
+        ShowBox(kMainTextBox);
+        ShowTotal();
+        Reveal({kMainTextBox, caret, 0});
+        Changed();
+    });
+    dialog->open();
 }
 
 void StoryPanel::OpenSearch(int tab) {

@@ -168,6 +168,32 @@ class EditingToolsTest : public QObject {
         QTest::keyClick(&tools.Box(6), Qt::Key_F6, Qt::ControlModifier);  // no sixth snippet
         QCOMPARE(tools.Text(6), QStringLiteral("A Lyon\r\nMarseille"));
     }
+
+    void questionsAndAnswersPutTheLabelsAtEachEnter() {
+        ToolsBench tools;
+        tools.Box(6).setFocus();
+        tools.panel->ToggleQuestionsAnswers();
+        auto& dialog = tools.Find<QDialog>(QStringLiteral("frmQuestionsAnswers"));
+        const QList<QWidget*> frames = dialog.findChildren<QWidget*>(QStringLiteral("FrameQA"));
+        QCOMPARE(frames.size(), 2);
+        frames[0]->findChild<QLineEdit*>(QStringLiteral("txtQA"))->setText(QStringLiteral("Q: "));
+        frames[1]->findChild<QLineEdit*>(QStringLiteral("txtQA"))->setText(QStringLiteral("R: "));
+        auto* inter1 = frames[1]->findChild<QCheckBox*>(QStringLiteral("chkInter1"));
+        inter1->setChecked(true);
+        frames[1]->findChild<QCheckBox*>(QStringLiteral("chkInter3"))->setChecked(true);
+        QVERIFY(!inter1->isChecked());
+        QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
+
+        QCOMPARE(tools.Text(6), QStringLiteral("Q: "));
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("x"));
+        QTest::keyClick(&tools.Box(6), Qt::Key_Return);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("y"));
+        QTest::keyClick(&tools.Box(6), Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(tools.Text(6), QStringLiteral("Q: x\r\nR: y\r\n"));
+        QCOMPARE(tools.bench.session.story.boxes[6].FormatAt(6).colour,
+                 tools.bench.session.preferences.InterColor3);
+        QCOMPARE(tools.bench.session.profile.Read("QA", "QAText2"), "R:%20");
+    }
 };
 
 TESSARIN_UI_TEST(EditingToolsTest);
