@@ -175,7 +175,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "DisplayTextZoom",
     "DisplayParagraphs",
     "DisplayTeleprompter",
-    "InsertCharacters",
     "InsertSetOfCharacters",
     "FormatQuestions",
     "FormatAnswers",

@@ -214,6 +214,7 @@ QWidget* StoryPanel::BuildBox(int box) {
     connect(edit, &StoryTextBox::undoRequested, this, &StoryPanel::Undo);
     connect(edit, &StoryTextBox::redoRequested, this, &StoryPanel::Redo);
     connect(edit, &StoryTextBox::focused, this, [this, box] { FocusBox(box); });
+    connect(edit, &StoryTextBox::altGrPressed, this, [this] { altGr_.AltGrPressed(); });
     connect(edit, &StoryTextBox::cursorPositionChanged, this, [this, box] { SelectionMoved(box); });
     connect(edit, &StoryTextBox::selectionChanged, this, [this, box] { SelectionMoved(box); });
     connect(edit, &StoryTextBox::contextMenuRequested, this,

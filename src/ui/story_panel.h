@@ -11,6 +11,7 @@
 #include <string>
 
 #include "editing/box_typing.h"
+#include "editing/character_insertion.h"
 #include "editing/clipboard.h"
 #include "editing/questions_answers.h"
 #include "editing/typography_typing.h"
@@ -69,8 +70,10 @@ class StoryPanel : public SessionView {
     void InsertNonBreakingSpace();
     void AutoTypography();
     void ToggleMultipleClipboard();
-    void ToggleQuestionsAnswers();  // frmQuestionsAnswers first when the mode goes on
-    void OpenSearch(int tab);       // frmSearch on its search (0) or replace (1) tab
+    void ToggleQuestionsAnswers();
+    void
+    InsertCharacters();  // frmInsertCharacters  // frmQuestionsAnswers first when the mode goes on
+    void OpenSearch(int tab);  // frmSearch on its search (0) or replace (1) tab
     void FindNextOccurrence();
     void Cut();
     void Copy();
@@ -138,6 +141,7 @@ class StoryPanel : public SessionView {
     TypingBurst burst_;
     TypographyTyping typography_;
     QuestionsAnswers questionsAnswers_;
+    AltGrCapitals altGr_;
     SearchDialog* search_ = nullptr;  // made at its first use
     NotesTree* notes_ = nullptr;
     ClipboardTree* snippets_ = nullptr;

@@ -18,6 +18,7 @@
 #include "editing/story_forms.h"
 #include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
+#include "ui/insert_characters_dialog.h"
 #include "ui/notes_tree.h"
 #include "ui/questions_answers_dialog.h"
 #include "ui/search_dialog.h"
@@ -66,6 +67,7 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
         {"FormatToLowercase", [this] { ToLowerCase(); }},
         {"FormatAutoTypography", [this] { AutoTypography(); }},
         {"SearchText", [this] { OpenSearch(0); }},
+        {"InsertCharacters", [this] { InsertCharacters(); }},
         {"FormatQuestionsAnswers", [this] { ToggleQuestionsAnswers(); }},
         {"EditionMultipleClipboard", [this] { ToggleMultipleClipboard(); }},
         {"SearchReplace", [this] { OpenSearch(1); }},
@@ -112,8 +114,10 @@ void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
     const std::size_t to = widgets.bridge->ToBoxPosition(end);
     if (typed == QLatin1String("\r\n") && EnterQuestionOrAnswer(box, from, to)) return;
     const bool shift = widgets.edit->LastKeyModifiers().testFlag(Qt::ShiftModifier);
+    std::u16string keyed = typed.toStdU16String();
+    if (keyed.size() == 1) keyed[0] = altGr_.Typed(session_, keyed[0]);
     const std::optional<TypedStretch> stretch =
-        typography_.Type(session_, &burst_, box, from, typed.toStdU16String(), to - from, shift);
+        typography_.Type(session_, &burst_, box, from, keyed, to - from, shift);
     if (!stretch) {
         Changed();  // a swallowed blank shows why in the status bar
         return;
@@ -293,6 +297,16 @@ void StoryPanel::ToggleQuestionsAnswers() {
         Changed();
     });
     dialog->open();
+}
+
+void StoryPanel::InsertCharacters() {
+    burst_.End(session_);
+    InsertCharactersDialog::Panel panel;
+    panel.selection = [this] { return SelectionOf(CharacterTargetBox(session_)); };
+    panel.inserted = SnippetPanel().inserted;
+    auto* dialog = new InsertCharactersDialog(session_, std::move(panel), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
 }
 
 void StoryPanel::OpenSearch(int tab) {

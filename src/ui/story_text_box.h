@@ -30,6 +30,7 @@ class StoryTextBox : public QTextEdit {
     void undoRequested();
     void redoRequested();
     void focused();
+    void altGrPressed();
     void contextMenuRequested(const QPoint& globalPosition);
 
   protected:

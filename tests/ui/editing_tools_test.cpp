@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextEdit>
@@ -193,6 +194,34 @@ class EditingToolsTest : public QObject {
         QCOMPARE(tools.bench.session.story.boxes[6].FormatAt(6).colour,
                  tools.bench.session.preferences.InterColor3);
         QCOMPARE(tools.bench.session.profile.Read("QA", "QAText2"), "R:%20");
+    }
+
+    void charactersComeFromTheConfiguredSetsAndAltGr() {
+        ToolsBench tools;
+        std::ofstream(tools.bench.session.paths.configurationFile, std::ios::binary)
+            << "<Tessarin><InsertCharacters><InsertSetOfCharacters>"
+               "<Set Name=\"Latin\">\u00C6\u0152</Set><Set Name=\"Money\">\u20AC\u00A3</Set>"
+               "</InsertSetOfCharacters></InsertCharacters></Tessarin>";
+        tools.Type(6, QStringLiteral("ab"));
+        tools.panel->InsertCharacters();
+        auto& dialog = tools.Find<QDialog>(QStringLiteral("frmInsertCharacters"));
+        auto& names = tools.Find<QListWidget>(QStringLiteral("lstCharactersName"));
+        auto& set = tools.Find<QListWidget>(QStringLiteral("lstCharactersSet"));
+        names.setCurrentRow(1);
+        QCOMPARE(set.count(), 2);
+        QVERIFY(!tools.Find<QPushButton>(QStringLiteral("cmdOK")).isEnabled());
+        set.setCurrentRow(0);
+        QCOMPARE(tools.Find<QLabel>(QStringLiteral("lblDecimal")).text(), QStringLiteral("128"));
+        tools.Click("cmdOK");
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC"));
+        tools.Click("cmdCancel");
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(tools.bench.session.profile.Read("Configuration", "IndexCharSet"), "1");
+
+        QKeyEvent altGr(QEvent::KeyPress, Qt::Key_AltGr, Qt::NoModifier);
+        QApplication::sendEvent(&tools.Box(6), &altGr);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("oo"));
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC\u0153o"));
     }
 };
 
