@@ -49,7 +49,7 @@ class MainWindowCommandsTest : public QObject {
             }
         }
         for (const char* button : {"ReceiveWorkflow", "InterceptWorkflow", "SendFTP", "SendMail",
-                                   "SpellChecker", "Search", "Zoom", "QA"}) {
+                                   "SpellChecker", "Search", "Zoom"}) {
             QVERIFY2(!editor.Action(button)->isEnabled(), button);
         }
         editor.Trigger("Zoom");
