@@ -9,19 +9,10 @@
 
 #include "config/profile_values.h"
 #include "editing/character_insertion.h"
+#include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
-namespace {
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-}  // namespace
-
 InsertCharactersDialog::InsertCharactersDialog(EditorSession& session, Panel panel, QWidget* parent)
     : QDialog(parent),
       session_(session),

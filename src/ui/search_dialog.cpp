@@ -10,18 +10,13 @@
 #include <QVBoxLayout>
 
 #include "editing/search_replace_settings.h"
+#include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
 namespace {
 
 constexpr int kReplaceTab = 1;
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 }  // namespace
 
