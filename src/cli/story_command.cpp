@@ -1,13 +1,18 @@
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "app/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
+#include "common/utf8.h"
 #include "common/xml_document.h"
+#include "editing/search_replace.h"
+#include "editing/typography_rules.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
 #include "story/save_story.h"
@@ -19,7 +24,10 @@ namespace tessarin::cli {
 namespace {
 
 constexpr const char* kStoryUsage =
-    "tessarin-cli: usage: story resave STORY -o OUT [--unattended] | story text STORY\n";
+    "tessarin-cli: usage: story resave STORY -o OUT [--unattended] | story text STORY\n"
+    "                     | story typography STORY -o OUT\n"
+    "                     | story replace STORY FIND REPLACEMENT -o OUT [--match-case] "
+    "[--whole-word]\n";
 
 struct ResaveArguments {
     std::filesystem::path story;
@@ -56,8 +64,44 @@ bool IsImportedDocument(const std::filesystem::path& file) {
            extension == ".DOCX" || extension == ".ODT";
 }
 
-// Opens the story as the editor does, then saves it under OUT with the save command.
-int Resave(CliContext& context, const ResaveArguments& arguments) {
+struct ReplaceArguments {
+    ResaveArguments files;
+    SearchOptions options;
+    std::u16string replacement;
+};
+
+// story replace STORY FIND REPLACEMENT -o OUT [--match-case] [--whole-word]: the three texts
+// in that order, the options anywhere.
+std::optional<ReplaceArguments> ParseReplace(const Arguments& arguments) {
+    ReplaceArguments parsed;
+    parsed.files.unattended = true;
+    std::vector<std::string> texts;
+    bool haveOut = false;
+    for (std::size_t index = 1; index < arguments.size(); ++index) {
+        const std::string& argument = arguments[index];
+        if (argument == "--match-case") {
+            parsed.options.matchCase = true;
+        } else if (argument == "--whole-word") {
+            parsed.options.wholeWord = true;
+        } else if (argument == "-o") {
+            if (haveOut || ++index >= arguments.size()) return std::nullopt;
+            parsed.files.out = arguments[index];
+            haveOut = true;
+        } else {
+            texts.push_back(argument);
+        }
+    }
+    if (texts.size() != 3 || !haveOut || parsed.files.out.filename().empty()) return std::nullopt;
+    parsed.files.story = texts[0];
+    parsed.options.what = Utf8ToUtf16(texts[1]);
+    parsed.replacement = Utf8ToUtf16(texts[2]);
+    return parsed;
+}
+
+// Opens the story as the editor does, lets change work on the open story, then saves it
+// under OUT with the save command.
+int ChangeAndSave(CliContext& context, const ResaveArguments& arguments,
+                  const std::function<void(EditorSession&)>& change) {
     CliInteraction user(context.answer, context.err);
     EditorSession session(SessionPaths(context), user);
     if (!StartSession(session, context, user)) return kExitRefused;
@@ -73,6 +117,7 @@ int Resave(CliContext& context, const ResaveArguments& arguments) {
                StoryReadOutcome::NotRead) {
         return kExitRefused;
     }
+    if (change) change(session);
     session.storyDirectory = arguments.out.parent_path();
     session.storyFileName = arguments.out.filename().string();
 
@@ -102,8 +147,28 @@ int PrintText(CliContext& context, const std::filesystem::path& story) {
 
 int RunStoryCommand(CliContext& context, const Arguments& arguments) {
     if (arguments.size() == 2 && arguments[0] == "text") return PrintText(context, arguments[1]);
-    if (!arguments.empty() && arguments[0] == "resave") {
-        if (const auto parsed = ParseResave(arguments)) return Resave(context, *parsed);
+    const std::string subcommand = arguments.empty() ? std::string() : arguments[0];
+    if (subcommand == "resave") {
+        if (const auto parsed = ParseResave(arguments)) return ChangeAndSave(context, *parsed, {});
+    }
+    if (subcommand == "typography") {
+        std::optional<ResaveArguments> parsed = ParseResave(arguments);
+        if (parsed && !parsed->unattended) {
+            parsed->unattended = true;
+            return ChangeAndSave(context, *parsed,
+                                 [](EditorSession& session) { RunAutoTypography(session); });
+        }
+    }
+    if (subcommand == "replace") {
+        if (const auto parsed = ParseReplace(arguments)) {
+            if (parsed->options.what.empty()) {
+                context.err << "tessarin-cli: story replace: the text to find is empty\n";
+                return kExitUsage;
+            }
+            return ChangeAndSave(context, parsed->files, [&](EditorSession& session) {
+                context.out << ReplaceAll(session, parsed->options, parsed->replacement) << '\n';
+            });
+        }
     }
     context.err << kStoryUsage;
     return kExitUsage;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTextDocument>
@@ -16,7 +17,10 @@
 #include "config/numbered_name.h"
 #include "config/story_section.h"
 #include "editing/copy_fit.h"
+#include "editing/multiple_clipboard.h"
 #include "editing/signature.h"
+#include "ui/clipboard_tree.h"
+#include "ui/notes_tree.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
 
@@ -82,6 +86,47 @@ void StoryPanel::BuildLayout() {
         boxes->addWidget(BuildBox(box), box == kMainTextBox ? 1 : 0);
     boxes->addWidget(BuildSignature());
     columns->addLayout(boxes, 1);
+    NotesTree::Panel panel;
+    panel.selection = [this]() -> std::optional<TextSelection> {
+        if (session_.activeBox < 0 || session_.activeBox >= kTextBoxCount) return std::nullopt;
+        return SelectionOf(session_.activeBox);
+    };
+    panel.reveal = [this](const TextSelection& selection) { Reveal(selection); };
+    panel.changed = [this] {
+        ShowAllBoxes();
+        Changed();
+    };
+    notes_ = new NotesTree(session_, std::move(panel), this);
+    notes_->setFixedWidth(kFormListWidth);
+    snippets_ = new ClipboardTree(session_, SnippetPanel(), this);
+    snippets_->setFixedWidth(kFormListWidth);
+    auto* trees = new QVBoxLayout;
+    trees->addWidget(notes_);
+    trees->addWidget(snippets_);
+    columns->addLayout(trees);
+    for (int key = 0; key < kShortcutEntries; ++key) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | (Qt::Key_F1 + key)), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, key] {
+            burst_.End(session_);
+            snippets_->Insert(static_cast<std::size_t>(key) + 1);
+        });
+    }
+}
+
+ClipboardTree::Panel StoryPanel::SnippetPanel() {
+    ClipboardTree::Panel panel;
+    panel.selection = [this] {
+        const int box = session_.activeBox;
+        return box >= 0 && box < kTextBoxCount ? SelectionOf(box) : TextSelection{};
+    };
+    panel.inserted = [this](TextSelection selection) {
+        ShowBox(selection.box);
+        ShowTotal();
+        Select(selection);
+        Changed();
+    };
+    return panel;
 }
 
 QLabel* StoryPanel::NewLabel(const std::string& name) {
@@ -169,6 +214,7 @@ QWidget* StoryPanel::BuildBox(int box) {
     connect(edit, &StoryTextBox::undoRequested, this, &StoryPanel::Undo);
     connect(edit, &StoryTextBox::redoRequested, this, &StoryPanel::Redo);
     connect(edit, &StoryTextBox::focused, this, [this, box] { FocusBox(box); });
+    connect(edit, &StoryTextBox::altGrPressed, this, [this] { altGr_.AltGrPressed(); });
     connect(edit, &StoryTextBox::cursorPositionChanged, this, [this, box] { SelectionMoved(box); });
     connect(edit, &StoryTextBox::selectionChanged, this, [this, box] { SelectionMoved(box); });
     connect(edit, &StoryTextBox::contextMenuRequested, this,
@@ -233,6 +279,8 @@ void StoryPanel::Refresh() {
     ShowForms();
     ShowAllBoxes();
     ShowSignature();
+    notes_->Refresh();
+    snippets_->Refresh();
 }
 
 void StoryPanel::ShowAllBoxes() {

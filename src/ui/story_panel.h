@@ -12,9 +12,13 @@
 #include <string>
 
 #include "editing/box_typing.h"
+#include "editing/character_insertion.h"
 #include "editing/clipboard.h"
+#include "editing/questions_answers.h"
+#include "editing/typography_typing.h"
 #include "linguistics/synonyms.h"
 #include "story/story_record.h"
+#include "ui/clipboard_tree.h"
 #include "ui/session_view.h"
 
 class QAction;
@@ -26,6 +30,8 @@ class QVBoxLayout;
 
 namespace tessarin {
 
+class NotesTree;
+class SearchDialog;
 class StoryTextBox;
 class StyledTextBridge;
 
@@ -33,7 +39,8 @@ class StyledTextBridge;
 // TextBox0 to TextBox6 with their labels lblTextBoxN, counters lblNbTextBoxN, limits
 // lblMinMaxTextBoxN, warning icons ImageWarningLessN and ImageWarningMoreN and all-caps marks
 // ImageAllCapsN, the total lblNbTotal, and the signature txtSignature with its buttons
-// cmdSignature0 and cmdSignature1.
+// cmdSignature0 and cmdSignature1, and beside them the notes, treeNotes, and the multiple
+// clipboard, treeClipboard.
 //
 // The boxes show the story's styled text; every key, paste and command goes to the core,
 // which decides (note anchors refuse edits, all-caps boxes upper-case, the counters and
@@ -63,6 +70,13 @@ class StoryPanel : public SessionView {
     void InsertDate();
     void InsertTime();
     void InsertNonBreakingSpace();
+    void AutoTypography();
+    void ToggleMultipleClipboard();
+    void ToggleQuestionsAnswers();
+    void
+    InsertCharacters();  // frmInsertCharacters  // frmQuestionsAnswers first when the mode goes on
+    void OpenSearch(int tab);  // frmSearch on its search (0) or replace (1) tab
+    void FindNextOccurrence();
     void Cut();
     void Copy();
     void Paste();
@@ -109,6 +123,7 @@ class StoryPanel : public SessionView {
 
     void FormClicked(int row);
     void TypeInto(int box, int start, int end, const QString& text);
+    bool EnterQuestionOrAnswer(int box, std::size_t from, std::size_t to);
     void PasteInto(int box, const QString& text);
     void FocusBox(int box);
     void SelectionMoved(int box);
@@ -120,6 +135,8 @@ class StoryPanel : public SessionView {
     void RunOnSelection(const Command& command);
     void ShowAllBoxes();
     void Changed();
+    void Reveal(const TextSelection& selection);
+    ClipboardTree::Panel SnippetPanel();  // the focus to its box, the range selected
 
     std::array<BoxWidgets, kTextBoxCount> boxes_;
     QLabel* formsLabel_ = nullptr;
@@ -130,6 +147,12 @@ class StoryPanel : public SessionView {
     std::map<QObject*, std::function<void()>> clicks_;
     std::map<QObject*, std::function<void()>> hovers_;
     TypingBurst burst_;
+    TypographyTyping typography_;
+    QuestionsAnswers questionsAnswers_;
+    AltGrCapitals altGr_;
+    SearchDialog* search_ = nullptr;  // made at its first use
+    NotesTree* notes_ = nullptr;
+    ClipboardTree* snippets_ = nullptr;
     TextClipboard clipboard_;
     std::optional<SynonymsDictionary> synonyms_;
 };

@@ -10,11 +10,18 @@
 #include <QTimer>
 #include <utility>
 
+#include "config/preferences.h"
 #include "editing/copy_fit.h"
 #include "editing/formatting.h"
+#include "editing/multiple_clipboard.h"
 #include "editing/selection_state.h"
 #include "editing/story_forms.h"
+#include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
+#include "ui/insert_characters_dialog.h"
+#include "ui/notes_tree.h"
+#include "ui/questions_answers_dialog.h"
+#include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
 
@@ -60,6 +67,13 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
         {"FormatToLowercase", [this] { ToLowerCase(); }},
         {"ToolsSpellChecker", [this] { CheckSpelling(); }},
         {"ToolsSynonyms", [this] { ShowSynonyms(); }},
+        {"FormatAutoTypography", [this] { AutoTypography(); }},
+        {"SearchText", [this] { OpenSearch(0); }},
+        {"InsertCharacters", [this] { InsertCharacters(); }},
+        {"FormatQuestionsAnswers", [this] { ToggleQuestionsAnswers(); }},
+        {"EditionMultipleClipboard", [this] { ToggleMultipleClipboard(); }},
+        {"SearchReplace", [this] { OpenSearch(1); }},
+        {"SearchNextOccurrence", [this] { FindNextOccurrence(); }},
     };
     for (const auto& [key, command] : commands) {
         if (QAction* action = entry(QLatin1String(key))) {
@@ -100,20 +114,46 @@ void StoryPanel::TypeInto(int box, int start, int end, const QString& typed) {
     BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
     const std::size_t from = widgets.bridge->ToBoxPosition(start);
     const std::size_t to = widgets.bridge->ToBoxPosition(end);
+    if (typed == QLatin1String("\r\n") && EnterQuestionOrAnswer(box, from, to)) return;
+    const bool shift = widgets.edit->LastKeyModifiers().testFlag(Qt::ShiftModifier);
+    std::u16string keyed = typed.toStdU16String();
+    if (keyed.size() == 1) keyed[0] = altGr_.Typed(session_, keyed[0]);
+    const std::optional<TypedStretch> stretch =
+        typography_.Type(session_, &burst_, box, from, keyed, to - from, shift);
+    if (!stretch) {
+        Changed();  // a swallowed blank shows why in the status bar
+        return;
+    }
+    questionsAnswers_.Typed(session_, box, stretch->start, stretch->newLength);
+    // The bridge still shows the text as it was, so its positions are those of the old range.
+    const int documentStart = widgets.bridge->ToDocumentPosition(stretch->start);
+    const int documentEnd = widgets.bridge->ToDocumentPosition(stretch->start + stretch->oldLength);
     const StyledText& text = session_.story.boxes[static_cast<std::size_t>(box)];
-    const std::size_t lengthBefore = text.Length();
-    const std::optional<std::size_t> caret =
-        burst_.Type(session_, box, from, typed.toStdU16String(), to - from);
-    if (!caret) return;
-    const std::size_t newLength = to - from + text.Length() - lengthBefore;
-    widgets.bridge->ShowEdit(text, {from, to - from, newLength}, start, end);
+    widgets.bridge->ShowEdit(text, {stretch->start, stretch->oldLength, stretch->newLength},
+                             documentStart, documentEnd);
     QTextCursor cursor = widgets.edit->textCursor();
-    cursor.setPosition(start + static_cast<int>(DocumentLength(text.Text(from, *caret - from))));
+    cursor.setPosition(documentStart + static_cast<int>(DocumentLength(text.Text(
+                                           stretch->start, stretch->caret - stretch->start))));
     widgets.edit->setTextCursor(cursor);
     ShowBoxControls(box);
     ShowTotal();
     ShowSelection(session_, SelectionOf(box));
     Changed();
+}
+
+bool StoryPanel::EnterQuestionOrAnswer(int box, std::size_t from, std::size_t to) {
+    const Qt::KeyboardModifiers held =
+        boxes_[static_cast<std::size_t>(box)].edit->LastKeyModifiers() &
+        (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    burst_.End(session_);
+    const std::optional<std::size_t> caret =
+        questionsAnswers_.Enter(session_, box, from, to - from, held != Qt::NoModifier);
+    if (!caret) return false;
+    ShowBox(box);
+    ShowTotal();
+    Select({box, *caret, 0});
+    Changed();
+    return true;
 }
 
 void StoryPanel::FocusBox(int box) {
@@ -223,6 +263,85 @@ void StoryPanel::PasteInto(int box, const QString& text) {
     });
 }
 
+void StoryPanel::AutoTypography() {
+    burst_.End(session_);
+    if (RunAutoTypography(session_)) ShowAllBoxes();
+    Changed();
+}
+
+void StoryPanel::ToggleMultipleClipboard() {
+    bool& visible = session_.preferences.MultipleClipboardVisible;
+    visible = !visible;
+    WriteMultipleClipboardVisible(session_.profile, visible);
+    snippets_->Refresh();
+}
+
+void StoryPanel::ToggleQuestionsAnswers() {
+    if (questionsAnswers_.On(session_)) {
+        questionsAnswers_.Stop(session_);
+        Changed();
+        return;
+    }
+    auto* dialog = new QuestionsAnswersDialog(session_, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::finished, this, [this, dialog](int result) {
+        if (result != QDialog::Accepted) {
+            questionsAnswers_.Stop(session_);
+            Changed();
+            return;
+        }
+        burst_.End(session_);
+        const std::size_t caret =
+            questionsAnswers_.Start(session_, dialog->Roles(), SelectionOf(kMainTextBox).start);
+        ShowBox(kMainTextBox);
+        ShowTotal();
+        Reveal({kMainTextBox, caret, 0});
+        Changed();
+    });
+    dialog->open();
+}
+
+void StoryPanel::InsertCharacters() {
+    burst_.End(session_);
+    InsertCharactersDialog::Panel panel;
+    panel.selection = [this] { return SelectionOf(CharacterTargetBox(session_)); };
+    panel.inserted = SnippetPanel().inserted;
+    auto* dialog = new InsertCharactersDialog(session_, std::move(panel), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+}
+
+void StoryPanel::OpenSearch(int tab) {
+    burst_.End(session_);
+    if (search_ == nullptr) {
+        SearchDialog::Panel panel;
+        panel.selection = [this] {
+            return IsBox(session_.activeBox) ? SelectionOf(session_.activeBox) : TextSelection{};
+        };
+        panel.reveal = [this](const TextSelection& hit) { Reveal(hit); };
+        panel.changed = [this] {
+            ShowAllBoxes();
+            Changed();
+        };
+        search_ = new SearchDialog(session_, std::move(panel), this);
+    }
+    search_->Open(tab);
+}
+
+void StoryPanel::Reveal(const TextSelection& selection) {
+    if (!IsBox(selection.box)) return;
+    boxes_[static_cast<std::size_t>(selection.box)].edit->setFocus();
+    Select(selection);
+}
+
+void StoryPanel::FindNextOccurrence() {
+    if (search_ == nullptr || !search_->isVisible()) {
+        OpenSearch(0);
+        return;
+    }
+    search_->FindNext();
+}
+
 void StoryPanel::Undo() {
     burst_.Undo(session_);
     ShowAllBoxes();
@@ -248,6 +367,17 @@ void StoryPanel::ShowContextMenu(int box, const QPoint& where) {
     menu.addAction(PopupCaption(window, "mnuPopupSynonyms", "Synonyms"), this,
                    &StoryPanel::ShowSynonyms)
         ->setEnabled(state.synonyms && synonyms_.has_value());
+    if (!MultipleClipboardFile(session_).empty()) {
+        menu.addAction(PopupCaption(window, "mnuPopupCopyToMultipleClipboard",
+                                    "Copy to multiple clipboard"),
+                       this, [this] { snippets_->CopySelection(); })
+            ->setEnabled(state.copyToMultipleClipboard);
+    }
+    if (session_.configuration.story.notes.visible) {
+        menu.addSeparator();
+        menu.addAction(PopupCaption(window, "mnuPopupAddNote", "Add note"), this,
+                       [this] { notes_->AddNote(true); });
+    }
     menu.exec(where);
 }
 

@@ -70,6 +70,12 @@ bool StoryTextBox::event(QEvent* event) {
 }
 
 void StoryTextBox::keyPressEvent(QKeyEvent* event) {
+    lastKeyModifiers_ = event->modifiers();
+    if (event->key() == Qt::Key_AltGr) {
+        emit altGrPressed();
+        event->accept();
+        return;
+    }
     if (RequestCommand(event) || RequestDeletion(event)) {
         event->accept();
         return;

@@ -16,6 +16,10 @@ class StoryTextBox : public QTextEdit {
 
     int Box() const { return box_; }
 
+    // The modifiers held with the last key the box took: the typing rules tell the quotation
+    // key with shift from the one without.
+    Qt::KeyboardModifiers LastKeyModifiers() const { return lastKeyModifiers_; }
+
   signals:
     // Replace the document range [start, end) by text (empty: delete it); a line break is
     // sent as CR LF.
@@ -26,6 +30,7 @@ class StoryTextBox : public QTextEdit {
     void undoRequested();
     void redoRequested();
     void focused();
+    void altGrPressed();
     void contextMenuRequested(const QPoint& globalPosition);
 
   protected:
@@ -42,6 +47,7 @@ class StoryTextBox : public QTextEdit {
     void RequestTyping(const QString& text);
 
     int box_;
+    Qt::KeyboardModifiers lastKeyModifiers_;
 };
 
 }  // namespace tessarin

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "story/styled_text.h"
+
+namespace tessarin::testing {
+
+// A styled text written in brackets: what stands between "[" and "]" is a note's anchor
+// (protected, wavy underline), the rest is plain. Round-trips through Bracketed.
+inline StyledText Sample(std::u16string_view written) {
+    StyledText text;
+    CharFormat anchor;
+    anchor.isProtected = anchor.waveUnderline = true;
+    bool inAnchor = false;
+    for (char16_t unit : written) {
+        if (unit == u'[' || unit == u']') {
+            inAnchor = unit == u'[';
+            continue;
+        }
+        text.Insert(text.Length(), std::u16string_view(&unit, 1), inAnchor ? anchor : CharFormat{});
+    }
+    return text;
+}
+
+inline std::u16string Bracketed(const StyledText& text) {
+    std::u16string written;
+    for (const FormatRun& run : text.Runs()) {
+        const std::u16string piece = text.Text(run.start, run.length);
+        written += run.format.isProtected ? u"[" + piece + u"]" : piece;
+    }
+    return written;
+}
+
+}  // namespace tessarin::testing

@@ -1,0 +1,233 @@
+#include "ui/editor_session_qt.h"  // first: before any header that includes the session
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QtTest>
+#include <fstream>
+#include <memory>
+
+#include "config/story_section.h"
+#include "editing/panel_session.h"
+#include "editing/story_forms.h"
+#include "ui/notes_tree.h"
+#include "ui/story_panel.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+// A story panel with the title box and the main box.
+struct ToolsBench {
+    ToolsBench() {
+        std::filesystem::create_directories(bench.session.paths.appDir);
+        XmlDocument story;
+        story.LoadBytes("<Story/>");
+        XmlDocument services;
+        services.LoadBytes("<NewsServices/>");
+        ReadStoryAndNewsServices(story.DocumentElement(), services.DocumentElement(),
+                                 bench.session.configuration, bench.session.window);
+        bench.session.configuration.forms = {{"Main", "17", "", 0, -1, {}}};
+        bench.session.window.List("lstStoryTypes").items.push_back({"Main", {}});
+        ChooseForm(bench.session, 0);
+        panel = std::make_unique<StoryPanel>(bench.session, nullptr);
+        panel->show();
+        QApplication::setActiveWindow(panel.get());
+    }
+
+    template <typename Widget>
+    Widget& Find(const QString& name) {
+        auto* widget = panel->findChild<Widget*>(name);
+        if (widget == nullptr) qFatal("no control %s", qPrintable(name));
+        return *widget;
+    }
+    QTextEdit& Box(int box) { return Find<QTextEdit>(QStringLiteral("TextBox%1").arg(box)); }
+    // The box as the core holds it, when the panel shows the same.
+    QString Text(int box) {
+        const QString held = QString::fromStdU16String(bench.session.story.boxes[box].Text());
+        return Box(box).toPlainText() ==
+                       QString(held).replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                   ? held
+                   : QStringLiteral("(the panel shows something else)");
+    }
+    void Type(int box, const QString& keys) {
+        Box(box).setFocus();
+        Box(box).moveCursor(QTextCursor::End);
+        QTest::keyClicks(&Box(box), keys);
+    }
+    void Click(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
+
+    testing::PanelSession bench;
+    std::unique_ptr<StoryPanel> panel;
+};
+
+class EditingToolsTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void typingRulesActKeyByKey() {
+        ToolsBench tools;
+        tools.bench.session.preferences.FrenchQuotationMarks = true;
+        tools.Type(6, QStringLiteral("Oui  ? \"non\" !"));
+        QCOMPARE(tools.Text(6),
+                 QString::fromUtf16(u"Oui\u00B7? \u00AB\u00B7non\u00B7\u00BB\u00B7!"));
+        QTest::keyClick(&tools.Box(6), '"', Qt::ShiftModifier);
+        QVERIFY(tools.Text(6).endsWith(u'"'));
+
+        tools.Type(0, QStringLiteral("Titre  "));
+        QCOMPARE(tools.bench.session.window.Status().text, std::string("Space already present"));
+        tools.Type(0, QStringLiteral("x"));
+        QCOMPARE(tools.bench.session.window.Status().text, std::string());
+        QCOMPARE(tools.Text(0), QStringLiteral("Titre x"));
+    }
+
+    void searchWindowFindsReplacesAndRemembers() {
+        ToolsBench tools;
+        tools.Type(0, QStringLiteral("Le chat"));
+        tools.Type(6, QStringLiteral("Un chat, deux CHATS."));
+        tools.panel->OpenSearch(1);
+        auto& search = tools.Find<QDialog>(QStringLiteral("frmSearch"));
+        QVERIFY(search.isVisible());
+        tools.Find<QLineEdit>(QStringLiteral("txtSearch")).setText(QStringLiteral("chat"));
+        tools.Find<QLineEdit>(QStringLiteral("txtReplace")).setText(QStringLiteral("chien"));
+        tools.Click("cmdFollowing");
+        tools.Click("cmdFollowing");
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("chat"));
+        tools.Click("cmdReplace");
+        QCOMPARE(tools.Text(6), QStringLiteral("Un chien, deux CHATS."));
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("CHAT"));
+
+        tools.Click("cmdSearchAll");
+        QCOMPARE(tools.Find<QLabel>(QStringLiteral("lblSearchAll")).text(),
+                 QStringLiteral("Search all: 2"));
+        tools.Find<QCheckBox>(QStringLiteral("chkWholeWord")).setChecked(true);
+        tools.Click("cmdReplaceAll");
+        QCOMPARE(tools.bench.user.messages.back(),
+                 std::string("Search completed\n1 Replacements done"));
+        QCOMPARE(tools.Text(0), QStringLiteral("Le chien"));
+
+        tools.Click("cmdCancel");
+        QVERIFY(!search.isVisible());
+        QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "Search"), "chat");
+        QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "WholeWord"), "1");
+    }
+
+    void notesTreeAddsBookmarksAndRemovesThemWithTheirAnchor() {
+        ToolsBench tools;
+        tools.bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
+        tools.Type(6, QStringLiteral("deux mots"));
+        QTextCursor cursor = tools.Box(6).textCursor();
+        cursor.setPosition(5);
+        cursor.setPosition(9, QTextCursor::KeepAnchor);
+        tools.Box(6).setTextCursor(cursor);
+        auto& tree = tools.Find<NotesTree>(QStringLiteral("treeNotes"));
+        tree.AddNote(true);
+
+        auto& note = tools.Find<QDialog>(QStringLiteral("frmNote"));
+        QVERIFY(note.isVisible());
+        tools.Find<QPlainTextEdit>(QStringLiteral("txtNote")).setPlainText(QStringLiteral("a\nb"));
+        tools.Click("cmdCancel");
+        const StoryNote& added = tools.bench.session.story.notes.at(0);
+        QCOMPARE(added.text, std::string("a\r\nb"));
+        QVERIFY(added.bookmark);
+        const QString title = QString::fromStdString(added.title);
+        QCOMPARE(tools.Text(6), QStringLiteral("deux ") + title + QStringLiteral("mots"));
+        QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [1]"));
+
+        // Typing inside the anchor changes nothing; a click on the note selects it.
+        tools.Box(6).setFocus();
+        cursor.setPosition(7);
+        tools.Box(6).setTextCursor(cursor);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("zz"));
+        QCOMPARE(tools.Text(6), QStringLiteral("deux ") + title + QStringLiteral("mots"));
+        QTreeWidgetItem* item = tree.topLevelItem(0)->child(0);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), title);
+
+        tree.RemoveNote(0);
+        QCOMPARE(tools.Text(6), QStringLiteral("deux mots"));
+        QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [0]"));
+    }
+
+    void snippetsComeByCtrlAndFunctionKeys() {
+        ToolsBench tools;
+        std::ofstream(tools.bench.session.paths.appDir / "clips.txt", std::ios::binary)
+            << "Paris\r\nLyon\\nMarseille\r\n";
+        tools.bench.session.configuration.interface.entries["EditionMultipleClipboard"].File =
+            "clips.txt";
+        tools.panel->Refresh();
+        auto& tree = tools.Find<QTreeWidget>(QStringLiteral("treeClipboard"));
+        QCOMPARE(tree.topLevelItem(0)->child(1)->text(0),
+                 QStringLiteral("Lyon Marseille [Ctrl+F2]"));
+        tools.Type(6, QStringLiteral("A "));
+        QTest::keyClick(&tools.Box(6), Qt::Key_F2, Qt::ControlModifier);
+        QTest::keyClick(&tools.Box(6), Qt::Key_F6, Qt::ControlModifier);  // no sixth snippet
+        QCOMPARE(tools.Text(6), QStringLiteral("A Lyon\r\nMarseille"));
+    }
+
+    void questionsAndAnswersPutTheLabelsAtEachEnter() {
+        ToolsBench tools;
+        tools.Box(6).setFocus();
+        tools.panel->ToggleQuestionsAnswers();
+        auto& dialog = tools.Find<QDialog>(QStringLiteral("frmQuestionsAnswers"));
+        const QList<QWidget*> frames = dialog.findChildren<QWidget*>(QStringLiteral("FrameQA"));
+        QCOMPARE(frames.size(), 2);
+        frames[0]->findChild<QLineEdit*>(QStringLiteral("txtQA"))->setText(QStringLiteral("Q: "));
+        frames[1]->findChild<QLineEdit*>(QStringLiteral("txtQA"))->setText(QStringLiteral("R: "));
+        auto* inter1 = frames[1]->findChild<QCheckBox*>(QStringLiteral("chkInter1"));
+        inter1->setChecked(true);
+        frames[1]->findChild<QCheckBox*>(QStringLiteral("chkInter3"))->setChecked(true);
+        QVERIFY(!inter1->isChecked());
+        QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
+
+        QCOMPARE(tools.Text(6), QStringLiteral("Q: "));
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("x"));
+        QTest::keyClick(&tools.Box(6), Qt::Key_Return);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("y"));
+        QTest::keyClick(&tools.Box(6), Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(tools.Text(6), QStringLiteral("Q: x\r\nR: y\r\n"));
+        QCOMPARE(tools.bench.session.story.boxes[6].FormatAt(6).colour,
+                 tools.bench.session.preferences.InterColor3);
+        QCOMPARE(tools.bench.session.profile.Read("QA", "QAText2"), "R:%20");
+    }
+
+    void charactersComeFromTheConfiguredSetsAndAltGr() {
+        ToolsBench tools;
+        std::ofstream(tools.bench.session.paths.configurationFile, std::ios::binary)
+            << "<Tessarin><InsertCharacters><InsertSetOfCharacters>"
+               "<Set Name=\"Latin\">\u00C6\u0152</Set><Set Name=\"Money\">\u20AC\u00A3</Set>"
+               "</InsertSetOfCharacters></InsertCharacters></Tessarin>";
+        tools.Type(6, QStringLiteral("ab"));
+        tools.panel->InsertCharacters();
+        auto& dialog = tools.Find<QDialog>(QStringLiteral("frmInsertCharacters"));
+        auto& names = tools.Find<QListWidget>(QStringLiteral("lstCharactersName"));
+        auto& set = tools.Find<QListWidget>(QStringLiteral("lstCharactersSet"));
+        names.setCurrentRow(1);
+        QCOMPARE(set.count(), 2);
+        QVERIFY(!tools.Find<QPushButton>(QStringLiteral("cmdOK")).isEnabled());
+        set.setCurrentRow(0);
+        QCOMPARE(tools.Find<QLabel>(QStringLiteral("lblDecimal")).text(), QStringLiteral("128"));
+        tools.Click("cmdOK");
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC"));
+        tools.Click("cmdCancel");
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(tools.bench.session.profile.Read("Configuration", "IndexCharSet"), "1");
+
+        QKeyEvent altGr(QEvent::KeyPress, Qt::Key_AltGr, Qt::NoModifier);
+        QApplication::sendEvent(&tools.Box(6), &altGr);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("oo"));
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC\u0153o"));
+    }
+};
+
+TESSARIN_UI_TEST(EditingToolsTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "editing_tools_test.moc"
