@@ -59,6 +59,13 @@ bool IsNumber(std::u16string_view piece) {
     return IsNumeric(Utf16ToUtf8(piece));
 }
 
+// The upper case of a unit, with the kept apostrophe back as an apostrophe; the letters of
+// plain ASCII, most of any story, without a call.
+char16_t UpperUnit(char16_t unit) {
+    if (unit < 0x80) return unit >= u'a' && unit <= u'z' ? unit - 0x20 : unit;
+    return unit == kKeptApostrophe ? u'\'' : ToUpperUnit(unit);
+}
+
 // The distinct words met so far, by upper-case form. The table is searched once for each word
 // of the story, so it is kept simple: open addressing over a power-of-two number of slots,
 // each holding the hash of its word, computed while the word is upper-cased.
@@ -127,7 +134,7 @@ class WordTally {
         upper_.resize(piece.size());
         std::uint64_t hash = 14695981039346656037ull;
         for (std::size_t at = 0; at < piece.size(); ++at) {
-            const char16_t unit = piece[at] == kKeptApostrophe ? u'\'' : ToUpperUnit(piece[at]);
+            const char16_t unit = UpperUnit(piece[at]);
             upper_[at] = unit;
             hash = (hash ^ unit) * 1099511628211ull;
         }
