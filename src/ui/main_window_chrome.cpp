@@ -133,7 +133,12 @@ void WindowChrome::BuildToolbars(QMainWindow& window) {
                 action->setToolTip(action->text());
                 const QString key = FromView(MenuKeyOfButton(button));
                 action->setProperty(kMenuKey, key);
-                if (QAction* entry = Entry(key)) {
+                QAction* entry = Entry(key);
+                // A button that stands for a whole menu runs its first entry: the search
+                // button opens the search window.
+                if (entry != nullptr && entry->menu() != nullptr && !entry->menu()->isEmpty())
+                    entry = entry->menu()->actions().front();
+                if (entry != nullptr) {
                     action->setCheckable(entry->isCheckable());
                     connect(action, &QAction::triggered, entry, &QAction::trigger);
                 }

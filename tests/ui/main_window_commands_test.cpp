@@ -1,4 +1,7 @@
+#include <algorithm>
+
 #include <QAction>
+#include <QApplication>
 #include <QProcess>
 #include <QTabWidget>
 #include <QTextEdit>
@@ -49,9 +52,18 @@ class MainWindowCommandsTest : public QObject {
             }
         }
         for (const char* button :
-             {"ReceiveWorkflow", "InterceptWorkflow", "SendFTP", "SendMail", "Search", "Zoom"}) {
+             {"ReceiveWorkflow", "InterceptWorkflow", "SendFTP", "SendMail", "Zoom"}) {
             QVERIFY2(!editor.Action(button)->isEnabled(), button);
         }
+        // The search button stands for the Search menu and opens the search window once the
+        // story holds text.
+        editor.Trigger("mnuDisplayStory");
+        editor.Type("Le chat");
+        editor.Trigger("Search");
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        QVERIFY(std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+            return window->objectName() == QStringLiteral("frmSearch") && window->isVisible();
+        }));
         editor.Trigger("Zoom");
         QVERIFY(!editor.Action("Zoom")->isChecked());
         for (const char* button : {"Save", "Bold", "Logs"})
