@@ -131,6 +131,10 @@ void SearchDialog::FindNext() {
     panel_.changed();
 }
 
+int SearchDialog::SearchedBox() const {
+    return isVisible() ? run_.SearchedBox() : kNoBox;
+}
+
 void SearchDialog::Replace() {
     const std::optional<TextSelection> hit =
         run_.Replace(session_, panel_.selection(), Options(), replace_->text().toStdU16String());

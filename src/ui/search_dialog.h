@@ -38,6 +38,9 @@ class SearchDialog : public QDialog {
     // cmdFollowing, also for the menu's next occurrence.
     void FindNext();
 
+    // The box being searched while the window is open, else kNoBox.
+    int SearchedBox() const;
+
   protected:
     void done(int result) override;
 

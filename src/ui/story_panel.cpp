@@ -21,6 +21,7 @@
 #include "editing/signature.h"
 #include "ui/clipboard_tree.h"
 #include "ui/notes_tree.h"
+#include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
 
@@ -325,7 +326,16 @@ void StoryPanel::ShowBoxControls(int box) {
     BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
     widgets.row->setVisible(Visible(window, TextBoxControlName(box), true));
     widgets.edit->setEnabled(Enabled(window, TextBoxControlName(box)));
-    widgets.edit->setReadOnly(box == kMainTextBox && session_.mainBoxLocked);
+    // The box being searched shows in the colour of an active field and is locked until the
+    // search leaves it.
+    const bool searched = search_ != nullptr && search_->SearchedBox() == box;
+    widgets.edit->setReadOnly((box == kMainTextBox && session_.mainBoxLocked) || searched);
+    QPalette palette;
+    if (searched) {
+        palette = widgets.edit->palette();
+        palette.setColor(QPalette::Base, ToQColor(session_.preferences.ColorInformations));
+    }
+    widgets.edit->setPalette(palette);
     // Tab types a tab only when the preference says so; otherwise it moves to the next box.
     widgets.edit->setTabChangesFocus(!session_.preferences.TabInText);
     widgets.label->setText(Caption(window, TextBoxLabelName(box)));

@@ -98,6 +98,10 @@ class EditingToolsTest : public QObject {
         tools.Click("cmdFollowing");
         tools.Click("cmdFollowing");
         QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("chat"));
+        // The box being searched is locked and coloured; the box searched before is not.
+        QVERIFY(tools.Box(6).isReadOnly() && !tools.Box(0).isReadOnly());
+        QVERIFY(tools.Box(6).palette().color(QPalette::Base) !=
+                tools.Box(0).palette().color(QPalette::Base));
         tools.Click("cmdReplace");
         QCOMPARE(tools.Text(6), QStringLiteral("Un chien, deux CHATS."));
         QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("CHAT"));
@@ -113,6 +117,7 @@ class EditingToolsTest : public QObject {
 
         tools.Click("cmdCancel");
         QVERIFY(!search.isVisible());
+        QVERIFY(!tools.Box(6).isReadOnly());
         QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "Search"), "chat");
         QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "WholeWord"), "1");
     }
