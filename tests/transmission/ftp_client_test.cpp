@@ -102,7 +102,6 @@ TEST_P(FtpClientTest, ListsTheRemoteDirectoryWithItsMarks) {
 INSTANTIATE_TEST_SUITE_P(Modes, FtpClientTest, ::testing::Bool(), [](const auto& info) {
     return std::string(info.param ? "Passive" : "Active");
 });
-});
 
 TEST(FtpClientFailures, RefusalsCarryTheServersSentence) {
     LocalFtpServer server;
