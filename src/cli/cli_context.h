@@ -34,5 +34,7 @@ int RunExportCommand(CliContext& context, const Arguments& arguments);
 int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
 int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
 int RunLogsCommand(CliContext& context, const Arguments& arguments);
+int RunFtpCommand(CliContext& context, const Arguments& arguments);
+int RunMailCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -39,6 +39,11 @@ constexpr const char* kHelp =
     "                      leave a message in a user's inbox\n"
     "  logs STORY          print a story's logs\n"
     "  logs days           print the dates of the daily log pages\n"
+    "  ftp list N [DIR] [--user U] [--password P]\n"
+    "                      print the remote listing of the configured FTP server N\n"
+    "  mail send [--story STORY [--xml] [--attachments]] [--to ADDRESS]... [--subject TEXT]\n"
+    "            [--server HOST] [--port N] [--verbose] [TEXT]\n"
+    "                      mail a text, or a story with its files uuencoded\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -113,5 +118,7 @@ int main(int argc, char** argv) {
     if (command == "uuencode") return tessarin::cli::RunUuencodeCommand(context, rest);
     if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
+    if (command == "ftp") return tessarin::cli::RunFtpCommand(context, rest);
+    if (command == "mail") return tessarin::cli::RunMailCommand(context, rest);
     return Usage("unknown command " + command);
 }
