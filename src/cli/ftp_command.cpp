@@ -1,26 +1,34 @@
 #include <ostream>
 #include <string>
 
+#include <unistd.h>
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
+
+#include "transmission/ftp_send.h"
 #include "transmission/ftp_server_connection.h"
+#include "transmission/workflow_send.h"
 
 namespace tessarin::cli {
 namespace {
 
 constexpr const char* kFtpUsage =
-    "tessarin-cli: usage: ftp list N [DIR] [--user U] [--password P]\n";
+    "tessarin-cli: usage: ftp list N [DIR] [--user U] [--password P] | ftp send N\n";
 
-struct FtpListRequest {
+struct FtpRequest {
+    bool send = false;
     std::size_t server = 0;
     std::string directory;
     std::optional<std::string> user, password;
 };
 
-std::optional<FtpListRequest> ParseList(const Arguments& arguments) {
-    if (arguments.size() < 2 || arguments[0] != "list") return std::nullopt;
-    FtpListRequest request;
+std::optional<FtpRequest> ParseList(const Arguments& arguments) {
+    if (arguments.size() < 2 || (arguments[0] != "list" && arguments[0] != "send"))
+        return std::nullopt;
+    FtpRequest request;
+    request.send = arguments[0] == "send";
+    if (request.send && arguments.size() != 2) return std::nullopt;
     try {
         request.server = std::stoul(arguments[1]);
     } catch (const std::exception&) {
@@ -42,7 +50,7 @@ std::optional<FtpListRequest> ParseList(const Arguments& arguments) {
 }  // namespace
 
 int RunFtpCommand(CliContext& context, const Arguments& arguments) {
-    const std::optional<FtpListRequest> request = ParseList(arguments);
+    const std::optional<FtpRequest> request = ParseList(arguments);
     if (!request) {
         context.err << kFtpUsage;
         return kExitUsage;
@@ -60,10 +68,25 @@ int RunFtpCommand(CliContext& context, const Arguments& arguments) {
     if (!ConnectToFtpServer(ftp, server, request->user.value_or(server.User),
                             request->password.value_or(server.Password)) ||
         (!request->directory.empty() && !ftp.SetFTPDirectory(request->directory)) ||
-        !ftp.GetDirectoryListing("*.*")) {
+        (!request->send && !ftp.GetDirectoryListing("*.*"))) {
         context.err << ftp.GetLastErrorMessage() << ":\n"
                     << session.Message("FTPNotConnected") << '\n';
         return kExitRefused;
+    }
+    if (request->send) {
+        WorkflowWindow window;
+        OpenWorkflowWindow(session, window);
+        if (isatty(STDERR_FILENO)) {
+            ftp.SetProgress([&](std::int64_t done, std::int64_t total) {
+                context.err << window.state.Control("lblSentFile").caption << ' ' << done << '/'
+                            << total << '\n';
+            });
+        }
+        const FtpSendOutcome outcome = SendFtp(session, window, ftp, request->server);
+        for (const SendReportLine& line : window.report)
+            context.out << ReportLineText(session, line) << '\n';
+        user.ShowStatus(window.state.Status().text);
+        return outcome == FtpSendOutcome::Sent ? kExitDone : kExitRefused;
     }
     for (const FtpDirItem& item : ftp.Directory())
         context.out << FtpListingRow(item) << '\n';

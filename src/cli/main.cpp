@@ -41,6 +41,7 @@ constexpr const char* kHelp =
     "  logs days           print the dates of the daily log pages\n"
     "  ftp list N [DIR] [--user U] [--password P]\n"
     "                      print the remote listing of the configured FTP server N\n"
+    "  ftp send N          send the whole send list to the configured FTP server N\n"
     "  mail send [--story STORY [--xml] [--attachments]] [--to ADDRESS]... [--subject TEXT]\n"
     "            [--server HOST] [--port N] [--verbose] [TEXT]\n"
     "                      mail a text, or a story with its files uuencoded\n"
