@@ -6,6 +6,7 @@
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
 
+#include "app/configuration_update.h"
 #include "transmission/ftp_send.h"
 #include "transmission/ftp_server_connection.h"
 #include "transmission/workflow_send.h"
@@ -63,7 +64,8 @@ int RunFtpCommand(CliContext& context, const Arguments& arguments) {
         context.err << "No FTP server " << request->server << " in the configuration\n";
         return kExitRefused;
     }
-    const FtpServer& server = servers[request->server - 1];
+    // A copy: the configuration update of the connection may load another document.
+    const FtpServer server = servers[request->server - 1];
     FtpClient ftp;
     if (!ConnectToFtpServer(ftp, server, request->user.value_or(server.User),
                             request->password.value_or(server.Password)) ||
@@ -73,6 +75,8 @@ int RunFtpCommand(CliContext& context, const Arguments& arguments) {
                     << session.Message("FTPNotConnected") << '\n';
         return kExitRefused;
     }
+    const UpdateResult update = UpdateConfigurationFromFtp(session, ftp, server.FTPDirectory);
+    if (!update.status.empty()) user.ShowStatus(update.status);
     if (request->send) {
         WorkflowWindow window;
         OpenWorkflowWindow(session, window);

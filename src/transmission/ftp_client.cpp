@@ -147,7 +147,9 @@ struct FtpRequest {
     std::int64_t done = 0;
     std::string received;
     const FtpProgress* progress = nullptr;
-    std::string reply;  // the server's last reply
+    std::string reply;      // the server's last reply
+    std::string command;    // the last command sent
+    std::string sizeReply;  // the reply to the last SIZE command
     char errorText[CURL_ERROR_SIZE] = {};
 };
 
@@ -180,8 +182,15 @@ std::size_t WriteBlock(char* buffer, std::size_t size, std::size_t count, void* 
 // Keeps the server's last reply: each command sent starts a new one.
 int WatchDialogue(CURL*, curl_infotype type, char* data, std::size_t size, void* user) {
     auto* request = static_cast<FtpRequest*>(user);
-    if (type == CURLINFO_HEADER_OUT) request->reply.clear();
-    if (type == CURLINFO_HEADER_IN) request->reply.append(data, size);
+    if (type == CURLINFO_HEADER_OUT) {
+        request->reply.clear();
+        request->command.assign(data, size);
+        if (request->command.starts_with("SIZE ")) request->sizeReply.clear();
+    }
+    if (type == CURLINFO_HEADER_IN) {
+        request->reply.append(data, size);
+        if (request->command.starts_with("SIZE ")) request->sizeReply.append(data, size);
+    }
     return 0;
 }
 
@@ -371,15 +380,16 @@ std::int64_t FtpClient::GetFTPFileSize(std::string_view name) {
     FtpRequest request;
     request.url = UrlOf(currentDirectory_, true);
     request.quote = {"TYPE I", "SIZE " + RemotePath(Trimmed(name))};
-    if (!Perform(request, "FindFile")) {
-        const std::string reply = Trimmed(request.reply);
+    // The connection may say more after the SIZE reply (changing to the URL's directory).
+    const bool done = Perform(request, "FindFile");
+    const std::string reply = Trimmed(request.sizeReply);
+    if (!done) {
         if (reply.starts_with("550")) {
             lastError_ = reply;
             return -1;
         }
         return -2;
     }
-    const std::string reply = Trimmed(request.reply);
     if (!reply.starts_with("213 ")) return -2;
     return std::strtoll(reply.c_str() + 4, nullptr, 10);
 }
