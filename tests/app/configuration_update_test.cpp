@@ -93,5 +93,36 @@ TEST(ConfigurationUpdate, FromAnFtpServer) {
     }
 }
 
+// At start, against the updates folder: the folder is named by the accented initial itself.
+TEST(ConfigurationUpdate, FromTheUpdatesFolder) {
+    const struct {
+        const char* waiting;
+        UpdateOutcome outcome;
+        const char* editionAfter;
+    } cases[] = {
+        {nullptr, UpdateOutcome::NoUpdate, "Herald"},
+        {"valid", UpdateOutcome::Updated, "Courier"},
+        {"<Tessarin", UpdateOutcome::Invalid, "Herald"},
+    };
+    for (const auto& c : cases) {
+        Workstation desk;
+        const fs::path updates = desk.folder / "updates";
+        fs::create_directories(updates);
+        desk.session.configuration.workflow.UpdatesDirectory = updates.string();
+        const fs::path waiting = updates / "\xC3\x89/\xC3\x89mile.xml";
+        if (c.waiting != nullptr) {
+            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml",
+                              std::string(c.waiting) == "valid" ? Document("Courier") : c.waiting);
+        }
+        const UpdateResult result = UpdateConfigurationFromFolder(desk.session);
+        EXPECT_EQ(result.outcome, c.outcome) << c.editionAfter;
+        EXPECT_EQ(desk.session.Message("AddStory"), c.editionAfter);
+        EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::Invalid);
+        if (c.outcome == UpdateOutcome::Updated) {
+            EXPECT_EQ(result.status, "Updated: " + waiting.string());
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tessarin
