@@ -36,5 +36,6 @@ int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
 int RunLogsCommand(CliContext& context, const Arguments& arguments);
 int RunFtpCommand(CliContext& context, const Arguments& arguments);
 int RunMailCommand(CliContext& context, const Arguments& arguments);
+int RunUpdateCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

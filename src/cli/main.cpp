@@ -45,6 +45,7 @@ constexpr const char* kHelp =
     "  mail send [--story STORY [--xml] [--attachments]] [--to ADDRESS]... [--subject TEXT]\n"
     "            [--server HOST] [--port N] [--verbose] [TEXT]\n"
     "                      mail a text, or a story with its files uuencoded\n"
+    "  update              the configuration update of start-up from UpdatesDirectory\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -121,5 +122,6 @@ int main(int argc, char** argv) {
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
     if (command == "ftp") return tessarin::cli::RunFtpCommand(context, rest);
     if (command == "mail") return tessarin::cli::RunMailCommand(context, rest);
+    if (command == "update") return tessarin::cli::RunUpdateCommand(context, rest);
     return Usage("unknown command " + command);
 }
