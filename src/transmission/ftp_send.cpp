@@ -9,11 +9,11 @@
 #include "common/date_format.h"
 #include "common/file_io.h"
 #include "common/plain_file_name.h"
-#include "common/read_only_file.h"
 #include "export/export_frame.h"
 #include "logs/add_log_to_story.h"
 #include "logs/daily_log.h"
 #include "transmission/send_list.h"
+#include "transmission/source_story.h"
 
 namespace fs = std::filesystem;
 
@@ -157,15 +157,7 @@ class FtpSender {
         fs::remove(staged, ignored);
         for (const Upload& upload : uploads)
             fs::remove(upload.from, ignored);
-        if (!source.empty() && source.has_extension()) {
-            fs::path backup = source;
-            backup.replace_extension(".bml");
-            if (backup != source) {
-                fs::remove(backup, ignored);
-                fs::rename(source, backup, ignored);
-                MakeWritable(backup);
-            }
-        }
+        ArchiveSentSource(source);
         for (std::size_t index = 0; index < uploads.size(); ++index) {
             window_.report.push_back(uploads[index].line);
             if (dailyLog_ != nullptr)

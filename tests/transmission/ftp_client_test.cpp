@@ -147,24 +147,5 @@ TEST(FtpClientTls, LogsInOverTlsAndChecksTheServer) {
     EXPECT_FALSE(untrusting.OpenConnection(server.Address(), "reporter", "secret"));
 }
 
-TEST(FtpClientFailures, AServerThatDiesDuringAnUploadEndsItInAFailure) {
-    LocalFtpServer server;
-    FtpClient ftp;
-    ftp.SetModePassive();
-    ASSERT_TRUE(ftp.OpenConnection(server.Address(), "reporter", "secret"));
-    TempDir local;
-    const fs::path big = local.Write("big.jpg", Bytes(64 << 20));
-    bool killed = false;
-    ftp.SetProgress([&](std::int64_t done, std::int64_t) {
-        if (!killed && done > (1 << 20)) {
-            killed = true;
-            server.server.Kill();
-        }
-    });
-    EXPECT_FALSE(ftp.FTPUploadFile(big, "big.jpg"));
-    EXPECT_TRUE(killed);
-    EXPECT_FALSE(ftp.GetLastErrorMessage().empty());
-}
-
 }  // namespace
 }  // namespace tessarin
