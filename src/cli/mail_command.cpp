@@ -72,18 +72,6 @@ std::optional<MailRequest> ParseMail(const Arguments& arguments) {
     return request;
 }
 
-// The host and port of SMTPServerName, which may end in ":port".
-void SplitServer(const std::string& server, MailToSend& mail) {
-    const std::size_t colon = server.rfind(':');
-    mail.host = server;
-    if (colon == std::string::npos) return;
-    try {
-        mail.port = std::stoi(server.substr(colon + 1));
-        mail.host = server.substr(0, colon);
-    } catch (const std::exception&) {
-    }
-}
-
 }  // namespace
 
 int RunMailCommand(CliContext& context, const Arguments& arguments) {
@@ -97,7 +85,7 @@ int RunMailCommand(CliContext& context, const Arguments& arguments) {
     if (!StartSession(session, context, user)) return kExitRefused;
     const Configuration& configuration = session.configuration;
     MailToSend mail;
-    SplitServer(request->server.value_or(configuration.smtpTransmission.SMTPServerName), mail);
+    SetMailServer(mail, request->server.value_or(configuration.smtpTransmission.SMTPServerName));
     if (request->port) mail.port = *request->port;
     mail.sender = configuration.identity.email;
     mail.senderName = configuration.identity.author;

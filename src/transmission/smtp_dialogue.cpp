@@ -118,6 +118,16 @@ class SmtpSocket {
 
 }  // namespace
 
+void SetMailServer(MailToSend& mail, std::string_view server) {
+    mail.host = Trimmed(server);
+    const std::size_t colon = mail.host.rfind(':');
+    if (colon == std::string::npos) return;
+    const std::string port = mail.host.substr(colon + 1);
+    if (port.empty() || port.find_first_not_of("0123456789") != std::string::npos) return;
+    mail.port = std::stoi(port);
+    mail.host.erase(colon);
+}
+
 std::string ComposeMailData(const MailToSend& mail) {
     std::string to;
     for (const std::string& recipient : mail.recipients)

@@ -27,6 +27,9 @@ struct MailToSend {
     std::string programVersion = TESSARIN_VERSION;
 };
 
+// Host and port from a server name that may end in ":port" (else the port stays as it is).
+void SetMailServer(MailToSend& mail, std::string_view server);
+
 // The DATA of a mail: the header (X-Mailer, From, To, Subject, Content-Type), a blank line,
 // the body's lines, then the line ".". Each line ends in CR LF; a line that begins with "."
 // gets a second one.
