@@ -38,5 +38,8 @@ int RunDocumentCommand(CliContext& context, const Arguments& arguments);
 // spell, synonyms and stats.
 int RunLinguisticsCommand(CliContext& context, const std::string& command,
                           const Arguments& arguments);
+int RunFtpCommand(CliContext& context, const Arguments& arguments);
+int RunMailCommand(CliContext& context, const Arguments& arguments);
+int RunUpdateCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -50,6 +50,13 @@ constexpr const char* kHelp =
     "  stats STORY [--unknown]\n"
     "                      print the word statistics of a story; --unknown marks the words\n"
     "                      that the spelling dictionary does not know\n"
+    "  ftp list N [DIR] [--user U] [--password P]\n"
+    "                      print the remote listing of the configured FTP server N\n"
+    "  ftp send N          send the whole send list to the configured FTP server N\n"
+    "  mail send [--story STORY [--xml] [--attachments]] [--to ADDRESS]... [--subject TEXT]\n"
+    "            [--server HOST] [--port N] [--verbose] [TEXT]\n"
+    "                      mail a text, or a story with its files uuencoded\n"
+    "  update              the configuration update of start-up from UpdatesDirectory\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -127,5 +134,8 @@ int main(int argc, char** argv) {
     if (command == "document") return tessarin::cli::RunDocumentCommand(context, rest);
     if (command == "spell" || command == "synonyms" || command == "stats")
         return tessarin::cli::RunLinguisticsCommand(context, command, rest);
+    if (command == "ftp") return tessarin::cli::RunFtpCommand(context, rest);
+    if (command == "mail") return tessarin::cli::RunMailCommand(context, rest);
+    if (command == "update") return tessarin::cli::RunUpdateCommand(context, rest);
     return Usage("unknown command " + command);
 }

@@ -8,7 +8,6 @@
 #include "common/file_copy.h"
 #include "common/file_io.h"
 #include "common/plain_file_name.h"
-#include "common/read_only_file.h"
 #include "config/colours.h"
 #include "config/preferences.h"
 #include "export/export_frame.h"
@@ -16,6 +15,7 @@
 #include "logs/add_log_to_story.h"
 #include "logs/daily_log.h"
 #include "transmission/send_list.h"
+#include "transmission/source_story.h"
 #include "transmission/workflow_destinations.h"
 #include "transmission/workflow_inbox.h"
 #include "transmission/workflow_message.h"
@@ -263,15 +263,7 @@ class WorkflowSender {
         if (deliveries.front().from != staged) fs::remove(staged, ignored);
         for (const Delivery& delivery : deliveries)
             fs::remove(delivery.from, ignored);
-        if (!source.empty() && source.has_extension()) {
-            fs::path backup = source;
-            backup.replace_extension(".bml");
-            if (backup != source) {
-                fs::remove(backup, ignored);
-                fs::rename(source, backup, ignored);
-                MakeWritable(backup);
-            }
-        }
+        ArchiveSentSource(source);
         for (const Delivery& delivery : deliveries) {
             window_.report.push_back(delivery.line);
             if (dailyLog_ != nullptr) dailyLog_->Write(DailyLine(delivery.line));

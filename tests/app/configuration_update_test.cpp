@@ -1,0 +1,128 @@
+#include "app/configuration_update.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "config/configuration_document.h"
+#include "config/load_configuration.h"
+#include "config/preferences.h"
+#include "support/local_server.h"
+#include "support/temp_dir.h"
+
+namespace fs = std::filesystem;
+
+namespace tessarin {
+namespace {
+
+using testing::ConfigurationDocument;
+using testing::LocalFtpServer;
+using testing::ReadBytes;
+using testing::TempDir;
+
+// A document whose message AddStory names the edition it belongs to.
+std::string Document(const std::string& edition) {
+    ConfigurationDocument document;
+    document.metadata = "<Metadata><Author Name=\"By\">\xC3\x89mile</Author></Metadata>";
+    document.messages = "<Messages><AddStory>" + edition +
+                        R"(</AddStory><ConfigurationUpdated>Updated</ConfigurationUpdated>)"
+                        R"(<ConfigurationUpdatedInvalid>Invalid</ConfigurationUpdatedInvalid>)"
+                        R"(<ConfigurationUpdatedNotChanged>Not changed)"
+                        R"(</ConfigurationUpdatedNotChanged></Messages>)";
+    return document.Text();
+}
+
+// A workstation of the user Émile whose document is the edition "Herald".
+struct Workstation {
+    Workstation() {
+        folder.Write("app/Tessarin.xml", Document("Herald"));
+        CreateStartDirectories(session.paths);
+        session.preferences = ReadPreferences(session.profile);
+        EXPECT_TRUE(LoadConfiguration(session.paths.configurationFile, session.profile,
+                                      session.preferences, session.configuration, session.window));
+    }
+    TempDir folder;
+    ScriptedInteraction user;
+    EditorSession session{MakeAppPaths(folder / "app"), user};
+};
+
+TEST(ConfigurationUpdate, TheInitialIsFoldedOnlyOnAnFtpServer) {
+    EXPECT_EQ(FtpUpdatePath("/incoming", "\xC3\xA9mile"), "/incoming/Updates/E/\xC3\xA9mile.xml");
+    EXPECT_EQ(FolderUpdatePath("/u", "\xC3\xA9mile"), fs::path("/u/\xC3\x89/\xC3\xA9mile.xml"));
+    EXPECT_EQ(FtpUpdatePath("/", "\xC3\xA1gata"), "/Updates/\xC3\x81/\xC3\xA1gata.xml");
+}
+
+// At each FTP connection: a document that loads replaces the one in use and leaves the
+// server; one that does not parse is rolled back to the backup and stays on the server; with
+// none nothing happens.
+TEST(ConfigurationUpdate, FromAnFtpServer) {
+    const struct {
+        const char* waiting;  // nullptr: no document waits
+        UpdateOutcome outcome;
+        const char* editionAfter;
+        bool leftOnServer;
+    } cases[] = {
+        {nullptr, UpdateOutcome::NoUpdate, "Herald", false},
+        {"valid", UpdateOutcome::Updated, "Courier", false},
+        {"<Tessarin><broken></Tessarin>", UpdateOutcome::Invalid, "Herald", true},
+    };
+    for (const auto& c : cases) {
+        LocalFtpServer server;
+        Workstation desk;
+        const std::string former = ReadBytes(desk.session.paths.configurationFile);
+        if (c.waiting != nullptr) {
+            server.home.Write("Updates/E/\xC3\x89mile.xml",
+                              std::string(c.waiting) == "valid" ? Document("Courier") : c.waiting);
+        }
+        FtpClient ftp;
+        ASSERT_TRUE(ftp.OpenConnection(server.Address(), "reporter", "secret"));
+        const UpdateResult result = UpdateConfigurationFromFtp(desk.session, ftp, "/");
+        EXPECT_EQ(result.outcome, c.outcome) << c.editionAfter;
+        EXPECT_EQ(desk.session.Message("AddStory"), c.editionAfter);
+        EXPECT_EQ(fs::exists(server.home / "Updates/E/\xC3\x89mile.xml"), c.leftOnServer);
+        if (c.outcome == UpdateOutcome::Invalid) {
+            EXPECT_TRUE(ReadBytes(desk.session.paths.configurationFile) == former);
+            EXPECT_EQ(result.message, "Invalid:\n/Updates/E/\xC3\x89mile.xml\nNot changed");
+        }
+        if (c.outcome == UpdateOutcome::Updated) {
+            EXPECT_EQ(result.status, "/Updates/E/\xC3\x89mile.xml Updated");
+            EXPECT_TRUE(ReadBytes(ConfigurationBackupPath(desk.session.paths.configurationFile)) ==
+                        former);
+        }
+    }
+}
+
+// At start, against the updates folder: the folder is named by the accented initial itself.
+TEST(ConfigurationUpdate, FromTheUpdatesFolder) {
+    const struct {
+        const char* waiting;
+        UpdateOutcome outcome;
+        const char* editionAfter;
+    } cases[] = {
+        {nullptr, UpdateOutcome::NoUpdate, "Herald"},
+        {"valid", UpdateOutcome::Updated, "Courier"},
+        {"<Tessarin", UpdateOutcome::Invalid, "Herald"},
+    };
+    for (const auto& c : cases) {
+        Workstation desk;
+        const fs::path updates = desk.folder / "updates";
+        fs::create_directories(updates);
+        desk.session.configuration.workflow.UpdatesDirectory = updates.string();
+        const fs::path waiting = updates / "\xC3\x89/\xC3\x89mile.xml";
+        if (c.waiting != nullptr) {
+            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml",
+                              std::string(c.waiting) == "valid" ? Document("Courier") : c.waiting);
+        }
+        const UpdateResult result = UpdateConfigurationFromFolder(desk.session);
+        EXPECT_EQ(result.outcome, c.outcome) << c.editionAfter;
+        EXPECT_EQ(desk.session.Message("AddStory"), c.editionAfter);
+        EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::Invalid);
+        if (c.outcome == UpdateOutcome::Updated) {
+            EXPECT_EQ(result.status, "Updated: " + waiting.string());
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tessarin
