@@ -34,5 +34,9 @@ int RunExportCommand(CliContext& context, const Arguments& arguments);
 int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
 int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
 int RunLogsCommand(CliContext& context, const Arguments& arguments);
+int RunInboxCommand(CliContext& context, const Arguments& arguments);
+int RunReceiveCommand(CliContext& context, const Arguments& arguments);
+int RunInterceptCommand(CliContext& context, const Arguments& arguments);
+int RunTrackCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -39,6 +39,16 @@ constexpr const char* kHelp =
     "                      leave a message in a user's inbox\n"
     "  logs STORY          print a story's logs\n"
     "  logs days           print the dates of the daily log pages\n"
+    "  inbox               one pass of the inbox watcher: message, or the inboxes waiting\n"
+    "  receive list | receive get NAME [--group] | receive all\n"
+    "                      list or take the stories waiting in the user's inboxes\n"
+    "  intercept list | intercept get USER NAME\n"
+    "                      list or take the stories waiting for intercepted users\n"
+    "  track [--by date|author|last-author] [--by-form|--no-by-form]\n"
+    "        [--show all|editorial|layout] [--search TEXT] [--match-case]\n"
+    "                      print the tracking tree and its counts\n"
+    "  track delete NODE-TEXT... | track delete --all\n"
+    "                      delete tracking copies as the tree's pop-up entries do\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -113,5 +123,9 @@ int main(int argc, char** argv) {
     if (command == "uuencode") return tessarin::cli::RunUuencodeCommand(context, rest);
     if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
+    if (command == "inbox") return tessarin::cli::RunInboxCommand(context, rest);
+    if (command == "receive") return tessarin::cli::RunReceiveCommand(context, rest);
+    if (command == "intercept") return tessarin::cli::RunInterceptCommand(context, rest);
+    if (command == "track") return tessarin::cli::RunTrackCommand(context, rest);
     return Usage("unknown command " + command);
 }
