@@ -41,7 +41,7 @@ void ShowStory(EditorSession& session, TrackingWindow& window, const fs::path& f
     window.state.Control("lblTxtLastAuthor").caption = window.lastAuthor;
     window.waitingIn = InboxHolding(session, file.filename().string());
     for (const XmlNode& log : root.SelectNodes("Logs/Log")) {
-        window.logs.push_back({log.Attribute("Type"), log.Text()});
+        window.logs.push_back({log.Text(), log.Attribute("Type")});
         window.state.List("lstLogs").items.push_back({log.Text(), log.Attribute("Type")});
         window.state.List("lstLogsTypes").items.push_back({log.Attribute("Type"), ""});
     }

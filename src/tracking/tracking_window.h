@@ -37,12 +37,6 @@ struct TrackingCounts {
     bool searched = false;
 };
 
-// One log of the displayed story, as lstLogs shows it.
-struct TrackingLogLine {
-    std::string type;
-    std::string text;
-};
-
 struct TrackingWindow {
     WindowState state;
     TrackingChoices choices;
@@ -53,11 +47,11 @@ struct TrackingWindow {
 
     // The story display of the selected node.
     std::string selected;
-    std::string storyText;              // txtStory
-    std::vector<TrackingLogLine> logs;  // lstLogs, in file order
-    std::filesystem::path picture;      // Image1
-    std::string lastAuthor;             // lblTxtLastAuthor
-    std::string waitingIn;              // the inbox where the story also waits
+    std::string storyText;          // txtStory
+    std::vector<StoryLog> logs;     // lstLogs, in file order
+    std::filesystem::path picture;  // Image1
+    std::string lastAuthor;         // lblTxtLastAuthor
+    std::string waitingIn;          // the inbox where the story also waits
 };
 
 // Opening the window: the captions of the menu entries, the choices from the preferences;
