@@ -39,7 +39,7 @@ std::vector<std::string> BareNames(const XmlNode& root, std::string_view path) {
 
 }  // namespace
 
-std::optional<TrackedStory> ReadTrackedStory(std::string_view bytes, int titleBox) {
+std::optional<TrackedStory> ReadTrackedStory(std::string_view bytes, int titleBox, bool withText) {
     XmlDocument document;
     if (!document.LoadBytes(bytes)) return std::nullopt;
     const XmlNode root = document.DocumentElement();
@@ -62,8 +62,10 @@ std::optional<TrackedStory> ReadTrackedStory(std::string_view bytes, int titleBo
     story.layout = !logs.empty() && logs.back().Attribute("Type") == "L";
     story.images = BareNames(root, "Images/ImageBag/Image");
     story.files = BareNames(root, "Files/FileBag/File");
-    // The plain text first: it takes the notes out of the boxes, and so out of the title.
-    story.text = StoryPlainText(root, PlainTextTabs::AsTab);
+    // The notes go first, out of the title as out of the text.
+    for (XmlNode note : root.SelectNodes("Body//note"))
+        note.Remove();
+    if (withText) story.text = StoryPlainText(root, PlainTextTabs::AsTab);
     story.title = OneLine(root.SelectSingleNode("Body/TextBox" + std::to_string(titleBox)).Text());
     return story;
 }

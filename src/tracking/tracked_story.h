@@ -20,14 +20,16 @@ struct TrackedStory {
     std::string longDate;   // the publication date in the long form
     std::string dateLabel;  // the Name of PublicationDate, shown for a story without date
     std::string title;      // the text of the title box, on one line
-    std::string text;       // the plain text of the seven boxes, each ended by a line break
+    std::string text;       // the plain text of the seven boxes, each ended by a line break,
+                            // when it was asked for (the search needs it)
     bool layout = false;    // the last log's Type is "L"
     std::vector<std::string> images;  // bare names
     std::vector<std::string> files;
 };
 
 // Reads a tracking copy from its bytes; nothing when they do not load as XML. titleBox is
-// the number of the box that holds the title (the story model's headline box).
-std::optional<TrackedStory> ReadTrackedStory(std::string_view bytes, int titleBox);
+// the number of the box that holds the title (the story model's headline box). The plain
+// text is made only withText.
+std::optional<TrackedStory> ReadTrackedStory(std::string_view bytes, int titleBox, bool withText);
 
 }  // namespace tessarin

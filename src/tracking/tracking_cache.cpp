@@ -51,7 +51,8 @@ void ForEachInParallel(std::size_t count, Work work) {
 
 }  // namespace
 
-std::vector<TrackingCache::Entry> TrackingCache::Refresh(const fs::path& folder, int titleBox) {
+std::vector<TrackingCache::Entry> TrackingCache::Refresh(const fs::path& folder, int titleBox,
+                                                         bool withText) {
     const std::vector<Listed> files = ListFiles(folder);
     std::map<std::string, Known, std::less<>> current;
     std::vector<std::pair<const Listed*, Known*>> toRead;
@@ -59,18 +60,19 @@ std::vector<TrackingCache::Entry> TrackingCache::Refresh(const fs::path& folder,
         Known& known = current[file.name];
         const auto earlier = known_.find(file.name);
         if (earlier != known_.end() && earlier->second.size == file.size &&
-            earlier->second.modified == file.modified && earlier->second.titleBox == titleBox) {
+            earlier->second.modified == file.modified && earlier->second.titleBox == titleBox &&
+            (earlier->second.withText || !withText)) {
             known = std::move(earlier->second);
             continue;
         }
-        known = {file.size, file.modified, titleBox, nullptr};
+        known = {file.size, file.modified, titleBox, withText, nullptr};
         toRead.emplace_back(&file, &known);
     }
     ForEachInParallel(toRead.size(), [&](std::size_t index) {
         const auto& [file, known] = toRead[index];
         const std::optional<std::string> bytes = ReadFileBytes(folder / file->name);
         if (!bytes) return;
-        if (std::optional<TrackedStory> story = ReadTrackedStory(*bytes, titleBox))
+        if (std::optional<TrackedStory> story = ReadTrackedStory(*bytes, titleBox, withText))
             known->story = std::make_shared<const TrackedStory>(std::move(*story));
     });
     known_ = std::move(current);

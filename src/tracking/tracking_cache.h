@@ -22,8 +22,9 @@ class TrackingCache {
         std::shared_ptr<const TrackedStory> story;  // null for a file that does not load
     };
 
-    // The folder's regular files in name order, each with what was read of it.
-    std::vector<Entry> Refresh(const std::filesystem::path& folder, int titleBox);
+    // The folder's regular files in name order, each with what was read of it; withText: with
+    // the plain text of the boxes, which a reading made without it is read again for.
+    std::vector<Entry> Refresh(const std::filesystem::path& folder, int titleBox, bool withText);
 
     // Forgets everything: the next refresh reads every file.
     void Clear() { known_.clear(); }
@@ -33,6 +34,7 @@ class TrackingCache {
         std::uintmax_t size = 0;
         std::filesystem::file_time_type modified;
         int titleBox = 0;
+        bool withText = false;
         std::shared_ptr<const TrackedStory> story;
     };
     std::map<std::string, Known, std::less<>> known_;

@@ -136,7 +136,8 @@ void UpdateTracking(EditorSession& session, TrackingWindow& window) {
     const std::vector<TrackingCache::Entry> entries =
         folder.empty()
             ? std::vector<TrackingCache::Entry>()
-            : window.cache.Refresh(folder, session.configuration.newsServices.headLineRecipient);
+            : window.cache.Refresh(folder, session.configuration.newsServices.headLineRecipient,
+                                   !search.empty());
     const TrackingChoices& choices = window.choices;
     TreeBuilder builder(tree);
     for (const TrackingCache::Entry& entry : entries) {
