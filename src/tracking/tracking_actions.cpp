@@ -84,15 +84,7 @@ void RemoveFiles(const std::vector<fs::path>& files) {
 }  // namespace
 
 void SelectTrackingNode(EditorSession& session, TrackingWindow& window, std::string_view key) {
-    window.storyText.clear();
-    window.logs.clear();
-    window.picture.clear();
-    window.waitingIn.clear();
-    for (const char* label : {"lblTxtCreation", "lblTxtLastSave", "lblTxtLastAuthor"})
-        window.state.Control(label).caption.clear();
-    window.state.List("lstLogs").Clear();
-    window.state.List("lstLogsTypes").Clear();
-    window.state.Control("TabStripLogs").visible = false;
+    ClearTrackingDisplay(window);
     window.selected = std::string(key);
     const TreeNode* node = FindNode(window, key);
     if (node == nullptr) return;

@@ -74,7 +74,16 @@ int Today() {
     return now.year * 10000 + now.month * 100 + now.day;
 }
 
-void ClearDisplay(TrackingWindow& window) {
+// The search text moves to the top of lstTxtSearch.
+void RememberSearch(TrackingWindow& window, const std::string& text) {
+    std::vector<ListItem>& items = window.state.List("lstTxtSearch").items;
+    std::erase_if(items, [&](const ListItem& item) { return item.text == text; });
+    items.insert(items.begin(), ListItem{text, ""});
+}
+
+}  // namespace
+
+void ClearTrackingDisplay(TrackingWindow& window) {
     window.selected.clear();
     window.storyText.clear();
     window.logs.clear();
@@ -87,15 +96,6 @@ void ClearDisplay(TrackingWindow& window) {
     window.state.List("lstLogsTypes").Clear();
     window.state.Control("TabStripLogs").visible = false;
 }
-
-// The search text moves to the top of lstTxtSearch.
-void RememberSearch(TrackingWindow& window, const std::string& text) {
-    std::vector<ListItem>& items = window.state.List("lstTxtSearch").items;
-    std::erase_if(items, [&](const ListItem& item) { return item.text == text; });
-    items.insert(items.begin(), ListItem{text, ""});
-}
-
-}  // namespace
 
 bool TrackingAvailable(const EditorSession& session) {
     const WorkflowSettings& workflow = session.configuration.workflow;
@@ -122,7 +122,7 @@ void ChooseTracking(EditorSession& session, TrackingWindow& window,
 void UpdateTracking(EditorSession& session, TrackingWindow& window) {
     TreeModel& tree = window.state.Tree("treeTracking");
     tree.Clear();
-    ClearDisplay(window);
+    ClearTrackingDisplay(window);
     window.counts = {};
     const int today = Today();
     std::string search(TrimWhitespace(window.search));

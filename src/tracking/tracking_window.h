@@ -77,6 +77,9 @@ void UpdateTracking(EditorSession& session, TrackingWindow& window);
 // when other files are shown, then ", <StoriesFound>: <found>" after a search.
 std::string TrackingCountsText(const EditorSession& session, const TrackingCounts& counts);
 
+// The story display emptied: nothing selected, no text, logs, picture or labels.
+void ClearTrackingDisplay(TrackingWindow& window);
+
 // A menu choice: kept in the preferences; the tree is not updated until cmdUpdate.
 void ChooseTracking(EditorSession& session, TrackingWindow& window, const TrackingChoices& choices);
 
