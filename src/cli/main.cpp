@@ -57,6 +57,16 @@ constexpr const char* kHelp =
     "            [--server HOST] [--port N] [--verbose] [TEXT]\n"
     "                      mail a text, or a story with its files uuencoded\n"
     "  update              the configuration update of start-up from UpdatesDirectory\n"
+    "  inbox               one pass of the inbox watcher: message, or the inboxes waiting\n"
+    "  receive list | receive get NAME [--group] | receive all\n"
+    "                      list or take the stories waiting in the user's inboxes\n"
+    "  intercept list | intercept get USER NAME\n"
+    "                      list or take the stories waiting for intercepted users\n"
+    "  track [--by date|author|last-author] [--by-form|--no-by-form]\n"
+    "        [--show all|editorial|layout] [--search TEXT] [--match-case]\n"
+    "                      print the tracking tree and its counts\n"
+    "  track delete NODE-TEXT... | track delete --all\n"
+    "                      delete tracking copies as the tree's pop-up entries do\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -137,5 +147,9 @@ int main(int argc, char** argv) {
     if (command == "ftp") return tessarin::cli::RunFtpCommand(context, rest);
     if (command == "mail") return tessarin::cli::RunMailCommand(context, rest);
     if (command == "update") return tessarin::cli::RunUpdateCommand(context, rest);
+    if (command == "inbox") return tessarin::cli::RunInboxCommand(context, rest);
+    if (command == "receive") return tessarin::cli::RunReceiveCommand(context, rest);
+    if (command == "intercept") return tessarin::cli::RunInterceptCommand(context, rest);
+    if (command == "track") return tessarin::cli::RunTrackCommand(context, rest);
     return Usage("unknown command " + command);
 }

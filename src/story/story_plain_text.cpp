@@ -33,7 +33,7 @@ void RemoveNoteChildren(const XmlNode& box) {
         note.Remove();
 }
 
-std::string BoxPlainText(XmlNode box, int index) {
+std::string BoxPlainText(XmlNode box, int index, PlainTextTabs tabs) {
     RemoveNoteChildren(box);
     box.RemoveAllAttributes();
     std::u16string text = Utf8ToUtf16(box.Xml());
@@ -46,17 +46,18 @@ std::string BoxPlainText(XmlNode box, int index) {
     for (const Replacement& replacement : kPlainTextReplacements) {
         ReplaceAll(text, replacement.from, replacement.to);
     }
+    if (tabs == PlainTextTabs::AsTab) ReplaceAll(text, u"<tab/>", u"\t");
     return XmlUnescape(Utf16ToUtf8(text)) + "\r\n";
 }
 
 }  // namespace
 
-std::string StoryPlainText(const XmlNode& root) {
+std::string StoryPlainText(const XmlNode& root, PlainTextTabs tabs) {
     const XmlNode body = root.SelectSingleNode("Body");
     std::string plain;
     for (int index = 0; index < kTextBoxCount; ++index) {
         const XmlNode box = body.SelectSingleNode("TextBox" + std::to_string(index));
-        if (box) plain += BoxPlainText(box, index);
+        if (box) plain += BoxPlainText(box, index, tabs);
     }
     return plain;
 }

@@ -13,7 +13,9 @@ namespace tessarin {
 // "<OE/>" become their characters and "<p/>" a line break; the tags "<b>", "<i>", "<u>",
 // "<sup>", "<inter1>" to "<inter3>", "<note>" and their closing tags are removed; the
 // escapes are undone (XmlUnescape) and a line break ends the box. Line breaks are CR LF; the
-// text is UTF-8. root is the story's document element.
-std::string StoryPlainText(const XmlNode& root);
+// text is UTF-8. root is the story's document element. With tabs set, "<tab/>" becomes a tab
+// (the receive and tracking previews); otherwise it stays as written.
+enum class PlainTextTabs { AsWritten, AsTab };
+std::string StoryPlainText(const XmlNode& root, PlainTextTabs tabs = PlainTextTabs::AsWritten);
 
 }  // namespace tessarin

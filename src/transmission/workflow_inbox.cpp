@@ -7,6 +7,19 @@
 
 namespace tessarin {
 
+std::filesystem::path ConfiguredFolder(std::string text) {
+    std::replace(text.begin(), text.end(), '\\', '/');
+    std::filesystem::path folder(text);
+    return folder.is_absolute() ? folder : std::filesystem::path();
+}
+
+std::optional<std::filesystem::path> InboxPath(const WorkflowSettings& workflow,
+                                               std::string_view name) {
+    const std::filesystem::path root = ConfiguredFolder(workflow.WorkflowDirectory);
+    if (root.empty() || !IsPlainFileName(name)) return std::nullopt;
+    return root / name;
+}
+
 std::optional<std::filesystem::path> InboxOf(EditorSession& session, std::string_view name) {
     if (!IsPlainFileName(name)) {
         session.user.Tell("The destination \"" + std::string(name) +
@@ -14,14 +27,13 @@ std::optional<std::filesystem::path> InboxOf(EditorSession& session, std::string
                           MessageIcon::Exclamation);
         return std::nullopt;
     }
-    std::string root = session.configuration.workflow.WorkflowDirectory;
-    std::replace(root.begin(), root.end(), '\\', '/');
-    if (!std::filesystem::path(root).is_absolute()) {
+    const std::optional<std::filesystem::path> inbox =
+        InboxPath(session.configuration.workflow, name);
+    if (!inbox) {
         session.user.Tell("No workflow directory is set (WorkflowDirectory): nothing is sent",
                           MessageIcon::Exclamation);
-        return std::nullopt;
     }
-    return std::filesystem::path(root) / name;
+    return inbox;
 }
 
 }  // namespace tessarin

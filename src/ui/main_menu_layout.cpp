@@ -179,9 +179,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "ToolsApplication",
     "ToolsFTP",
     "ToolsSMTP",
-    "ToolsReceiveWorkflow",
-    "ToolsInterceptWorkflow",
-    "ToolsTracking",
     "ToolsConfiguration",
     "TipOfTheDay",
 };

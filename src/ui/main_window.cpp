@@ -18,14 +18,18 @@
 #include "export/xsl_export.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
+#include "tracking/tracking_window.h"
 #include "ui/check_logs_dialog.h"
+#include "ui/inbox_watcher.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
 #include "ui/main_window_chrome.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
+#include "ui/receive_dialog.h"
 #include "ui/session_view.h"
 #include "ui/story_panel.h"
+#include "ui/tracking_dialog.h"
 #include "ui/word_statistics_dialog.h"
 #include "ui/workflow_dialog.h"
 
@@ -87,7 +91,8 @@ MainWindow::MainWindow(const AppPaths& paths, UserInteraction* user)
       chrome_(new WindowChrome(*this)),
       statusBar_(new MainStatusBar(this)),
       tabs_(new QTabWidget(this)),
-      backupTimer_(new QTimer(this)) {
+      backupTimer_(new QTimer(this)),
+      inbox_(new InboxWatcher(session_, *statusBar_, *this)) {
     setObjectName(QStringLiteral("frmTessarin"));
     setWindowTitle(MessageBoxTitle());
     resize(kDesignWidth, kDesignHeight);
@@ -97,6 +102,7 @@ MainWindow::MainWindow(const AppPaths& paths, UserInteraction* user)
     backupTimer_->setObjectName(QStringLiteral("TimerBackupAuto"));
     backupTimer_->setInterval(kBackupTickMs);
     connect(backupTimer_, &QTimer::timeout, this, &MainWindow::AutomaticSaveTick);
+    connect(inbox_, &InboxWatcher::changed, this, &MainWindow::RefreshAll);
     ConnectCommands();
 }
 
@@ -143,6 +149,9 @@ void MainWindow::ConnectCommands() {
     on("ToolsPreferences", [this] { PreferencesDialog(session_, this).exec(); });
     on("ToolsSendWorkflow", [this] { WorkflowDialog(session_, this).exec(); });
     on("DisplayLogs", [this] { ListLogsDialog(session_, this).exec(); });
+    on("ToolsReceiveWorkflow", [this] { Receive(ReceiveKind::Receive); });
+    on("ToolsInterceptWorkflow", [this] { Receive(ReceiveKind::Intercept); });
+    on("ToolsTracking", [this] { TrackingDialog(session_, this).exec(); });
     on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
     on("ToolsWordStatistics", [this] { WordStatisticsDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
@@ -194,8 +203,16 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
     if (result.state == StartState::EndProgram) return kExitRefused;
     AddStyleSheetEntries();
     ApplyStoredGeometry();
+    session_.window.Control("mnuToolsTracking").visible = TrackingAvailable(session_);
     RefreshAll();
+    inbox_->Start();
     return std::nullopt;
+}
+
+void MainWindow::Receive(ReceiveKind kind) {
+    inbox_->Pause();
+    ReceiveDialog(session_, kind, this).exec();
+    inbox_->Resume();
 }
 
 bool MainWindow::AnotherInstanceRunning() {

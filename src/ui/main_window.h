@@ -9,12 +9,14 @@
 #include <vector>
 
 #include "app/editor_session.h"
+#include "transmission/receive_window.h"
 
 class QTabWidget;
 class QTimer;
 
 namespace tessarin {
 
+class InboxWatcher;
 class MainStatusBar;
 class SessionView;
 class WindowChrome;
@@ -65,6 +67,7 @@ class MainWindow : public QMainWindow {
     void Run(const std::function<void()>& command);
     void ShowView(int tabIndex);
     void AutomaticSaveTick();
+    void Receive(ReceiveKind kind);  // frmReceive or frmIntercept, the watcher paused
     void RunFirstActivation();
     bool AnotherInstanceRunning();
 
@@ -79,6 +82,7 @@ class MainWindow : public QMainWindow {
     QWidget* imagesPage_;
     std::vector<SessionView*> views_;
     QTimer* backupTimer_;
+    InboxWatcher* inbox_;
     bool firstActivation_ = true;
 };
 
