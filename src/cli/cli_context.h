@@ -35,5 +35,6 @@ int RunUuencodeCommand(CliContext& context, const Arguments& arguments);
 int RunWorkflowCommand(CliContext& context, const Arguments& arguments);
 int RunLogsCommand(CliContext& context, const Arguments& arguments);
 int RunDocumentCommand(CliContext& context, const Arguments& arguments);
+int RunSearchCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

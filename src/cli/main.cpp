@@ -41,6 +41,10 @@ constexpr const char* kHelp =
     "  logs days           print the dates of the daily log pages\n"
     "  document rtf|xsl|pdf STORY\n"
     "                      write the story as RTF, through the style sheet, or as PDF beside it\n"
+    "  search [--in DIR] [--text TEXT] [--scope all|metadata|text|iptc]\n"
+    "         [--operator exact|all|any] [--match-case] [--include-backups]\n"
+    "                      search a folder tree of stories; print the listed rows, then the "
+    "counts\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -116,5 +120,6 @@ int main(int argc, char** argv) {
     if (command == "workflow") return tessarin::cli::RunWorkflowCommand(context, rest);
     if (command == "logs") return tessarin::cli::RunLogsCommand(context, rest);
     if (command == "document") return tessarin::cli::RunDocumentCommand(context, rest);
+    if (command == "search") return tessarin::cli::RunSearchCommand(context, rest);
     return Usage("unknown command " + command);
 }
