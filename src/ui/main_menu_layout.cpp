@@ -170,7 +170,6 @@ constexpr ToolbarLayout kToolbars[] = {
 };
 
 constexpr std::string_view kCommandsNotBuiltYet[] = {
-    "FileMyStories",
     "FilePrint",
     "EditionMultipleClipboard",
     "DisplayTextZoom",
@@ -188,7 +187,6 @@ constexpr std::string_view kCommandsNotBuiltYet[] = {
     "SearchText",
     "SearchReplace",
     "SearchNextOccurrence",
-    "SearchStories",
     "ToolsSpellChecker",
     "ToolsWordStatistics",
     "ToolsInternet1",

@@ -22,8 +22,10 @@
 #include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
 #include "ui/main_window_chrome.h"
+#include "ui/my_stories_dialog.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
+#include "ui/search_stories_dialog.h"
 #include "ui/session_view.h"
 #include "ui/workflow_dialog.h"
 
@@ -142,6 +144,8 @@ void MainWindow::ConnectCommands() {
     on("ToolsSendWorkflow", [this] { WorkflowDialog(session_, this).exec(); });
     on("DisplayLogs", [this] { ListLogsDialog(session_, this).exec(); });
     on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
+    on("SearchStories", [this] { SearchStoriesDialog(session_, this).exec(); });
+    on("FileMyStories", [this] { MyStoriesDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
         Run([this, row] {
