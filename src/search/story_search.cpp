@@ -17,9 +17,24 @@ struct FileOutcome {
     bool read = false;  // not found in the cache: the cache must take it
 };
 
-std::size_t WorkerCount(std::size_t files) {
+std::size_t WorkerCount(std::size_t items) {
     const std::size_t cores = std::max(1u, std::thread::hardware_concurrency());
-    return std::max<std::size_t>(1, std::min(cores, files / 64 + 1));
+    return std::max<std::size_t>(1, std::min(cores, items / 64 + 1));
+}
+
+// Runs work(index) for every index below count, on as many threads as the machine has cores;
+// this thread takes its share.
+template <typename Work>
+void ForEachInParallel(std::size_t count, const Work& work) {
+    std::atomic<std::size_t> next{0};
+    const auto worker = [&] {
+        for (std::size_t index = next++; index < count; index = next++)
+            work(index);
+    };
+    std::vector<std::jthread> workers;
+    for (std::size_t extra = 1; extra < WorkerCount(count); ++extra)
+        workers.emplace_back(worker);
+    worker();
 }
 
 }  // namespace
@@ -39,31 +54,22 @@ std::string StorySearchResult::CountsText(bool includeBackups) const {
 std::vector<SearchCache::Extract> ExtractFiles(const std::vector<std::filesystem::path>& files,
                                                SearchCache& cache, const SearchProgress& progress) {
     std::vector<FileOutcome> outcomes(files.size());
-    std::atomic<std::size_t> next{0};
     std::atomic<std::size_t> done{0};
-    const auto work = [&] {
-        for (std::size_t index = next++; index < files.size(); index = next++) {
-            FileOutcome& outcome = outcomes[index];
-            outcome.stamp = StampOf(files[index]);
-            if (outcome.stamp) {
-                if (const SearchCache::Entry* entry = cache.Find(files[index], *outcome.stamp)) {
-                    outcome.extract = entry->extract;
-                } else {
-                    outcome.read = true;
-                    if (std::optional<StoryExtract> extract = ExtractStory(files[index]))
-                        outcome.extract = std::make_shared<const StoryExtract>(std::move(*extract));
-                }
+    ForEachInParallel(files.size(), [&](std::size_t index) {
+        FileOutcome& outcome = outcomes[index];
+        outcome.stamp = StampOf(files[index]);
+        if (outcome.stamp) {
+            if (const SearchCache::Entry* entry = cache.Find(files[index], *outcome.stamp)) {
+                outcome.extract = entry->extract;
+            } else {
+                outcome.read = true;
+                if (std::optional<StoryExtract> extract = ExtractStory(files[index]))
+                    outcome.extract = std::make_shared<const StoryExtract>(std::move(*extract));
             }
-            const std::size_t count = ++done;
-            if (progress && (count % 64 == 0 || count == files.size()))
-                progress(count, files.size());
         }
-    };
-    std::vector<std::jthread> workers;
-    for (std::size_t worker = 1; worker < WorkerCount(files.size()); ++worker)
-        workers.emplace_back(work);
-    work();
-    workers.clear();
+        const std::size_t count = ++done;
+        if (progress && (count % 64 == 0 || count == files.size())) progress(count, files.size());
+    });
 
     std::vector<SearchCache::Extract> extracts;
     extracts.reserve(files.size());
@@ -83,9 +89,13 @@ StorySearchResult SearchStories(const std::filesystem::path& folder, const Searc
     std::unordered_set<std::string> present(files.begin(), files.end());
     cache.ForgetBelow(folder, [&](const std::string& path) { return present.contains(path); });
 
+    std::vector<char> answers(extracts.size());
+    ForEachInParallel(extracts.size(), [&](std::size_t index) {
+        answers[index] = extracts[index] && StoryMatches(*extracts[index], query);
+    });
     StorySearchResult result;
-    for (SearchCache::Extract& extract : extracts) {
-        if (extract && StoryMatches(*extract, query)) result.hits.push_back(std::move(extract));
+    for (std::size_t index = 0; index < extracts.size(); ++index) {
+        if (answers[index]) result.hits.push_back(std::move(extracts[index]));
     }
     return result;
 }

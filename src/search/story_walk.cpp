@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 #include <system_error>
-#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -17,22 +16,23 @@ bool IsExtension(const std::string& extension, char a, char b, char c) {
 }
 
 void WalkInto(const fs::path& folder, bool storiesOnly, std::vector<fs::path>& files) {
-    std::vector<std::pair<fs::path, bool>> entries;  // path, is a folder
+    struct Entry {
+        std::string name;
+        fs::path path;
+        bool isFolder;
+    };
+    std::vector<Entry> entries;
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
         std::error_code typeError;
-        if (entry->is_symlink(typeError)) {
-            if (entry->is_regular_file(typeError)) entries.emplace_back(entry->path(), false);
-        } else if (entry->is_directory(typeError)) {
-            entries.emplace_back(entry->path(), true);
-        } else if (entry->is_regular_file(typeError)) {
-            entries.emplace_back(entry->path(), false);
-        }
+        const bool isFolder = !entry->is_symlink(typeError) && entry->is_directory(typeError);
+        if (isFolder || entry->is_regular_file(typeError))
+            entries.push_back({entry->path().filename().string(), entry->path(), isFolder});
     }
     std::sort(entries.begin(), entries.end(),
-              [](const auto& a, const auto& b) { return a.first.filename() < b.first.filename(); });
-    for (auto& [path, isFolder] : entries) {
+              [](const Entry& a, const Entry& b) { return a.name < b.name; });
+    for (auto& [name, path, isFolder] : entries) {
         if (isFolder) {
             WalkInto(path, storiesOnly, files);
         } else if (!storiesOnly || IsStoryFileName(path)) {
