@@ -42,14 +42,38 @@ std::int64_t CharactersOfTextBoxes(const XmlNode& body) {
     return characters;
 }
 
+// UpperCaseText over text that the parser gave, which is always well-formed UTF-8: runs of
+// ASCII are upper-cased in place, and only the runs of other characters (whose bytes are all
+// above 0x7F, whole characters) go through the full conversion. Most of a story is ASCII.
+std::string UpperCaseParsedText(std::string_view text) {
+    std::string upper;
+    upper.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t end = at;
+        if (static_cast<unsigned char>(text[at]) < 0x80) {
+            while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80) {
+                const char byte = text[end++];
+                upper += byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+            }
+        } else {
+            while (end < text.size() && static_cast<unsigned char>(text[end]) >= 0x80)
+                ++end;
+            upper += UpperCaseText(text.substr(at, end - at));
+        }
+        at = end;
+    }
+    return upper;
+}
+
 ScopeTexts UpperCased(const ScopeTexts& texts) {
     const std::string_view all = texts.text;
     ScopeTexts upper;
-    upper.text = UpperCaseText(all.substr(0, texts.metadataEnd));
+    upper.text = UpperCaseParsedText(all.substr(0, texts.metadataEnd));
     upper.metadataEnd = static_cast<std::uint32_t>(upper.text.size());
-    upper.text += UpperCaseText(all.substr(texts.metadataEnd, texts.bodyEnd - texts.metadataEnd));
+    upper.text +=
+        UpperCaseParsedText(all.substr(texts.metadataEnd, texts.bodyEnd - texts.metadataEnd));
     upper.bodyEnd = static_cast<std::uint32_t>(upper.text.size());
-    upper.text += UpperCaseText(all.substr(texts.bodyEnd));
+    upper.text += UpperCaseParsedText(all.substr(texts.bodyEnd));
     return upper;
 }
 

@@ -11,6 +11,7 @@
 #include "search/story_search.h"
 #include "search/story_walk.h"
 #include "story/full_story_file.h"
+#include "story/styled_text_case.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
@@ -154,6 +155,8 @@ TEST(StorySearch, RowHoldsTheListColumns) {
     expected.form = "Brève";
     expected.images = 1;
     EXPECT_EQ(story->row, expected);
+    EXPECT_EQ(story->upperTexts.text, UpperCaseText(story->texts.text));
+    EXPECT_NE(story->texts.text.find("Le club a gagné."), std::string::npos);
     EXPECT_EQ(ExtractStory(coldFile)->row.publicationDate, "Publication date");
     ::unsetenv("TESSARIN_SHORT_DATE");
 }
