@@ -45,5 +45,6 @@ int RunInboxCommand(CliContext& context, const Arguments& arguments);
 int RunReceiveCommand(CliContext& context, const Arguments& arguments);
 int RunInterceptCommand(CliContext& context, const Arguments& arguments);
 int RunTrackCommand(CliContext& context, const Arguments& arguments);
+int RunSearchCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

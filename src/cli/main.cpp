@@ -67,6 +67,10 @@ constexpr const char* kHelp =
     "                      print the tracking tree and its counts\n"
     "  track delete NODE-TEXT... | track delete --all\n"
     "                      delete tracking copies as the tree's pop-up entries do\n"
+    "  search [--in DIR] [--text TEXT] [--scope all|metadata|text|iptc]\n"
+    "         [--operator exact|all|any] [--match-case] [--include-backups]\n"
+    "                      search a folder tree of stories; print the listed rows, then the "
+    "counts\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -151,5 +155,6 @@ int main(int argc, char** argv) {
     if (command == "receive") return tessarin::cli::RunReceiveCommand(context, rest);
     if (command == "intercept") return tessarin::cli::RunInterceptCommand(context, rest);
     if (command == "track") return tessarin::cli::RunTrackCommand(context, rest);
+    if (command == "search") return tessarin::cli::RunSearchCommand(context, rest);
     return Usage("unknown command " + command);
 }

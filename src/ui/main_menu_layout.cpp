@@ -166,21 +166,9 @@ constexpr ToolbarLayout kToolbars[] = {
 };
 
 constexpr std::string_view kCommandsNotBuiltYet[] = {
-    "FileMyStories",
-    "FilePrint",
-    "DisplayTextZoom",
-    "DisplayParagraphs",
-    "DisplayTeleprompter",
-    "SearchStories",
-    "ToolsInternet1",
-    "ToolsInternet2",
-    "ToolsInternet3",
-    "ToolsApplications",
-    "ToolsApplication",
-    "ToolsFTP",
-    "ToolsSMTP",
-    "ToolsConfiguration",
-    "TipOfTheDay",
+    "FilePrint",        "DisplayTextZoom", "DisplayParagraphs",  "DisplayTeleprompter",
+    "ToolsInternet1",   "ToolsInternet2",  "ToolsInternet3",     "ToolsApplications",
+    "ToolsApplication", "ToolsFTP",        "ToolsConfiguration", "TipOfTheDay",
 };
 
 struct ButtonCaption {

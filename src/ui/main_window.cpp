@@ -24,10 +24,13 @@
 #include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
 #include "ui/main_window_chrome.h"
+#include "ui/my_stories_dialog.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/receive_dialog.h"
+#include "ui/search_stories_dialog.h"
 #include "ui/session_view.h"
+#include "ui/smtp_dialog.h"
 #include "ui/story_panel.h"
 #include "ui/tracking_dialog.h"
 #include "ui/word_statistics_dialog.h"
@@ -154,6 +157,9 @@ void MainWindow::ConnectCommands() {
     on("ToolsTracking", [this] { TrackingDialog(session_, this).exec(); });
     on("ToolsCheckLogs", [this] { CheckLogsDialog(session_, this).exec(); });
     on("ToolsWordStatistics", [this] { WordStatisticsDialog(session_, this).exec(); });
+    on("SearchStories", [this] { SearchStoriesDialog(session_, this).exec(); });
+    on("ToolsSMTP", [this] { SmtpDialog(session_, this).exec(); });
+    on("FileMyStories", [this] { MyStoriesDialog(session_, this).exec(); });
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
         Run([this, row] {

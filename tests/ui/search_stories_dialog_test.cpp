@@ -1,0 +1,148 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "support/temp_dir.h"
+#include "transmission/workflow_desk.h"
+#include "ui/my_stories_dialog.h"
+#include "ui/search_stories_dialog.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+using namespace testing;
+
+template <typename Widget>
+Widget* Find(QWidget& window, const char* name) {
+    auto* widget = window.findChild<Widget*>(QString::fromUtf8(name));
+    if (widget == nullptr) qFatal("no control %s", name);
+    return widget;
+}
+
+QStringList ListedNames(QTreeWidget& list) {
+    QStringList names;
+    for (int row = 0; row < list.topLevelItemCount(); ++row)
+        names << list.topLevelItem(row)->text(0);
+    return names;
+}
+
+class SearchStoriesDialogTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void SearchPreviewAndRestoreABackupStory() {
+        WorkflowDesk desk;
+        desk.Story("fire.xml", "<Publication>Le Soir</Publication>",
+                   R"(<TextBox6 CharCount="20">Grand incendie au port</TextBox6>)");
+        desk.Story("fire.bml", "<Publication>Le Soir</Publication>",
+                   R"(<TextBox6 CharCount="9">Incendie maitrise</TextBox6>)");
+        desk.Story("rain.xml", "<Publication>Le Matin</Publication>",
+                   R"(<TextBox6 CharCount="5">Pluie</TextBox6>)");
+        desk.session.profile.Write("Configuration", "SearchStoriesInto",
+                                   (desk.folder / "stories").string());
+
+        SearchStoriesDialog dialog(desk.session, nullptr);
+        dialog.show();
+        QSignalSpy finished(&dialog, &SearchStoriesDialog::searchFinished);
+        auto* list = Find<QTreeWidget>(dialog, "lvStories");
+        auto* found = Find<QLabel>(dialog, "lblStoriesFound");
+        const auto counts = [&](const char* text) {
+            return QString::fromStdString(desk.session.Message("StoriesFound")) + ": " + text;
+        };
+
+        Find<QComboBox>(dialog, "lstTxtSearch")->setCurrentText(QStringLiteral(" INCENDIE PORT "));
+        QTest::mouseClick(Find<QRadioButton>(dialog, "optOperator2"), Qt::LeftButton);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdSearch"), Qt::LeftButton);
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(ListedNames(*list), QStringList{QStringLiteral("fire.xml")});
+        QCOMPARE(found->text(), counts("2/1"));
+        QVERIFY(Find<QLabel>(dialog, "lblAllStoriesSelected")->isHidden());
+
+        // The preview marks each word wherever it stands, in any case.
+        list->setCurrentItem(list->topLevelItem(0));
+        emit list->itemClicked(list->topLevelItem(0), 0);
+        auto* preview = Find<QTextEdit>(dialog, "rtfStory");
+        QCOMPARE(preview->toPlainText(), QStringLiteral("Grand incendie au port\n"));
+        QCOMPARE(preview->extraSelections().size(), 2);
+
+        Find<QCheckBox>(dialog, "chkIncludeBackupStories")->setChecked(true);
+        QCOMPARE(ListedNames(*list),
+                 (QStringList{QStringLiteral("fire.bml"), QStringLiteral("fire.xml")}));
+
+        // With case, the same words find nothing (the stories have them in lower case); an empty
+        // text lists every story.
+        QTest::mouseClick(Find<QCheckBox>(dialog, "chkMatchCase"), Qt::LeftButton);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdSearch"), Qt::LeftButton);
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(found->text(), counts("0/0"));
+        Find<QComboBox>(dialog, "lstTxtSearch")->setCurrentText(QString());
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdSearch"), Qt::LeftButton);
+        QVERIFY(finished.wait(10000));
+        QCOMPARE(found->text(), counts("3/3"));
+        QVERIFY(!Find<QLabel>(dialog, "lblAllStoriesSelected")->isHidden());
+
+        // Opening the backup story replaces its story only after Yes, and logs it.
+        list->setCurrentItem(list->findItems(QStringLiteral("fire.bml"), Qt::MatchExactly).front());
+        desk.user.QueueAnswer(Answer::Yes);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdOpen"), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(desk.user.questions.size(), std::size_t{1});
+        QVERIFY(desk.user.questions[0].find("'fire.xml'") != std::string::npos);
+        QVERIFY(!std::filesystem::exists(desk.folder / "stories/fire.bml"));
+        const std::string restored = ReadBytes(desk.folder / "stories/fire.xml");
+        QVERIFY(restored.find("<Log Type=\"A\">") != std::string::npos);
+        QCOMPARE(desk.session.storyFileName, std::string("fire.xml"));
+
+        // The choices and the history are kept for the next time.
+        const ProfileContents stored = desk.session.profile.Load();
+        QCOMPARE(stored.Read("Configuration", "Contents0"),
+                 std::optional<std::string>("INCENDIE PORT"));
+        QCOMPARE(stored.Read("Configuration", "SearchOperator"), std::optional<std::string>("2"));
+        QCOMPARE(stored.Read("Configuration", "MatchCase"), std::optional<std::string>("1"));
+    }
+
+    void MyStoriesListsBothDirectoriesAndArchives() {
+        WorkflowDesk desk;
+        const std::string personal = (desk.folder / "stories").string();
+        const std::string archives = (desk.folder / "old").string();
+        desk.session.configuration.workflow.PersonalTextsDirectory = personal;
+        desk.session.configuration.workflow.PersonalArchivesDirectory = archives;
+        desk.Story("same.xml", "<Publication>Le Soir</Publication>");
+        desk.Story("same.bml", "<Publication>Le Soir</Publication>");
+        desk.folder.Write("old/same.xml", ReadBytes(desk.folder / "stories/same.xml"));
+
+        MyStoriesDialog dialog(desk.session, nullptr);
+        auto* list = Find<QTreeWidget>(dialog, "lvStories");
+        QCOMPARE(ListedNames(*list),
+                 (QStringList{QStringLiteral("same.xml"), QStringLiteral("same.xml")}));
+        QCOMPARE(Find<QLabel>(dialog, "lblCount")->text(), QStringLiteral("2"));
+        Find<QCheckBox>(dialog, "chkIncludeBackupStories")->setChecked(true);
+        QCOMPARE(list->topLevelItemCount(), 3);
+
+        // The archived copy replaces the one already there only after Yes.
+        list->setCurrentItem(list->topLevelItem(1));
+        QCOMPARE(list->currentItem()->text(0), QStringLiteral("same.xml"));
+        desk.user.QueueAnswer(Answer::No);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdArchives"), Qt::LeftButton);
+        QCOMPARE(list->topLevelItemCount(), 3);
+        list->setCurrentItem(list->topLevelItem(1));
+        desk.user.QueueAnswer(Answer::Yes);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdArchives"), Qt::LeftButton);
+        QCOMPARE(ListedNames(*list),
+                 (QStringList{QStringLiteral("same.bml"), QStringLiteral("same.xml")}));
+        QCOMPARE(desk.user.questions.size(), std::size_t{2});
+    }
+};
+
+TESSARIN_UI_TEST(SearchStoriesDialogTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "search_stories_dialog_test.moc"
