@@ -16,7 +16,7 @@ constexpr const char* kSearchUsage =
     "              [--operator exact|all|any] [--match-case] [--include-backups]\n";
 
 struct SearchArguments {
-    SearchSettings settings;
+    StorySearchSettings settings;
     std::string text;
 };
 
@@ -28,7 +28,8 @@ std::optional<Choice> ChoiceNamed(const std::string& name, const char* const (&n
 }
 
 // The choices of the command line over those of the preferences.
-std::optional<SearchArguments> ParseSearch(const Arguments& arguments, SearchSettings settings) {
+std::optional<SearchArguments> ParseSearch(const Arguments& arguments,
+                                           StorySearchSettings settings) {
     static const char* const kScopes[] = {"all", "metadata", "text", "iptc"};
     static const char* const kOperators[] = {"exact", "all", "any"};
     SearchArguments parsed{std::move(settings), {}};
@@ -68,12 +69,12 @@ std::optional<SearchArguments> ParseSearch(const Arguments& arguments, SearchSet
 int RunSearchCommand(CliContext& context, const Arguments& arguments) {
     const ProfileFile preferences(context.preferencesFile);
     const std::optional<SearchArguments> parsed =
-        ParseSearch(arguments, ReadSearchSettings(preferences.Load()));
+        ParseSearch(arguments, ReadStorySearchSettings(preferences.Load()));
     if (!parsed) {
         context.err << kSearchUsage;
         return kExitUsage;
     }
-    const SearchSettings& settings = parsed->settings;
+    const StorySearchSettings& settings = parsed->settings;
     if (settings.folder.empty()) {
         context.err << "tessarin-cli: no folder to search: give --in DIR\n";
         return kExitUsage;

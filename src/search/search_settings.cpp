@@ -19,9 +19,9 @@ Choice ChoiceOf(std::int32_t value, int count) {
 
 }  // namespace
 
-SearchSettings ReadSearchSettings(const ProfileContents& profile) {
+StorySearchSettings ReadStorySearchSettings(const ProfileContents& profile) {
     const std::string_view section = kConfigurationSection;
-    SearchSettings settings;
+    StorySearchSettings settings;
     settings.folder = ReadText(profile, section, "SearchStoriesInto", "");
     settings.includeBackups = ReadFlag(profile, section, "IncludeBackupStories", false);
     settings.matchCase = ReadFlag(profile, section, "MatchCase", false);
@@ -35,7 +35,7 @@ SearchSettings ReadSearchSettings(const ProfileContents& profile) {
     return settings;
 }
 
-bool WriteSearchSettings(ProfileFile& profile, const SearchSettings& settings) {
+bool WriteStorySearchSettings(ProfileFile& profile, const StorySearchSettings& settings) {
     const std::string section(kConfigurationSection);
     std::vector<ProfileEntry> entries = {
         {section, "SearchStoriesInto", settings.folder.string()},

@@ -10,7 +10,7 @@
 namespace tessarin {
 
 // The search window's choices as the preferences keep them, section Configuration.
-struct SearchSettings {
+struct StorySearchSettings {
     std::filesystem::path folder;                         // SearchStoriesInto
     bool includeBackups = false;                          // IncludeBackupStories
     std::vector<std::string> history;                     // Contents0 and up, the latest first
@@ -23,10 +23,10 @@ struct SearchSettings {
 inline constexpr std::size_t kSearchHistoryLength = 20;
 
 // A missing key keeps its default; an option or operator out of range reads as the first.
-SearchSettings ReadSearchSettings(const ProfileContents& profile);
+StorySearchSettings ReadStorySearchSettings(const ProfileContents& profile);
 
 // Writes every key in one replacement of the file; false when it cannot be written.
-bool WriteSearchSettings(ProfileFile& profile, const SearchSettings& settings);
+bool WriteStorySearchSettings(ProfileFile& profile, const StorySearchSettings& settings);
 
 // Puts the text at the top of the history, taking it out of where it stood below, and cuts
 // the history to its length. An empty text changes nothing.

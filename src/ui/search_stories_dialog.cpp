@@ -38,7 +38,7 @@ const char* const kOperatorKeys[][2] = {{"SearchStoriesExactExpression", "Exact 
 SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent)
     : QDialog(parent),
       session_(session),
-      settings_(ReadSearchSettings(session.profile.Load())),
+      settings_(ReadStorySearchSettings(session.profile.Load())),
       folder_(new QLabel(this)),
       text_(new QComboBox(this)),
       matchCase_(new QCheckBox(this)),
@@ -245,7 +245,7 @@ void SearchStoriesDialog::StoreSettings() {
     settings_.folder = ToUtf8(folder_->text());
     settings_.includeBackups = includeBackups_->isChecked();
     settings_.matchCase = matchCase_->isChecked();
-    WriteSearchSettings(session_.profile, settings_);
+    WriteStorySearchSettings(session_.profile, settings_);
 }
 
 void SearchStoriesDialog::done(int result) {

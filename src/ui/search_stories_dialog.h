@@ -50,7 +50,7 @@ class SearchStoriesDialog : public QDialog {
     void done(int result) override;
 
     EditorSession& session_;
-    SearchSettings settings_;
+    StorySearchSettings settings_;
     SearchQuery query_;
     SearchCache cache_;
     StorySearchResult result_;
