@@ -67,8 +67,10 @@ char16_t UpperUnit(char16_t unit) {
 }
 
 // The distinct words met so far, by upper-case form. The table is searched once for each word
-// of the story, so it is kept simple: open addressing over a power-of-two number of slots,
-// each holding the hash of its word, computed while the word is upper-cased.
+// of the story, so it is kept small and dense: open addressing over a power-of-two number of
+// 8-byte slots, each holding 32 bits of its word's hash (computed while the word is
+// upper-cased) and the word's number; the upper-case forms lie one after the other in a single
+// buffer, so that the words of a story stay within a few pages of memory.
 class WordTally {
   public:
     WordTally(WordStatistics& statistics, const EmptyWords* emptyWords)
@@ -77,14 +79,16 @@ class WordTally {
     // False once a full list stopped the analysis.
     bool Add(std::u16string_view piece) {
         if (piece.size() < 2 || IsNumber(piece)) return true;
-        const std::uint64_t hash = UpperCase(piece);
+        const std::uint32_t hash = UpperCase(piece);
         if (emptyWords_ != nullptr && emptyWords_->Contains(upper_)) return true;
         const std::size_t mask = slots_.size() - 1;
         std::size_t slot = hash & mask;
         for (; slots_[slot].word != 0; slot = (slot + 1) & mask) {
-            Slot& found = slots_[slot];
-            if (found.hash == hash && uppers_[found.word - 1] == upper_) {
-                ++found.count;
+            const Slot& found = slots_[slot];
+            if (found.hash != hash) continue;
+            Word& word = words_[found.word - 1];
+            if (std::u16string_view(uppers_).substr(word.start, word.length) == upper_) {
+                ++word.count;
                 ++statistics_.occurrences;
                 return true;
             }
@@ -95,42 +99,41 @@ class WordTally {
             statistics_.truncated = true;
             return false;
         }
-        std::u16string word(piece);
-        std::replace(word.begin(), word.end(), kKeptApostrophe, u'\'');
-        uppers_.push_back(upper_);
-        slots_[slot] = Slot{hash, static_cast<std::uint32_t>(uppers_.size()), 1};
-        places_.push_back(Place{letterRow, row.size()});
-        row.push_back(WordOccurrences{std::move(word), 1, false});
+        std::u16string text(piece);
+        std::replace(text.begin(), text.end(), kKeptApostrophe, u'\'');
+        words_.push_back(Word{static_cast<std::uint32_t>(uppers_.size()),
+                              static_cast<std::uint32_t>(upper_.size()), 1, letterRow, row.size()});
+        uppers_ += upper_;
+        slots_[slot] = Slot{hash, static_cast<std::uint32_t>(words_.size())};
+        row.push_back(WordOccurrences{std::move(text), 1, false});
         ++statistics_.occurrences;
-        if (uppers_.size() * 2 > slots_.size()) Grow();
+        if (words_.size() * 2 > slots_.size()) Grow();
         return true;
     }
 
     // Puts the counts kept in the table into the lists.
     void Finish() {
-        for (const Slot& slot : slots_) {
-            if (slot.word == 0) continue;
-            const Place& place = places_[slot.word - 1];
-            statistics_.rows[place.row][place.index].count = slot.count;
-        }
+        for (const Word& word : words_)
+            statistics_.rows[word.row][word.index].count = word.count;
     }
 
   private:
     static constexpr std::size_t kFirstSlots = 4096;
 
-    // Small, so that a look-up reads one slot and, for a hit, the one word it compares.
     struct Slot {
-        std::uint64_t hash = 0;
-        std::uint32_t word = 0;  // 1 + its number in uppers_ and places_; 0 for a free slot
-        std::int32_t count = 0;
+        std::uint32_t hash = 0;
+        std::uint32_t word = 0;  // 1 + its number in words_; 0 for a free slot
     };
-    struct Place {
-        int row;
-        std::size_t index;  // in the row's list
+    struct Word {
+        std::uint32_t start;   // of its upper-case form in uppers_
+        std::uint32_t length;  // of that form
+        std::int32_t count;
+        int row;            // its letter's list
+        std::size_t index;  // in that list
     };
 
     // Puts the upper-case form into upper_ and returns its hash (FNV-1a over the units).
-    std::uint64_t UpperCase(std::u16string_view piece) {
+    std::uint32_t UpperCase(std::u16string_view piece) {
         upper_.resize(piece.size());
         std::uint64_t hash = 14695981039346656037ull;
         for (std::size_t at = 0; at < piece.size(); ++at) {
@@ -138,7 +141,7 @@ class WordTally {
             upper_[at] = unit;
             hash = (hash ^ unit) * 1099511628211ull;
         }
-        return hash ^ (hash >> 32);
+        return static_cast<std::uint32_t>(hash ^ (hash >> 32));
     }
 
     void Grow() {
@@ -157,8 +160,8 @@ class WordTally {
     WordStatistics& statistics_;
     const EmptyWords* emptyWords_;
     std::vector<Slot> slots_;
-    std::vector<std::u16string> uppers_;
-    std::vector<Place> places_;
+    std::vector<Word> words_;
+    std::u16string uppers_;
     std::u16string upper_;
 };
 
