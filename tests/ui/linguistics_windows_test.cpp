@@ -12,19 +12,13 @@
 
 #include "support/replace_once.h"
 #include "ui/editor_driver.h"
+#include "ui/find_control.h"
 #include "ui/ui_test_registry.h"
 
 namespace tessarin {
 namespace {
 
 using namespace testing;
-
-template <typename Widget>
-Widget* Find(QWidget& window, const char* name) {
-    auto* widget = window.findChild<Widget*>(QString::fromUtf8(name));
-    if (widget == nullptr) qFatal("no control %s", name);
-    return widget;
-}
 
 void Click(QWidget& window, const char* button) {
     QTest::mouseClick(Find<QPushButton>(window, button), Qt::LeftButton);

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "transmission/workflow_desk.h"
+#include "ui/find_control.h"
 #include "ui/receive_dialog.h"
 #include "ui/session_tree_widget.h"
 #include "ui/tracking_dialog.h"
@@ -19,18 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace testing;
-
-template <typename Widget>
-Widget* Find(QObject& window, const char* name) {
-    auto* widget = window.findChild<Widget*>(QString::fromUtf8(name));
-    if (widget == nullptr) qFatal("no control %s", name);
-    return widget;
-}
-
-QTreeWidgetItem* ItemNamed(QTreeWidget& tree, const QString& text) {
-    const auto items = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-    return items.isEmpty() ? nullptr : items.front();
-}
 
 // A desk where Ann receives into me/ and tracking copies go to track/.
 struct ReceivingDesk : WorkflowDesk {

@@ -10,6 +10,7 @@
 
 #include "support/temp_dir.h"
 #include "transmission/workflow_desk.h"
+#include "ui/find_control.h"
 #include "ui/my_stories_dialog.h"
 #include "ui/search_stories_dialog.h"
 #include "ui/ui_test_registry.h"
@@ -18,13 +19,6 @@ namespace tessarin {
 namespace {
 
 using namespace testing;
-
-template <typename Widget>
-Widget* Find(QWidget& window, const char* name) {
-    auto* widget = window.findChild<Widget*>(QString::fromUtf8(name));
-    if (widget == nullptr) qFatal("no control %s", name);
-    return widget;
-}
 
 QStringList ListedNames(QTreeWidget& list) {
     QStringList names;

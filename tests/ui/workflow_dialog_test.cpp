@@ -13,6 +13,7 @@
 #include "logs/daily_log.h"
 #include "transmission/workflow_desk.h"
 #include "ui/check_logs_dialog.h"
+#include "ui/find_control.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_window.h"
 #include "ui/ui_test_registry.h"
@@ -22,18 +23,6 @@ namespace tessarin {
 namespace {
 
 using namespace testing;
-
-template <typename Widget>
-Widget* Find(QWidget& window, const char* name) {
-    auto* widget = window.findChild<Widget*>(QString::fromUtf8(name));
-    if (widget == nullptr) qFatal("no control %s", name);
-    return widget;
-}
-
-QTreeWidgetItem* ItemNamed(QTreeWidget& tree, const QString& text) {
-    const auto items = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-    return items.isEmpty() ? nullptr : items.front();
-}
 
 class WorkflowWindowsTest : public QObject {
     Q_OBJECT
