@@ -108,8 +108,9 @@ MyStoriesDialog::MyStoriesDialog(EditorSession& session, QWidget* parent)
     layout->addLayout(buttons);
 
     connect(includeBackups_, &QCheckBox::toggled, this, &MyStoriesDialog::GetStories);
-    connect(stories_, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { ShowStoryPreview(*preview_, StoryItemPath(*item)); });
+    connect(stories_, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        ShowStoryPreview(*preview_, StoryItemPath(*item), session_.preferences);
+    });
     connect(stories_, &QTreeWidget::itemDoubleClicked, this, &MyStoriesDialog::OpenSelected);
     connect(open, &QPushButton::clicked, this, &MyStoriesDialog::OpenSelected);
     connect(move, &QPushButton::clicked, this, &MyStoriesDialog::MoveSelected);

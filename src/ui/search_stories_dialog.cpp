@@ -227,7 +227,7 @@ void SearchStoriesDialog::FillList() {
 void SearchStoriesDialog::Preview() {
     const QTreeWidgetItem* item = stories_->currentItem();
     if (item == nullptr) return;
-    ShowStoryPreview(*preview_, StoryItemPath(*item), &query_);
+    ShowStoryPreview(*preview_, StoryItemPath(*item), session_.preferences, &query_);
 }
 
 void SearchStoriesDialog::OpenSelected() {

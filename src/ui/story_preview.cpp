@@ -5,18 +5,20 @@
 
 #include "common/xml_document.h"
 #include "search/search_query.h"
-#include "story/story_plain_text.h"
+#include "story/story_preview_text.h"
+#include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
 
 void ShowStoryPreview(QTextEdit& preview, const std::filesystem::path& story,
-                      const SearchQuery* query) {
+                      const Preferences& preferences, const SearchQuery* query) {
     preview.clear();
     preview.setExtraSelections({});
     XmlDocument document;
     if (!document.LoadFile(story)) return;
-    preview.setPlainText(ToQString(StoryPlainText(document.DocumentElement())));
+    StyledTextBridge(*preview.document())
+        .Load(StoryPreviewText(document.DocumentElement(), preferences));
     if (query == nullptr || query->text.empty()) return;
     QTextCharFormat highlight;
     highlight.setBackground(Qt::yellow);

@@ -5,9 +5,11 @@
 #include "common/utf8.h"
 #include "common/xml_document.h"
 #include "markup_random.h"
+#include "markup_test_support.h"
 #include "story/rescue_attribute_cut.h"
 #include "story/story_href.h"
 #include "story/story_plain_text.h"
+#include "story/story_preview_text.h"
 #include "story/story_simple_text.h"
 
 namespace tessarin {
@@ -106,6 +108,17 @@ TEST(StoryPlainText, BoxesBecomePlainLinesWithoutNotes) {
         "Bignews\r\nLead 5\xE2\x82\xAC c\xC5\x93ur \xC5\x92\r\nx2 < <b> \xC2\xA0<tab/>kept\r\n");
     EXPECT_EQ(PlainTextOf("<Story><Body><TextBox7>x</TextBox7><TextBox3/></Body></Story>"), "\r\n");
     EXPECT_EQ(PlainTextOf("<Story/>"), "");
+}
+
+// The preview of a found story keeps the formats and leaves the notes out.
+TEST(StoryPreviewText, BoxesKeepTheirFormatsWithoutNotes) {
+    XmlDocument document;
+    ASSERT_TRUE(document.LoadBytes(
+        "<Story><Body><TextBox0 CharCount=\"5\">Big <b>news</b></TextBox0>"
+        "<TextBox6 Name=\"Text\">A <note>AL 01</note><i>b</i><sup>2</sup></TextBox6>"
+        "</Body></Story>"));
+    EXPECT_EQ(testing::Describe(StoryPreviewText(document.DocumentElement(), Preferences{})),
+              "[]Big [b]news[]\r\nA [i]b[s]2[]\r\n");
 }
 
 }  // namespace
