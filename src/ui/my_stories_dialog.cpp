@@ -167,10 +167,25 @@ void MyStoriesDialog::MoveSelected() {
     GetStories();
 }
 
+// The selected files go to the desktop's trash, from where they can be put back, once the
+// user has confirmed, as the desktop itself asks before such a move.
 void MyStoriesDialog::RemoveSelected() {
+    const QList<QTreeWidgetItem*> selected = stories_->selectedItems();
+    if (selected.isEmpty()) return;
+    const std::string question =
+        selected.size() == 1
+            ? "Move \"" + StoryItemPath(*selected.front()).filename().string() + "\" to the trash?"
+            : "Move these " + std::to_string(selected.size()) + " files to the trash?";
+    if (session_.user.Ask(question, false, MessageIcon::Question) != Answer::Yes) return;
     bool removed = false;
-    for (const QTreeWidgetItem* item : stories_->selectedItems())
-        removed |= QFile::moveToTrash(QString::fromStdString(StoryItemPath(*item).string()));
+    for (const QTreeWidgetItem* item : selected) {
+        const std::filesystem::path path = StoryItemPath(*item);
+        if (QFile::moveToTrash(QString::fromStdString(path.string())))
+            removed = true;
+        else
+            session_.user.Tell("Cannot move to the trash:\n" + path.string(),
+                               MessageIcon::Exclamation);
+    }
     if (removed) GetStories();
 }
 

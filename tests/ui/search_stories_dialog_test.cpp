@@ -131,6 +131,17 @@ class SearchStoriesDialogTest : public QObject {
         QCOMPARE(ListedNames(*list),
                  (QStringList{QStringLiteral("same.bml"), QStringLiteral("same.xml")}));
         QCOMPARE(desk.user.questions.size(), std::size_t{2});
+
+        // Removing asks first; the file goes to the trash only after Yes.
+        qputenv("XDG_DATA_HOME", QByteArray::fromStdString((desk.folder / "data").string()));
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            list->setCurrentItem(list->topLevelItem(0));
+            desk.user.QueueAnswer(answer);
+            QTest::mouseClick(Find<QPushButton>(dialog, "cmdRemove"), Qt::LeftButton);
+        }
+        QCOMPARE(desk.user.questions.size(), std::size_t{4});
+        QCOMPARE(ListedNames(*list), QStringList{QStringLiteral("same.xml")});
+        QVERIFY(!std::filesystem::exists(desk.folder / "stories/same.bml"));
     }
 };
 
