@@ -58,7 +58,6 @@ MyStoriesDialog::MyStoriesDialog(EditorSession& session, QWidget* parent)
     const WorkflowSettings& workflow = session.configuration.workflow;
     setObjectName(QStringLiteral("frmMyStories"));
     setWindowTitle(caption("MyStories", "My stories"));
-    resize(kWidth, kHeight);
     cache_.Load(SearchCacheFileBeside(session.paths.preferencesFile));
 
     auto* personal = new QLabel(caption("MyStoriesDirectoryPersonal", "Personal") + " " +
@@ -93,6 +92,7 @@ MyStoriesDialog::MyStoriesDialog(EditorSession& session, QWidget* parent)
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(stories_);
     splitter->addWidget(preview_);
+    placement_ = {"MyStoriesWindow", {kWidth, kHeight}, splitter, "SizeBarH"};
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(count_);
     buttons->addWidget(includeBackups_);
@@ -105,6 +105,7 @@ MyStoriesDialog::MyStoriesDialog(EditorSession& session, QWidget* parent)
     layout->addWidget(archives);
     layout->addWidget(help);
     layout->addWidget(splitter, 1);
+    RestoreWindowPlacement(*this, session.profile.Load(), placement_);
     layout->addLayout(buttons);
 
     connect(includeBackups_, &QCheckBox::toggled, this, &MyStoriesDialog::GetStories);
@@ -187,6 +188,11 @@ void MyStoriesDialog::RemoveSelected() {
                                MessageIcon::Exclamation);
     }
     if (removed) GetStories();
+}
+
+void MyStoriesDialog::done(int result) {
+    session_.profile.Write(WindowPlacementEntries(*this, placement_));
+    QDialog::done(result);
 }
 
 void MyStoriesDialog::ShowRawFile() {

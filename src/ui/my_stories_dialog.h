@@ -5,6 +5,7 @@
 
 #include "search/my_stories.h"
 #include "search/search_cache.h"
+#include "ui/window_placement.h"
 
 class QCheckBox;
 class QLabel;
@@ -35,6 +36,7 @@ class MyStoriesDialog : public QDialog {
     void MoveSelected();
     void RemoveSelected();
     void ShowRawFile();
+    void done(int result) override;
 
     EditorSession& session_;
     SearchCache cache_;
@@ -43,6 +45,7 @@ class MyStoriesDialog : public QDialog {
     QTreeWidget* stories_;
     QTextEdit* preview_;
     QLabel* count_;
+    WindowPlacementKeys placement_;
 };
 
 }  // namespace tessarin

@@ -55,7 +55,6 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     };
     setObjectName(QStringLiteral("frmSearchStories"));
     setWindowTitle(caption("SearchStories", "Search stories"));
-    resize(kWidth, kHeight);
     cache_.Load(SearchCacheFileBeside(session.paths.preferencesFile));
 
     folder_->setObjectName(QStringLiteral("lblFolder"));
@@ -127,6 +126,7 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(stories_);
     splitter->addWidget(preview_);
+    placement_ = {"SearchStoriesWindow", {kWidth, kHeight}, splitter, "SizeBarV"};
     auto* status = new QHBoxLayout;
     status->addWidget(found_);
     status->addWidget(allSelected_);
@@ -140,6 +140,7 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     layout->addWidget(text_);
     layout->addLayout(options);
     layout->addWidget(splitter, 1);
+    RestoreWindowPlacement(*this, session.profile.Load(), placement_);
     layout->addLayout(status);
 
     connect(browse, &QPushButton::clicked, this, [this] {
@@ -251,6 +252,7 @@ void SearchStoriesDialog::StoreSettings() {
 void SearchStoriesDialog::done(int result) {
     if (worker_.joinable()) worker_.join();
     StoreSettings();
+    session_.profile.Write(WindowPlacementEntries(*this, placement_));
     QDialog::done(result);
 }
 

@@ -7,6 +7,7 @@
 #include "search/search_cache.h"
 #include "search/search_settings.h"
 #include "search/story_search.h"
+#include "ui/window_placement.h"
 
 class QCheckBox;
 class QComboBox;
@@ -68,6 +69,7 @@ class SearchStoriesDialog : public QDialog {
     QLabel* found_;
     QLabel* allSelected_;
     QProgressBar* progress_;
+    WindowPlacementKeys placement_;
 };
 
 }  // namespace tessarin

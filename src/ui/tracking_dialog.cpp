@@ -151,12 +151,8 @@ TrackingDialog::TrackingDialog(EditorSession& session, QWidget* parent)
     BuildMenu();
     layout->addWidget(splitter, 1);
 
-    const ProfileContents stored = session.profile.Load();
-    resize(ReadInteger(stored, kTrackingSection, "Width", kWidth),
-           ReadInteger(stored, kTrackingSection, "Height", kHeight));
-    if (const auto left = ReadOptionalInteger(stored, kTrackingSection, "Left")) {
-        move(*left, ReadInteger(stored, kTrackingSection, "Top", 0));
-    }
+    placement_ = {kTrackingSection, {kWidth, kHeight}, splitter, "SizeBarV"};
+    RestoreWindowPlacement(*this, session.profile.Load(), placement_);
     Connect();
     OpenTrackingWindow(session_, window_);
     Refresh();
@@ -330,13 +326,7 @@ void TrackingDialog::ShowLogs() {
 }
 
 void TrackingDialog::done(int result) {
-    const QRect rectangle = normalGeometry().isValid() ? normalGeometry() : geometry();
-    session_.profile.Write(std::vector<ProfileEntry>{
-        {std::string(kTrackingSection), "Left", std::to_string(rectangle.x())},
-        {std::string(kTrackingSection), "Top", std::to_string(rectangle.y())},
-        {std::string(kTrackingSection), "Width", std::to_string(rectangle.width())},
-        {std::string(kTrackingSection), "Height", std::to_string(rectangle.height())},
-    });
+    session_.profile.Write(WindowPlacementEntries(*this, placement_));
     QDialog::done(result);
 }
 

@@ -4,6 +4,7 @@
 
 #include "tracking/tracking_message.h"
 #include "tracking/tracking_window.h"
+#include "ui/window_placement.h"
 
 class QAction;
 class QCheckBox;
@@ -64,6 +65,7 @@ class TrackingDialog : public QDialog {
     QLabel* image_;
     QLabel* waiting_;
     QMenu* popup_;
+    WindowPlacementKeys placement_;
     std::vector<QAction*> choiceEntries_;
 };
 

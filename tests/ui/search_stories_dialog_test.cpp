@@ -8,6 +8,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+#include "config/profile_values.h"
 #include "support/temp_dir.h"
 #include "transmission/workflow_desk.h"
 #include "ui/find_control.h"
@@ -99,6 +100,26 @@ class SearchStoriesDialogTest : public QObject {
                  std::optional<std::string>("INCENDIE PORT"));
         QCOMPARE(stored.Read("Configuration", "SearchOperator"), std::optional<std::string>("2"));
         QCOMPARE(stored.Read("Configuration", "MatchCase"), std::optional<std::string>("1"));
+    }
+
+    // Both windows open where and as large as they were closed, their splitter included.
+    void WindowsKeepTheirPlacement() {
+        WorkflowDesk desk;
+        {
+            SearchStoriesDialog search(desk.session, nullptr);
+            search.resize(700, 500);
+            search.reject();
+            MyStoriesDialog stories(desk.session, nullptr);
+            stories.resize(640, 480);
+            stories.reject();
+        }
+        const ProfileContents stored = desk.session.profile.Load();
+        QCOMPARE(ReadInteger(stored, "SearchStoriesWindow", "Width", 0), 700);
+        QCOMPARE(ReadInteger(stored, "MyStoriesWindow", "Height", 0), 480);
+        QVERIFY(ReadOptionalInteger(stored, "SearchStoriesWindow", "SizeBarV").has_value());
+        QCOMPARE(ReadInteger(stored, "MyStoriesWindow", "WindowState", -1), 0);
+        QCOMPARE(SearchStoriesDialog(desk.session, nullptr).size(), QSize(700, 500));
+        QCOMPARE(MyStoriesDialog(desk.session, nullptr).size(), QSize(640, 480));
     }
 
     void MyStoriesListsBothDirectoriesAndArchives() {
