@@ -1,5 +1,6 @@
 #include "ui/search_stories_dialog.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -105,6 +106,12 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     SetUpStoryList(*stories_);
     preview_->setObjectName(QStringLiteral("rtfStory"));
     preview_->setReadOnly(true);
+    // The preview's menu copies what is selected in it.
+    preview_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* copy = new QAction(caption("EditionCopy", "Copy"), preview_);
+    copy->setObjectName(QStringLiteral("mnuCopy"));
+    connect(copy, &QAction::triggered, preview_, &QTextEdit::copy);
+    preview_->addAction(copy);
     found_->setObjectName(QStringLiteral("lblStoriesFound"));
     allSelected_->setObjectName(QStringLiteral("lblAllStoriesSelected"));
     allSelected_->setText(ToQString(session.Message("AllStoriesSelected")));

@@ -1,4 +1,6 @@
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -65,6 +67,9 @@ class SearchStoriesDialogTest : public QObject {
         auto* preview = Find<QTextEdit>(dialog, "rtfStory");
         QCOMPARE(preview->toPlainText(), QStringLiteral("Grand incendie au port\n"));
         QCOMPARE(preview->extraSelections().size(), 2);
+        preview->selectAll();
+        preview->findChild<QAction*>("mnuCopy")->trigger();
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("Grand incendie au port\n"));
 
         Find<QCheckBox>(dialog, "chkIncludeBackupStories")->setChecked(true);
         QCOMPARE(ListedNames(*list),
