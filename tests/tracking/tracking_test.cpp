@@ -187,7 +187,9 @@ TEST(TrackingActions, DeletesWithRightsAndQuestion) {
 
     desk.session.configuration.workflow.TrackingClearAllowed = false;
     EXPECT_FALSE(DeleteAllTracking(desk.session, desk.window, "[Date] "));
-    EXPECT_FALSE(PopupEntriesOf(desk.session, dateNode).deleteStories);
+    // The update after the deletion made a new tree: the undated node is looked up again.
+    const TreeNode& undated = *desk.window.state.Tree("treeTracking").Find(desk.KeyOf("[Date] "));
+    EXPECT_FALSE(PopupEntriesOf(desk.session, undated).deleteStories);
     desk.session.configuration.workflow.TrackingClearAllowed = true;
     EXPECT_TRUE(DeleteAllTracking(desk.session, desk.window, "[Date] "));
     EXPECT_TRUE(fs::is_empty(desk.folder / "track/texts"));
