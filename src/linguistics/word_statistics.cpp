@@ -30,11 +30,19 @@ bool Separates(char16_t unit) {
 }
 
 std::u16string TextWithoutNotes(const StyledText& box) {
+    std::vector<FormatRun> kept;
+    bool notes = false;
+    box.ForEachRun(0, box.Length(), [&](const FormatRun& run) {
+        if (run.format.isProtected)
+            notes = true;
+        else
+            kept.push_back(run);
+    });
+    if (!notes) return box.Text();  // one copy, the usual case
     std::u16string text;
     text.reserve(box.Length());
-    box.ForEachRun(0, box.Length(), [&](const FormatRun& run) {
-        if (!run.format.isProtected) text += box.Text(run.start, run.length);
-    });
+    for (const FormatRun& run : kept)
+        text += box.Text(run.start, run.length);
     return text;
 }
 
@@ -60,9 +68,10 @@ bool IsNumber(std::u16string_view piece) {
 }
 
 // The upper case of a unit, with the kept apostrophe back as an apostrophe; the letters of
-// plain ASCII, most of any story, without a call.
+// plain ASCII and the accented small letters of Latin-1, most of any story, without a call.
 char16_t UpperUnit(char16_t unit) {
     if (unit < 0x80) return unit >= u'a' && unit <= u'z' ? unit - 0x20 : unit;
+    if (unit >= 0xE0 && unit <= 0xFE && unit != 0xF7) return unit - 0x20;  // à to þ
     return unit == kKeptApostrophe ? u'\'' : ToUpperUnit(unit);
 }
 
