@@ -5,6 +5,7 @@
 
 #include "common/file_io.h"
 #include "export/export_frame.h"
+#include "export/session_export_context.h"
 #include "export/xsl_transform.h"
 #include "story/styled_text_case.h"
 
@@ -61,14 +62,7 @@ BesideStoryExport ExportXslCommand(EditorSession& session,
     if (!sheet) return {};
     const std::filesystem::path path = PathBesideStory(session, StyleSheetExtension(*sheet));
 
-    const ExportContext context{session.configuration,
-                                session.window,
-                                session.preferences,
-                                session.user,
-                                TESSARIN_VERSION,
-                                session.configuration.identity.author,
-                                0,
-                                Now()};
+    const ExportContext context = SessionExportContext(session, Now());
     const std::optional<StagedStory> story =
         LoadStagedStoryOrShowError(session.StoryPath().string(), context);
     if (!story) return {};

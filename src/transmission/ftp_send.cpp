@@ -10,6 +10,7 @@
 #include "common/file_io.h"
 #include "common/plain_file_name.h"
 #include "export/export_frame.h"
+#include "export/session_export_context.h"
 #include "logs/add_log_to_story.h"
 #include "logs/daily_log.h"
 #include "transmission/send_list.h"
@@ -47,13 +48,7 @@ class FtpSender {
           server_(server),
           now_(Now()),
           storyContext_(session.MakeStoryContext()),
-          exportContext_{.configuration = session.configuration,
-                         .window = session.window,
-                         .preferences = session.preferences,
-                         .user = session.user,
-                         .userName = session.configuration.identity.author,
-                         .ftpServer = serverIndex,
-                         .now = now_} {}
+          exportContext_(SessionExportContext(session, now_, serverIndex)) {}
 
     FtpSendOutcome Run() {
         const FtpTransmissionSettings& settings = session_.configuration.ftpTransmission;

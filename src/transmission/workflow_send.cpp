@@ -12,6 +12,7 @@
 #include "config/preferences.h"
 #include "export/export_frame.h"
 #include "export/export_tessarinml.h"
+#include "export/session_export_context.h"
 #include "logs/add_log_to_story.h"
 #include "logs/daily_log.h"
 #include "transmission/send_list.h"
@@ -50,12 +51,7 @@ class WorkflowSender {
           destination_(std::move(destination)),
           now_(Now()),
           storyContext_(session.MakeStoryContext()),
-          exportContext_{.configuration = session.configuration,
-                         .window = session.window,
-                         .preferences = session.preferences,
-                         .user = session.user,
-                         .userName = session.configuration.identity.author,
-                         .now = now_} {}
+          exportContext_(SessionExportContext(session, now_)) {}
 
     SendOutcome Run() {
         const bool layout = destination_.type.starts_with('L');
