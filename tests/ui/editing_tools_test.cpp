@@ -16,6 +16,7 @@
 #include "config/story_section.h"
 #include "editing/panel_session.h"
 #include "editing/story_forms.h"
+#include "ui/find_control.h"
 #include "ui/notes_tree.h"
 #include "ui/story_panel.h"
 #include "ui/ui_test_registry.h"
@@ -43,9 +44,7 @@ struct ToolsBench {
 
     template <typename Widget>
     Widget& Find(const QString& name) {
-        auto* widget = panel->findChild<Widget*>(name);
-        if (widget == nullptr) qFatal("no control %s", qPrintable(name));
-        return *widget;
+        return *testing::Find<Widget>(*panel, name.toUtf8().constData());
     }
     QTextEdit& Box(int box) { return Find<QTextEdit>(QStringLiteral("TextBox%1").arg(box)); }
     // The box as the core holds it, when the panel shows the same.
