@@ -7,10 +7,10 @@
 #include <random>
 #include <string>
 
-#include "app/editor_session.h"
 #include "config/messages_section.h"
 #include "export/pdf_export.h"
 #include "export/rtf_export.h"
+#include "session/editor_session.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <string>
 
 #include "app/app_paths.h"
-#include "app/editor_session.h"
 #include "app/user_interaction.h"
 #include "config/load_configuration.h"
+#include "session/editor_session.h"
 #include "transmission/send_list.h"
 #include "transmission/workflow_destinations.h"
 #include "transmission/workflow_send.h"

@@ -4,7 +4,7 @@
 #include <random>
 #include <string>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace {
 

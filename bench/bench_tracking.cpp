@@ -9,8 +9,8 @@
 #include <string>
 
 #include "app/app_paths.h"
-#include "app/editor_session.h"
 #include "app/user_interaction.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_window.h"
 
 namespace {

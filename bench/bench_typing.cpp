@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <string>
 
-#include "app/editor_session.h"
 #include "editing/copy_fit.h"
 #include "editing/search_replace.h"
 #include "editing/typography_typing.h"
+#include "session/editor_session.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "transmission/ftp_client.h"
 
 namespace tessarin {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "attachments/attachment_trees.h"
 #include "attachments/iptc_reader.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

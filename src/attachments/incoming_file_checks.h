@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "app/editor_session.h"
 #include "attachments/attachment_trees.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
+#include "session/editor_session.h"
 
 namespace tessarin::cli {
 

@@ -2,13 +2,13 @@
 #include <ostream>
 #include <string>
 
-#include "app/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
 #include "export/pdf_export.h"
 #include "export/rtf_export.h"
 #include "export/xsl_export.h"
+#include "session/editor_session.h"
 #include "story/story_file_reader.h"
 
 namespace tessarin::cli {

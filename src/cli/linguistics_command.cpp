@@ -1,7 +1,6 @@
 #include <ostream>
 #include <string>
 
-#include "app/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
@@ -11,6 +10,7 @@
 #include "linguistics/spell_check_command.h"
 #include "linguistics/word_statistics.h"
 #include "linguistics/word_statistics_settings.h"
+#include "session/editor_session.h"
 #include "story/story_file_reader.h"
 
 namespace tessarin::cli {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "app/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
@@ -13,12 +12,13 @@
 #include "common/xml_document.h"
 #include "editing/search_replace.h"
 #include "editing/typography_rules.h"
+#include "session/editor_session.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
 #include "story/save_story.h"
 #include "story/story_file_reader.h"
 #include "story/story_plain_text.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin::cli {
 namespace {

@@ -7,7 +7,7 @@
 #include "app/window_state.h"
 #include "editing/text_selection.h"
 #include "story/story_record.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/editor_session.h"
 #include "editing/copy_fit.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

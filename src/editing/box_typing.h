@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "editing/text_selection.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "app/editor_session.h"
 #include "editing/text_selection.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

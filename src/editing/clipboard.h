@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/editor_session.h"
 #include "editing/text_selection.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/editor_session.h"
 #include "editing/text_selection.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

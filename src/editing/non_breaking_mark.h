@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/window_state.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

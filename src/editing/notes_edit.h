@@ -4,10 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "app/editor_session.h"
 #include "common/clock.h"
 #include "config/colours.h"
 #include "editing/text_selection.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "app/editor_session.h"
 #include "config/profile_file.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -8,7 +8,7 @@
 #include "config/numbered_name.h"
 #include "config/story_section.h"
 #include "editing/copy_fit.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

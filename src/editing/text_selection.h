@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-#include "app/editor_session.h"
 #include "config/preferences.h"
-#include "story/styled_text.h"
+#include "session/editor_session.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

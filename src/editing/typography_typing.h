@@ -4,8 +4,8 @@
 #include <optional>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "editing/box_typing.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

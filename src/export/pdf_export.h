@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/editor_session.h"
 #include "export/export_beside_story.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

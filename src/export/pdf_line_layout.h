@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

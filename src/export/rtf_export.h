@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/editor_session.h"
 #include "export/export_beside_story.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -5,7 +5,7 @@
 
 #include "config/preferences.h"
 #include "story/story_record.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-#include "app/editor_session.h"
 #include "export/export_frame.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

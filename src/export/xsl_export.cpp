@@ -7,7 +7,7 @@
 #include "export/export_frame.h"
 #include "export/session_export_context.h"
 #include "export/xsl_transform.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

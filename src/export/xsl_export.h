@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "app/editor_session.h"
 #include "export/export_beside_story.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -1,6 +1,6 @@
 #include "linguistics/checked_words.h"
 
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

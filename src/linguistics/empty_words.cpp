@@ -3,7 +3,7 @@
 #include "common/file_io.h"
 #include "common/utf8.h"
 #include "linguistics/word_list_file.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 

@@ -1,6 +1,6 @@
 #include "linguistics/letter_rows.h"
 
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "app/editor_session.h"
 #include "linguistics/synonyms.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

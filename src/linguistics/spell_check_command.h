@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/editor_session.h"
 #include "linguistics/spelling_bridge.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -10,7 +10,7 @@
 
 #include "linguistics/checked_words.h"
 #include "linguistics/hunspell_speller.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

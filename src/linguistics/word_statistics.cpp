@@ -6,7 +6,7 @@
 #include "common/number_parse.h"
 #include "common/utf8.h"
 #include "linguistics/spelling_bridge.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

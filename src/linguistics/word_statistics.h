@@ -8,7 +8,7 @@
 #include "config/configuration.h"
 #include "linguistics/empty_words.h"
 #include "linguistics/letter_rows.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "story/story_record.h"
 
 namespace tessarin {

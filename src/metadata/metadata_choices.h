@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "common/clock.h"
 #include "metadata/metadata_fields.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

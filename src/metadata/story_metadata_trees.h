@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "metadata/tree_highlight.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -1,7 +1,7 @@
 #include "metadata/tree_search.h"
 
 #include "common/utf8.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 

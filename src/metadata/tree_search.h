@@ -8,7 +8,7 @@
 
 #include "app/window_state.h"
 #include "metadata/tree_highlight.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 

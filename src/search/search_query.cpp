@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

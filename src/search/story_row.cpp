@@ -6,7 +6,7 @@
 #include "common/number_parse.h"
 #include "common/xml_document.h"
 #include "metadata/date_text.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
-#include "story/styled_text_case.h"
+#include "session/editor_session.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 

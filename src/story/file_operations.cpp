@@ -7,7 +7,7 @@
 #include "metadata/metadata_changed.h"
 #include "story/file_operation_steps.h"
 #include "story/save_story.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace fs = std::filesystem;
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "story/file_operations.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "story/story_markup.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

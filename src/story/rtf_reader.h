@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "story/story_context.h"
 #include "story/story_record.h"
 

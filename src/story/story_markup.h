@@ -8,7 +8,7 @@
 #include "app/window_state.h"
 #include "common/xml_document.h"
 #include "config/configuration.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

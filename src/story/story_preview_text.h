@@ -2,7 +2,7 @@
 
 #include "common/xml_document.h"
 #include "config/preferences.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "config/configuration.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

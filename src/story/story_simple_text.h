@@ -8,7 +8,7 @@
 
 #include "config/configuration.h"
 #include "story/story_markup.h"
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

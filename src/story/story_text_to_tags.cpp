@@ -7,8 +7,8 @@
 #include "story/inline_tags.h"
 #include "story/markup_text_passes.h"
 #include "story/story_markup.h"
-#include "story/text_window.h"
 #include "story/word_count.h"
+#include "text/text_window.h"
 
 namespace tessarin {
 namespace {

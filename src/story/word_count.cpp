@@ -1,7 +1,7 @@
 #include "story/word_count.h"
 
 #include "story/markup_text_passes.h"
-#include "story/text_window.h"
+#include "text/text_window.h"
 
 namespace tessarin {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

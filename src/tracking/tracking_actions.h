@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_window.h"
 
 namespace tessarin {

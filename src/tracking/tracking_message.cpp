@@ -7,7 +7,7 @@
 #include "common/windows1252.h"
 #include "logs/add_log_to_story.h"
 #include "story/file_operations.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 #include "transmission/workflow_inbox.h"
 #include "transmission/workflow_message.h"
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "app/editor_session.h"
 #include "app/window_state.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_window.h"
 
 namespace tessarin {

@@ -6,7 +6,7 @@
 #include "common/clock.h"
 #include "common/plain_file_name.h"
 #include "config/text_trim.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 #include "transmission/workflow_inbox.h"
 
 namespace fs = std::filesystem;

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/editor_session.h"
 #include "app/window_state.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_cache.h"
 #include "tracking/tracking_choices.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "transmission/ftp_client.h"
 #include "transmission/workflow_window.h"
 

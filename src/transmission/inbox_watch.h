@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/editor_session.h"
 #include "app/window_state.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

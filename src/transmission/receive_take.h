@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/editor_session.h"
 #include "common/clock.h"
+#include "session/editor_session.h"
 #include "transmission/receive_window.h"
 
 namespace tessarin {

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "app/window_state.h"
 #include "common/xml_document.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

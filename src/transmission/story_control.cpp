@@ -11,7 +11,7 @@
 #include "metadata/date_text.h"
 #include "metadata/field_labels.h"
 #include "story/file_operations.h"
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 #include "transmission/send_list.h"
 #include "transmission/story_staging.h"
 

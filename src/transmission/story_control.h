@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/display_view.h"
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "transmission/workflow_window.h"
 
 namespace tessarin {

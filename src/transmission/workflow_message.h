@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "common/clock.h"
+#include "session/editor_session.h"
 #include "transmission/workflow_destinations.h"
 
 namespace tessarin {

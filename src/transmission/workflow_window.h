@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "app/editor_session.h"
 #include "app/window_state.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

@@ -9,8 +9,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
 #include "logs/daily_log.h"
+#include "session/editor_session.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {

@@ -2,4 +2,4 @@
 
 // The editor session, as the windows include it; the session's header can be included from
 // Qt code directly as well.
-#include "app/editor_session.h"
+#include "session/editor_session.h"

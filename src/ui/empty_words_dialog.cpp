@@ -6,8 +6,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include "app/editor_session.h"
 #include "linguistics/empty_words.h"
+#include "session/editor_session.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {

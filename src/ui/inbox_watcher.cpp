@@ -7,7 +7,7 @@
 #include <QSystemTrayIcon>
 #include <QTimer>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_message.h"
 #include "transmission/inbox_watch.h"
 #include "ui/tracking_dialog.h"

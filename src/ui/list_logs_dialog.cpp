@@ -6,8 +6,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
 #include "logs/story_log_view.h"
+#include "session/editor_session.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 

@@ -4,9 +4,9 @@
 #include <QStyle>
 #include <QTimer>
 
-#include "app/editor_session.h"
 #include "common/clock.h"
 #include "common/date_format.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 namespace {

@@ -12,10 +12,10 @@
 
 #include "app/display_view.h"
 #include "app/missing_configuration.h"
-#include "app/session_start.h"
 #include "export/pdf_export.h"
 #include "export/rtf_export.h"
 #include "export/xsl_export.h"
+#include "session/session_start.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
 #include "tracking/tracking_window.h"

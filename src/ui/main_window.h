@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "transmission/receive_window.h"
 
 class QTabWidget;

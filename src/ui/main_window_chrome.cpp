@@ -6,9 +6,9 @@
 #include <QMenuBar>
 #include <QToolBar>
 
-#include "app/editor_session.h"
 #include "config/interface_section.h"
 #include "config/recent_files.h"
+#include "session/editor_session.h"
 #include "ui/main_menu_layout.h"
 
 namespace tessarin {

@@ -13,8 +13,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
 #include "common/file_io.h"
+#include "session/editor_session.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
 #include "ui/search_stories_dialog.h"

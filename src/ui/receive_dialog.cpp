@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "transmission/receive_take.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"

@@ -13,7 +13,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
 #include "ui/story_list.h"

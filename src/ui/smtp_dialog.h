@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <thread>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QTextEdit>
 
-#include "app/editor_session.h"
 #include "config/story_section.h"
+#include "session/editor_session.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {

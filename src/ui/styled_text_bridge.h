@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 class QTextDocument;
 

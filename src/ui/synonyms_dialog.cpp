@@ -6,8 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
 #include "common/text_replace.h"
+#include "session/editor_session.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {

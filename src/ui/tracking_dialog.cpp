@@ -17,9 +17,9 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
 #include "config/profile_values.h"
 #include "logs/story_log_view.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_actions.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"

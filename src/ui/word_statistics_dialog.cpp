@@ -7,9 +7,9 @@
 #include <QTextEdit>
 #include <QTreeWidget>
 
-#include "app/editor_session.h"
 #include "linguistics/spell_check_command.h"
 #include "linguistics/word_statistics_settings.h"
+#include "session/editor_session.h"
 #include "ui/empty_words_dialog.h"
 #include "ui/window_state_binding.h"
 

@@ -15,7 +15,7 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "transmission/remove_story.h"
 #include "transmission/send_preview.h"
 #include "transmission/workflow_destinations.h"

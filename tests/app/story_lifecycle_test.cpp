@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "app/session_start.h"
 #include "common/scoped_environment.h"
 #include "common/utf8.h"
 #include "config/configuration_document.h"
 #include "editing/copy_fit.h"
 #include "metadata/publication_selection.h"
 #include "metadata/taxonomy.h"
+#include "session/session_start.h"
 #include "story/file_operations.h"
 #include "support/temp_dir.h"
 

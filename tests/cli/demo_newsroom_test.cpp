@@ -5,8 +5,8 @@
 #include <fstream>
 #include <string>
 
-#include "app/session_start.h"
 #include "cli/cli_run.h"
+#include "session/session_start.h"
 #include "support/demo_launch.h"
 
 namespace tessarin {

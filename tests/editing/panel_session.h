@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/editor_session.h"
 #include "common/xml_document.h"
 #include "config/interface_section.h"
 #include "config/story_section.h"
+#include "session/editor_session.h"
 #include "support/temp_dir.h"
 
 namespace tessarin::testing {

@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <string>
 
-#include "app/editor_session.h"
 #include "common/scoped_environment.h"
 #include "config/messages_section.h"
+#include "session/editor_session.h"
 #include "support/shell_quote.h"
 #include "support/temp_dir.h"
 #include "support/tool_run.h"

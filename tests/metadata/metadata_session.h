@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "app/editor_session.h"
 #include "common/scoped_environment.h"
 #include "config/configuration_document.h"
 #include "metadata/tree_highlight.h"
+#include "session/editor_session.h"
 #include "support/temp_dir.h"
 
 namespace tessarin::testing {

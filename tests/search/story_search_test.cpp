@@ -11,8 +11,8 @@
 #include "search/story_search.h"
 #include "search/story_walk.h"
 #include "story/full_story_file.h"
-#include "story/styled_text_case.h"
 #include "support/temp_dir.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 namespace {

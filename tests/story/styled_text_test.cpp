@@ -1,4 +1,4 @@
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 #include <gtest/gtest.h>
 

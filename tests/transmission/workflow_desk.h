@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <string>
 
-#include "app/editor_session.h"
 #include "common/scoped_environment.h"
 #include "config/configuration_document.h"
+#include "session/editor_session.h"
 #include "support/temp_dir.h"
 #include "transmission/workflow_window.h"
 

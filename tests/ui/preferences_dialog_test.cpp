@@ -9,8 +9,8 @@
 
 #include "ui/editor_session_qt.h"
 
-#include "app/session_start.h"
 #include "config/configuration_document.h"
+#include "session/session_start.h"
 #include "support/temp_dir.h"
 #include "ui/preferences_dialog.h"
 #include "ui/ui_test_registry.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

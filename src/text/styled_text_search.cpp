@@ -1,6 +1,6 @@
-#include "story/styled_text_search.h"
+#include "text/styled_text_search.h"
 
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 namespace tessarin {
 

@@ -1,4 +1,4 @@
-#include "story/styled_text_store.h"
+#include "text/styled_text_store.h"
 
 #include <iterator>
 

@@ -1,4 +1,4 @@
-#include "story/styled_text_case.h"
+#include "text/styled_text_case.h"
 
 #include "common/utf8.h"
 

@@ -1,4 +1,4 @@
-#include "story/styled_text_block.h"
+#include "text/styled_text_block.h"
 
 #include <algorithm>
 #include <iterator>

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

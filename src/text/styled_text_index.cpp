@@ -1,4 +1,4 @@
-#include "story/styled_text_index.h"
+#include "text/styled_text_index.h"
 
 namespace tessarin {
 

@@ -1,11 +1,11 @@
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "story/styled_text_case.h"
-#include "story/styled_text_search.h"
-#include "story/styled_text_store.h"
+#include "text/styled_text_case.h"
+#include "text/styled_text_search.h"
+#include "text/styled_text_store.h"
 
 namespace tessarin {
 

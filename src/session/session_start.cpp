@@ -1,4 +1,4 @@
-#include "app/session_start.h"
+#include "session/session_start.h"
 
 #include <array>
 #include <optional>

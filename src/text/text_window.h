@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "story/styled_text.h"
+#include "text/styled_text.h"
 
 namespace tessarin {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "story/styled_text_block.h"
-#include "story/styled_text_index.h"
+#include "text/styled_text_block.h"
+#include "text/styled_text_index.h"
 
 namespace tessarin {
 
