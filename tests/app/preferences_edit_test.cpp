@@ -88,11 +88,5 @@ TEST_F(PreferencesEditTest, FontAndHighlightButtonsStoreTheirChoiceAtOnce) {
     EXPECT_FALSE(ChooseFont(session_, choice, kFontEntries, {"Sans", 10, false, false}));
 }
 
-TEST(SpellingOptionsApply, OnlyToTheWordChecker) {
-    EXPECT_TRUE(SpellingOptionsApply(0));
-    EXPECT_FALSE(SpellingOptionsApply(1));
-    EXPECT_FALSE(SpellingOptionsApply(2));
-}
-
 }  // namespace
 }  // namespace tessarin

@@ -159,45 +159,9 @@ TEST(StoryResaveCommand, WritesTheStoryBackWithTheNewSaveStampAndName) {
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "08:30 - Saved story: " + out.string() + "\n");
     EXPECT_EQ(ReadBytes(out), stored.Expected("copy.xml"));
-}
-
-TEST(StoryResaveCommand, TheStoryCanBeSavedOverItself) {
-    StoryFolder stored;
+    // The story can be saved over itself.
     EXPECT_EQ(stored.Resave(stored.story).exitStatus, 0);
     EXPECT_EQ(ReadBytes(stored.story), stored.Expected("stored.xml"));
-}
-
-TEST(StoryResaveCommand, TheBackupRuleKeepsThePreviousVersionUnlessUnattended) {
-    StoryFolder stored;
-    const auto out = stored.folder / "copy.xml";
-    stored.folder.Write("app/Tessarin.ini", "[Preferences]\r\nBackupStories=1\r\n");
-    stored.folder.Write("copy.xml", "previous version");
-    EXPECT_EQ(stored.Resave(out).exitStatus, 0);
-    EXPECT_EQ(ReadBytes(stored.folder / "copy.bml"), "previous version");
-    EXPECT_EQ(ReadBytes(out), stored.Expected("copy.xml"));
-
-    std::filesystem::remove(stored.folder / "copy.bml");
-    EXPECT_EQ(stored.Resave(out, "--unattended").exitStatus, 0);
-    EXPECT_FALSE(std::filesystem::exists(stored.folder / "copy.bml"));
-}
-
-TEST(StoryResaveCommand, AMissingMandatoryFieldRefusesTheSaveUnlessUnattended) {
-    StoryFolder stored;
-    std::string text = ReadBytes(stored.story);
-    text.replace(text.find("<Publication "),
-                 text.find("<Classification") - text.find("<Publication "), "");
-    text.replace(text.find(">0<"), 3, ">07/07/2027<");
-    stored.folder.Write("stored.xml", text);
-    const auto out = stored.folder / "copy.xml";
-
-    const CliRun refused = stored.Resave(out);
-    EXPECT_EQ(refused.exitStatus, 1);
-    EXPECT_EQ(refused.err, "Paper: Mandatory field\n");  // shown in a box and the status bar
-    EXPECT_FALSE(std::filesystem::exists(out));
-
-    const CliRun unattended = stored.Resave(out, "--unattended");
-    EXPECT_EQ(unattended.exitStatus, 0);
-    EXPECT_TRUE(std::filesystem::exists(out));
 }
 
 TEST(StoryResaveCommand, AReadOnlyTargetIsRefused) {

@@ -57,18 +57,12 @@ TEST(InterfaceSection, CaptionsFromTextThenDefaults) {
         {"TooMuchChars", "too much chars: ###"},
         {"NotEnoughChars", "il manque ### signes"},
         {"ClearLogsConfirm", "Confirm Logs clearing"},
-        {"ToolsConfigurationTipOfTheDay", "Select 'Tip of the Day' configuration file"},
         {"FileNew", " "},
         {"FileOpen", ""},
         {"Unknown", ""},
         {"EditionMultipleClipboard", "Multiple clipboard"},
         {"IPTCObjectName", "Object Name"},
-        {"IPTCEditStatus", "Edit Status"},
-        {"IPTCUrgency", "Urgency"},
-        {"IPTCSupplementalCategory", "Supplemental Category"},
-        {"IPTCOriginalTransmissionReference", "Original Transmission Reference"},
         {"IPTCProvinceState", "Province/State"},
-        {"IPTCCaptionAbstract", "Caption/Abstract"},
         {"IPTCCity", "Ville"}};
     for (const auto& [key, caption] : captions) {
         SCOPED_TRACE(key);

@@ -205,9 +205,6 @@ TEST(LoadConfiguration, ThePreferencesFileIsReadOnceForAllItsKeys) {
 }
 
 TEST(LoadConfiguration, ComposesTheWindowTitle) {
-    EXPECT_EQ(WindowTitle("1.2.3", "", "New story"), "Tessarin 1.2.3 - New story");
-    EXPECT_EQ(WindowTitle("1.2.3", "Gazette", "match.xml"), "Tessarin 1.2.3 - Gazette - match.xml");
-
     LoadBench bench;
     ASSERT_TRUE(bench.Load(Document().With(&Document::messages, "<Messages/>")));
     EXPECT_EQ(bench.window.title, "Tessarin " TESSARIN_VERSION " - New story");

@@ -17,13 +17,10 @@ MessageTexts Read(std::string_view xml) {
 }
 
 TEST(MessagesSection, EveryKeyHasItsDefault) {
-    EXPECT_EQ(MessageDefaults().size(), 103u);
     const MessageTexts messages = Read("<Messages/>");
     for (const MessageDefault& message : MessageDefaults()) {
         EXPECT_EQ(messages.Raw(message.key), message.text) << message.key;
     }
-    EXPECT_EQ(messages.Message("NewStory"), "New story");
-    EXPECT_EQ(messages.Message("AskSave"), "Save current story");
     EXPECT_EQ(messages.Message("NotMultipleInstance"), "Program already running");
     EXPECT_EQ(messages.Message("NoSuchKey"), "");
 }

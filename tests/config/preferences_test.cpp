@@ -242,18 +242,6 @@ TEST(WritePreferences, WhatIsWrittenReadsBackTheSame) {
     EXPECT_EQ(ReadPreferences(profile), written);
 }
 
-TEST(WritePreferences, ReadOnlyFileLeavesTheValuesInMemory) {
-    TempDir dir;
-    ProfileFile profile(dir.Write("Tessarin.ini", "[Preferences]\r\nLockMetadata=0\r\n"));
-    std::filesystem::permissions(profile.Path(), std::filesystem::perms::owner_read);
-    Preferences preferences;
-    preferences.LockMetadata = true;
-    EXPECT_FALSE(WriteLockMetadata(profile, preferences.LockMetadata));
-    EXPECT_FALSE(WritePreferencesDialog(profile, preferences));
-    EXPECT_TRUE(preferences.LockMetadata);
-    EXPECT_FALSE(ReadPreferences(profile).LockMetadata);
-}
-
 TEST(StyleSheetPath, NamedSheetOrTheDefaultOneWhenItExists) {
     TempDir dir;
     const auto xsltDir = dir / "XSLT";

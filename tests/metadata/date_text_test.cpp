@@ -2,12 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "common/scoped_environment.h"
-
 namespace tessarin {
 namespace {
-
-using testing::ScopedEnvironment;
 
 // Each text read with its form and language: the day it names, or none.
 TEST(ParseDate, NumericFormsNamesAndQuotedText) {
@@ -42,14 +38,6 @@ TEST(ParseDate, NumericFormsNamesAndQuotedText) {
                               "20/02/20255", "20 02 2025 1"}) {
         EXPECT_EQ(ParseDate(wrong, "dd/MM/yyyy", english), std::nullopt) << wrong;
     }
-}
-
-TEST(LongDateOfShortDateText, DateOrTextAsItStands) {
-    ScopedEnvironment language("LC_ALL", "C");
-    ScopedEnvironment shortDate("TESSARIN_SHORT_DATE", "M/d/yyyy");
-    ScopedEnvironment longDate("TESSARIN_LONG_DATE", "dddd, MMMM d, yyyy");
-    EXPECT_EQ(LongDateOfShortDateText("2/20/2025"), "Thursday, February 20, 2025");
-    EXPECT_EQ(LongDateOfShortDateText("20/2/2025"), "20/2/2025");
 }
 
 }  // namespace

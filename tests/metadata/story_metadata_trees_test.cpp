@@ -55,15 +55,11 @@ TEST_F(StoryMetadataTreesTest, TheTreesFollowTheStoryThatWasPutThere) {
     ShowStoryMetadataTrees(bench.session);
     EXPECT_THAT(Shown(kKeywordsTree), ElementsAre("Lieux", "New keyword*"));
     EXPECT_THAT(Shown(kTaxonomyTree), ElementsAre("Arts", "Cinema", "Sport"));
-}
 
-TEST_F(StoryMetadataTreesTest, TreesThatShowTheStoryKeepTheirHighlightAndOpenNodes) {
-    story.taxonomy = {{"Sport", 15000000}};
-    ShowStoryMetadataTrees(bench.session);
+    // A tree that shows the story again keeps its highlight and its open nodes.
     SearchTaxonomy(bench.session.window, bench.session.highlights, "cine");
     TreeNode* category = bench.Tree(kKeywordsTree).Find("K1");
     category->expanded = false;
-
     ShowStoryMetadataTrees(bench.session);
     const TreeNode* cinema = bench.Tree(kTaxonomyTree).Find("T0/1/1");
     EXPECT_TRUE(bench.session.highlights.IsHighlighted(kTaxonomyTree, *cinema));

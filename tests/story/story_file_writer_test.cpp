@@ -67,19 +67,9 @@ const std::string kOneWordStory =
     "<TextBox6 CharCount=\"1\" WordCount=\"1\" Name=\"Text box 7\">x</TextBox6>\r\n</Body>\r\n"
     "</Story>\r\n";
 
-// A new story: its creation is this save; empty values, lists and blocks are left out. Only
-// the exact value "UTF-8" chooses UTF-8.
-TEST_F(StoryFileWriterTest, NearlyEmptyStoryInBothEncodings) {
-    EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), kOneWordStory);
-    fixture_.configuration.general.storiesEncoding = "UTF-8";
-    std::string expected = kOneWordStory;
-    testing::ReplaceOnce(expected, "ISO-8859-1", "UTF-8");
-    EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), expected);
-    fixture_.configuration.general.storiesEncoding = "utf-8";
-    EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), kOneWordStory);
-}
-
+// A new story: its creation is this save; empty values, lists and blocks are left out.
 TEST_F(StoryFileWriterTest, RowsOfOneWordStoriesWithOneChange) {
+    EXPECT_EQ(Compose(StorySaveFixture::OneWordStory()), kOneWordStory);
     const struct {
         std::function<void(StoryRecord&)> change;
         const char* fileName;
@@ -168,8 +158,7 @@ TEST_F(StoryFileWriterTest, SwitchedOffOrHiddenPartsAreLeftOut) {
     EXPECT_NE(file.find("<Genre "), std::string::npos);
 }
 
-TEST(LinkedFileReference, AbsolutePathGivesThreeSlashes) {
-    EXPECT_EQ(LinkedFileReference("/home/ed/photo.jpg"), "file:///home/ed/photo.jpg");
+TEST(LinkedFileReference, ARelativePathIsMadeAbsolute) {
     const std::string relative = LinkedFileReference("photo.jpg");
     EXPECT_TRUE(relative.starts_with("file:///")) << relative;
     EXPECT_TRUE(relative.ends_with("/photo.jpg")) << relative;
