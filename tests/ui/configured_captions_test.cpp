@@ -220,6 +220,24 @@ std::set<QString> EnglishOfKeys(const EditorSession& designed,
     return english;
 }
 
+// Controls whose English text matches a key's although no key names them: what the Metadata
+// and Story sections name (their labels, the metadata button and the window behind it, the
+// signature buttons, the notes' tool tip), and what has no key (the mail window's send
+// button, the story list's columns).
+constexpr const char* kNamedElsewhere[] = {"lblClassification", "lblInitials",   "cmdMetadata",
+                                           "frmMetadata",       "cmdSignature1", "treeNotes",
+                                           "cmdSend",           "lvStories"};
+
+bool NamedElsewhere(const QString& window, const QString& place) {
+    const QString control = place.section(QLatin1Char('/'), -1).section(QLatin1Char('#'), 0, 0);
+    for (const char* name : kNamedElsewhere) {
+        if (control == QLatin1String(name) ||
+            (window == QLatin1String(name) && place.startsWith(QLatin1Char('.'))))
+            return true;
+    }
+    return false;
+}
+
 // Warnings of windows that ask for a caption by a key that Interface does not have.
 QStringList unknownKeys;
 
@@ -262,15 +280,18 @@ class ConfiguredCaptionsTest : public QObject {
         QStringList leftovers;
         for (const WindowPair& window : windows) {
             for (const auto& [place, text] : window.renamed) {
+                if (NamedElsewhere(window.name, place)) continue;
                 for (const QString& piece : CaptionPieces(text)) {
-                    if (english.contains(piece))
+                    if (!piece.isEmpty() && english.contains(piece))
                         leftovers << window.name + QLatin1Char(' ') + place + QStringLiteral(": ") +
                                          text;
                 }
             }
         }
         leftovers.removeDuplicates();
-        QVERIFY2(leftovers.isEmpty(), qPrintable(leftovers.join(QLatin1Char('\n'))));
+        for (const QString& leftover : leftovers)
+            qInfo("left in English: %s", qPrintable(leftover));
+        QVERIFY(leftovers.isEmpty());
     }
 
     // The short texts caption the tabs and the tool-bar buttons; the caption is the button's
@@ -297,8 +318,9 @@ class ConfiguredCaptionsTest : public QObject {
         QStringList shown;
         int entries = 0;
         for (std::string_view key : InterfaceKeys()) {
+            // Only the entries that the key captions are its own.
             QAction* entry = withdrawn.editor.Action(("mnu" + std::string(key)).c_str());
-            if (entry == nullptr) continue;
+            if (entry == nullptr || entry->text() != QString::fromStdString(Renamed(key))) continue;
             ++entries;
             if (entry->isVisible()) shown << entry->objectName();
             for (std::string_view button : ToolbarButtonsOf(key)) {

@@ -61,7 +61,8 @@ Window TrackingMessage(EditorSession& session, QWidget* parent) {
     const std::string& author = session.configuration.identity.author;
     if (const auto inbox = InboxPath(session.configuration.workflow, author)) {
         const std::filesystem::path file = *inbox / kMessageFileName;
-        WriteFileReplacing(file, WorkflowMessageBytes(author, author, Now(), "story.xml", "text"));
+        WriteFileReplacing(
+            file, WorkflowMessageBytes(author, author, Now(), "story.xml", "Lunch at noon?"));
         OpenReadingMessage(session, message);
         std::filesystem::remove(file);
     }
