@@ -176,8 +176,11 @@ class FormChange {
         WindowState& window = session_.window;
         const bool takesPictures = maxImages_ != 0;
         if (imagesEnabled_) {
-            window.Control("Images").visible = takesPictures;
-            window.Control("mnuDisplayImages").visible = takesPictures;
+            // A view that the configuration withdrew stays withdrawn whatever the form takes.
+            const bool offered =
+                takesPictures && session_.configuration.interface.Entry("DisplayImages").Visible;
+            window.Control("Images").visible = offered;
+            window.Control("mnuDisplayImages").visible = offered;
             if (!takesPictures && window.Control("mnuDisplayImages").checked) {
                 ShowImagesView(window, false);
             }

@@ -25,11 +25,13 @@ void SetLabels(EditorSession& session, MessageWindow& window) {
          {std::tuple{"lblFrom", "TrackingMessageFrom", "From"},
           std::tuple{"lblTo", "TrackingMessageTo", "To"},
           std::tuple{"lblDate", "TrackingMessageDateTime", "Date"},
-          std::tuple{"lblStory", "StoryLabel", "Story"},
           std::tuple{"lblMessage", "ToolsSMTPLabelMessage", "Message"},
           std::tuple{"cmdCancel", "Cancel", "Cancel"}}) {
         window.state.Control(label).caption = Caption(session, key, design);
     }
+    // The story line takes the word that the messages use for a story.
+    const std::string story = session.Message("StoryLabel");
+    window.state.Control("lblStory").caption = story.empty() ? "Story" : story;
 }
 
 std::optional<fs::path> MessageFileOf(const EditorSession& session, const std::string& user) {

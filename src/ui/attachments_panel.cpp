@@ -22,6 +22,7 @@
 #include "attachments/attachments.h"
 #include "attachments/story_attachment_trees.h"
 #include "metadata/field_labels.h"
+#include "ui/configured_caption.h"
 #include "ui/iptc_dialog.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"
@@ -29,17 +30,8 @@
 namespace tessarin {
 namespace {
 
-constexpr const char* kDescriptionDesign = "Description";
-constexpr const char* kAddDesign = "Add";
-constexpr const char* kReplaceDesign = "Replace";
 constexpr const char* kIptcCaption = "IPTC...";
-constexpr const char* kOtherFileDesign = "File";
 constexpr int kPreviewMinimum = 160;
-
-QString InterfaceCaption(const EditorSession& session, std::string_view key, const char* design) {
-    const std::string& caption = session.configuration.interface.Caption(key);
-    return caption.empty() ? QString::fromUtf8(design) : ToQString(caption);
-}
 
 // The picture's file while a picture node is selected; empty otherwise.
 std::string SelectedPicturePath(const EditorSession& session, const std::string& key) {
@@ -191,13 +183,12 @@ void AttachmentsPanel::Refresh() {
     otherFilesPart_->setVisible(session_.configuration.interface.OtherFilesVisible);
     captionLabel_->setText(ToQString(ImageCaptionLabel(session_.configuration)));
     creditLabel_->setText(ToQString(ImageCreditLabel(session_.configuration)));
-    descriptionLabel_->setText(
-        InterfaceCaption(session_, "OtherFileDescription", kDescriptionDesign));
-    const QString add = InterfaceCaption(session_, "AddLabel", kAddDesign);
-    addImage_->setText(add + QLatin1Char(' ') + ToQString(session_.Message("ImageLabel")) +
+    descriptionLabel_->setText(ConfiguredCaption(session_, "OtherFileDescription", "Description"));
+    const QString add = ConfiguredCaption(session_, "AddLabel", "Add");
+    addImage_->setText(add + QLatin1Char(' ') + ConfiguredMessage(session_, "ImageLabel", "Photo") +
                        QStringLiteral("..."));
     addOtherFile_->setText(add + QLatin1Char(' ') +
-                           InterfaceCaption(session_, "OtherFile", kOtherFileDesign) +
+                           ConfiguredCaption(session_, "OtherFile", "File") +
                            QStringLiteral("..."));
     const ControlState* info = window.FindControl(kImageInfoLabel);
     info_->setText(info ? ToQString(info->caption) : QString());
@@ -345,15 +336,14 @@ void AttachmentsPanel::ShowContextMenu(AttachmentKind kind, const QPoint& where)
         entry->setObjectName(prefix + QLatin1String(command));
         entry->setEnabled(enabled);
     };
-    add(InterfaceCaption(session_, "AddLabel", kAddDesign), "Add", true,
-        [this, kind] { Add(kind); });
-    add(InterfaceCaption(session_, "ReplaceLabel", kReplaceDesign), "Replace", selected,
+    add(ConfiguredCaption(session_, "AddLabel", "Add"), "Add", true, [this, kind] { Add(kind); });
+    add(ConfiguredCaption(session_, "ReplaceLabel", "Replace"), "Replace", selected,
         [this, kind] { Replace(kind); });
-    add(ToQString(
-            session_.configuration.interface.Caption(image ? "ImageRemove" : "OtherFileRemove")),
+    add(image ? ConfiguredCaption(session_, "ImageRemove", "Remove image")
+              : ConfiguredCaption(session_, "OtherFileRemove", "Remove file"),
         "Remove", selected, [this, kind] { Remove(kind); });
     if (image) {
-        add(ToQString(session_.configuration.interface.Caption("ImageOpen")), "Open", selected,
+        add(ConfiguredCaption(session_, "ImageOpen", "Open image"), "Open", selected,
             [this] { OpenPicture(); });
         add(QString::fromUtf8(kIptcCaption), "IPTC", selected, [this] { ShowIptc(); });
     }

@@ -11,6 +11,7 @@
 
 #include "logs/daily_log.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -26,8 +27,7 @@ CheckLogsDialog::CheckLogsDialog(EditorSession& session, QWidget* parent, PageOp
     : QDialog(parent), session_(session), open_(std::move(open)) {
     if (!open_) open_ = [](const QUrl& page) { QDesktopServices::openUrl(page); };
     setObjectName(QStringLiteral("frmCheckLogs"));
-    setWindowTitle(
-        ToQString(session.configuration.interface.CaptionOr("ToolsCheckLogs", "Check logs")));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsCheckLogs", "Check logs"));
     resize(kWidth, kHeight);
 
     auto* dates = new QListWidget(this);

@@ -5,6 +5,7 @@
 #include <QMenu>
 
 #include "editing/multiple_clipboard.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -76,8 +77,7 @@ void ClipboardTree::keyPressEvent(QKeyEvent* event) {
 void ClipboardTree::contextMenuEvent(QContextMenuEvent* event) {
     setCurrentItem(itemAt(event->pos()));
     QMenu menu(this);
-    QAction* remove = menu.addAction(
-        ToQString(session_.configuration.interface.CaptionOr("RemoveLabel", "Remove")));
+    QAction* remove = menu.addAction(ConfiguredCaption(session_, "RemoveLabel", "Remove"));
     remove->setEnabled(currentItem() != nullptr);
     if (menu.exec(event->globalPos()) == remove) RemoveChosen();
 }

@@ -8,6 +8,7 @@
 
 #include "linguistics/empty_words.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -17,10 +18,9 @@ EmptyWordsDialog::EmptyWordsDialog(EditorSession& session, QWidget* parent)
       session_(session),
       words_(new QListWidget(this)),
       word_(new QLineEdit(this)) {
-    const InterfaceSettings& captions = session.configuration.interface;
     setObjectName(QStringLiteral("frmEmptyWordsList"));
     setWindowTitle(
-        ToQString(captions.CaptionOr("ToolsWordStatisticsEmptyWordsList", "Empty words list")));
+        ConfiguredTitle(session_, "ToolsWordStatisticsEmptyWordsList", "Empty words list"));
     words_->setObjectName(QStringLiteral("lstEmptyWords"));
     word_->setObjectName(QStringLiteral("txtEmptyWord"));
     for (const std::string& word :
@@ -28,8 +28,8 @@ EmptyWordsDialog::EmptyWordsDialog(EditorSession& session, QWidget* parent)
         words_->addItem(ToQString(word));
     connect(words_, &QListWidget::currentTextChanged, word_, &QLineEdit::setText);
 
-    auto button = [this, &captions](const char* name, const char* key, const char* caption) {
-        auto* push = new QPushButton(ToQString(captions.CaptionOr(key, caption)), this);
+    auto button = [this](const char* name, const char* key, const char* caption) {
+        auto* push = new QPushButton(ConfiguredCaption(session_, key, caption), this);
         push->setObjectName(QLatin1String(name));
         return push;
     };
@@ -52,6 +52,8 @@ EmptyWordsDialog::EmptyWordsDialog(EditorSession& session, QWidget* parent)
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdOK"));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+    buttons->button(QDialogButtonBox::Cancel)
+        ->setText(ConfiguredCaption(session_, "Cancel", "Cancel"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 

@@ -9,6 +9,7 @@
 
 #include "config/profile_values.h"
 #include "editing/character_insertion.h"
+#include "ui/configured_caption.h"
 #include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -24,13 +25,12 @@ InsertCharactersDialog::InsertCharactersDialog(EditorSession& session, Panel pan
       ok_(Named(new QPushButton(QStringLiteral("OK"), this), "cmdOK")),
       altGr_(Named(new QCheckBox(this), "chkUseAltGrForCaps")) {
     setObjectName(QStringLiteral("frmInsertCharacters"));
-    const InterfaceSettings& interface = session.configuration.interface;
-    setWindowTitle(ToQString(interface.CaptionOr("InsertCharacters", "Insert characters")));
-    altGr_->setText(ToQString(
-        interface.CaptionOr("PreferencesUseAltGrForCaps", "AltGr for accented capitals")));
+    setWindowTitle(ConfiguredTitle(session_, "InsertCharacters", "Insert characters"));
+    altGr_->setText(
+        ConfiguredCaption(session_, "PreferencesUseAltGrForCaps", "AltGr for accented capitals"));
     altGr_->setChecked(session.preferences.UseAltGrForCaps);
-    auto* cancel = Named(new QPushButton(ToQString(interface.CaptionOr("Cancel", "Close")), this),
-                         "cmdCancel");
+    auto* cancel =
+        Named(new QPushButton(ConfiguredCaption(session_, "Cancel", "Close"), this), "cmdCancel");
 
     // The characters show in the font and size of the box they go to.
     const int box = CharacterTargetBox(session);

@@ -10,6 +10,7 @@
 #include "attachments/attachments.h"
 #include "attachments/iptc_display.h"
 #include "config/colours.h"
+#include "ui/configured_caption.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 
@@ -17,17 +18,9 @@ namespace tessarin {
 namespace {
 
 constexpr const char* kTitle = "IPTC";
-constexpr const char* kCopyDesign = "Copy credit and caption";
-constexpr const char* kMacintoshAccentsDesign = "Macintosh accents";
-constexpr const char* kCancelDesign = "Cancel";
 constexpr int kLabelColour = 8;  // dark grey in the sixteen-colour palette
 constexpr int kWidth = 520;
 constexpr int kHeight = 420;
-
-QString Caption(const EditorSession& session, std::string_view key, const char* design) {
-    const std::string& caption = session.configuration.interface.Caption(key);
-    return caption.empty() ? QString::fromUtf8(design) : ToQString(caption);
-}
 
 }  // namespace
 
@@ -38,8 +31,8 @@ IptcDialog::IptcDialog(EditorSession& session, std::string selectedKey, IptcData
       selectedKey_(std::move(selectedKey)),
       data_(std::move(data)),
       text_(new QTextEdit(this)),
-      macintoshAccents_(
-          new QCheckBox(Caption(session, "MacintoshAccents", kMacintoshAccentsDesign), this)) {
+      macintoshAccents_(new QCheckBox(
+          ConfiguredCaption(session, "MacintoshAccents", "Macintosh accents"), this)) {
     setObjectName(QStringLiteral("frmIPTCImage"));
     setWindowTitle(QString::fromUtf8(kTitle));
     resize(kWidth, kHeight);
@@ -48,11 +41,12 @@ IptcDialog::IptcDialog(EditorSession& session, std::string selectedKey, IptcData
     macintoshAccents_->setObjectName(QStringLiteral("chkMacintoshAccents"));
 
     auto* buttons = new QDialogButtonBox(this);
-    QPushButton* copy = buttons->addButton(Caption(session, "CopyCreditCaption", kCopyDesign),
-                                           QDialogButtonBox::AcceptRole);
+    QPushButton* copy = buttons->addButton(
+        ConfiguredCaption(session, "CopyCreditCaption", "Copy credit and caption"),
+        QDialogButtonBox::AcceptRole);
     copy->setObjectName(QStringLiteral("cmdIPTCCaption"));
-    QPushButton* cancel =
-        buttons->addButton(Caption(session, "Cancel", kCancelDesign), QDialogButtonBox::RejectRole);
+    QPushButton* cancel = buttons->addButton(ConfiguredCaption(session, "Cancel", "Cancel"),
+                                             QDialogButtonBox::RejectRole);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(copy, &QPushButton::clicked, this, &IptcDialog::CopyToPicture);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);

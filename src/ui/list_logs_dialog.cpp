@@ -8,6 +8,7 @@
 
 #include "logs/story_log_view.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 
@@ -25,13 +26,12 @@ ListLogsDialog::ListLogsDialog(EditorSession& session, QWidget* parent)
       tabs_(new QTabBar(this)),
       logs_(new QTreeWidget(this)),
       clear_(new QPushButton(this)) {
-    const InterfaceSettings& interface = session.configuration.interface;
     setObjectName(QStringLiteral("frmListLogs"));
-    setWindowTitle(ToQString(interface.CaptionOr("DisplayLogs", "Logs")));
+    setWindowTitle(ConfiguredTitle(session_, "DisplayLogs", "Logs"));
     resize(kWidth, kHeight);
     tabs_->setObjectName(QStringLiteral("TabStripLogs"));
-    tabs_->addTab(ToQString(interface.CaptionOr("LogsSort", "Sort")));
-    tabs_->addTab(ToQString(interface.CaptionOr("LogsRevertSort", "Reverse sort")));
+    tabs_->addTab(ConfiguredCaption(session_, "LogsSort", "Sort"));
+    tabs_->addTab(ConfiguredCaption(session_, "LogsRevertSort", "Reverse sort"));
     tabs_->setCurrentIndex(static_cast<int>(StoredLogOrder(session.profile)));
     logs_->setObjectName(QStringLiteral("lvLogs"));
     logs_->setHeaderHidden(true);
@@ -40,9 +40,9 @@ ListLogsDialog::ListLogsDialog(EditorSession& session, QWidget* parent)
     palette.setColor(QPalette::Base, ToQColor(session.preferences.BackgroundColorLogs));
     logs_->setPalette(palette);
     clear_->setObjectName(QStringLiteral("cmdClearLogs"));
-    clear_->setText(ToQString(interface.CaptionOr("ClearLogs", "Clear logs")));
+    clear_->setText(ConfiguredCaption(session_, "ClearLogs", "Clear logs"));
     clear_->setVisible(ClearLogsAvailable(session));
-    auto* cancel = new QPushButton(ToQString(interface.CaptionOr("Cancel", "Cancel")), this);
+    auto* cancel = new QPushButton(ConfiguredCaption(session_, "Cancel", "Cancel"), this);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
 
     auto* buttons = new QHBoxLayout;

@@ -5,6 +5,7 @@
 #include "app/display_view.h"
 
 #include "ui/attachments_panel.h"
+#include "ui/configured_caption.h"
 #include "ui/main_window.h"
 #include "ui/main_window_chrome.h"
 #include "ui/metadata_panel.h"
@@ -44,9 +45,15 @@ void MainWindow::ComposeViews() {
 
 void MainWindow::RefreshInsertEntries() {
     const bool pictures = ViewAvailable(session_.window, DisplayView::Images);
-    chrome_->Entry(QStringLiteral("InsertImage"))->setEnabled(pictures);
-    chrome_->Entry(QStringLiteral("InsertOtherFile"))
-        ->setEnabled(pictures && session_.configuration.interface.OtherFilesVisible);
+    QAction* image = chrome_->Entry(QStringLiteral("InsertImage"));
+    QAction* otherFile = chrome_->Entry(QStringLiteral("InsertOtherFile"));
+    // The entries have no key of their own: they say what they add in the words that the
+    // pictures' view uses.
+    image->setText(ConfiguredMessage(session_, "ImageLabel", "Photo") + QStringLiteral("..."));
+    otherFile->setText(ConfiguredCaption(session_, "OtherFile", "Other file") +
+                       QStringLiteral("..."));
+    image->setEnabled(pictures);
+    otherFile->setEnabled(pictures && session_.configuration.interface.OtherFilesVisible);
 }
 
 }  // namespace tessarin

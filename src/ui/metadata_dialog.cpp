@@ -7,24 +7,21 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
 namespace {
 
 constexpr const char* kMetadataButtonDesign = "Metadata";
-constexpr const char* kCancelDesign = "Cancel";
 
 }  // namespace
 
 MetadataDialog::MetadataDialog(const EditorSession& session, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmMetadata"));
     const WindowState& window = session.window;
-    const ControlState* button = window.FindControl("cmdMetadata");
-    const QString buttonCaption = button && !button->caption.empty()
-                                      ? ToQString(button->caption)
-                                      : QString::fromUtf8(kMetadataButtonDesign);
-    setWindowTitle(buttonCaption + QStringLiteral("..."));
+    setWindowTitle(ControlCaption(window, "cmdMetadata", kMetadataButtonDesign) +
+                   QStringLiteral("..."));
 
     auto* form = new QFormLayout;
     const ClassificationValues values = ReadClassification(session.story);
@@ -47,9 +44,7 @@ MetadataDialog::MetadataDialog(const EditorSession& session, QWidget* parent) : 
     ok->setObjectName(QStringLiteral("cmdOK"));
     QPushButton* cancel = buttons->addButton(QDialogButtonBox::Cancel);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
-    const std::string& cancelCaption = session.configuration.interface.Caption("Cancel");
-    cancel->setText(cancelCaption.empty() ? QString::fromUtf8(kCancelDesign)
-                                          : ToQString(cancelCaption));
+    cancel->setText(ConfiguredCaption(session, "Cancel", "Cancel"));
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 

@@ -22,6 +22,7 @@
 #include "metadata/publication_selection.h"
 #include "metadata/story_metadata_trees.h"
 #include "metadata/taxonomy.h"
+#include "ui/configured_caption.h"
 #include "ui/date_calendar_button.h"
 #include "ui/metadata_dialog.h"
 #include "ui/qt_user_interaction.h"
@@ -62,12 +63,6 @@ const TreeModel& TreeOf(const WindowState& window, std::string_view name) {
     static const TreeModel kEmpty;
     const TreeModel* tree = window.FindTree(name);
     return tree ? *tree : kEmpty;
-}
-
-QString CaptionOr(const WindowState& window, std::string_view name, const char* design) {
-    const ControlState* control = window.FindControl(name);
-    return control && !control->caption.empty() ? ToQString(control->caption)
-                                                : QString::fromUtf8(design);
 }
 
 void ShowList(QComboBox& list, const ListModel* model, int chosen) {
@@ -326,9 +321,9 @@ void MetadataPanel::ShowFields() {
     for (std::size_t index = 0; index < values.size(); ++index)
         ShowFieldText(*classification_[index], values[index]);
     const WindowState& window = session_.window;
-    coldStory_->setText(CaptionOr(window, "chkColdStory", kColdStoryDesign));
+    coldStory_->setText(ControlCaption(window, "chkColdStory", kColdStoryDesign));
     coldStory_->setChecked(story.coldStory);
-    metadataButton_->setText(CaptionOr(window, "cmdMetadata", kMetadataButtonDesign));
+    metadataButton_->setText(ControlCaption(window, "cmdMetadata", kMetadataButtonDesign));
 }
 
 void MetadataPanel::ShowChoices() {
@@ -452,9 +447,9 @@ void MetadataPanel::SearchPublications() {
 }
 
 void MetadataPanel::SearchTaxonomy() {
-    const std::string& caption = session_.configuration.interface.Caption("SearchTaxonomy");
     const std::string prompt = TaxonomySearchPrompt(
-        caption.empty() ? std::string(kSearchTaxonomyDesign) : caption, session_.window);
+        ToUtf8(ConfiguredTitle(session_, "SearchTaxonomy", kSearchTaxonomyDesign)),
+        session_.window);
     bool answered = false;
     const QString answer =
         QInputDialog::getText(this, QStringLiteral("Tessarin - " TESSARIN_VERSION),

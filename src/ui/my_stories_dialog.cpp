@@ -17,6 +17,7 @@
 #include "session/editor_session.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
+#include "ui/configured_caption.h"
 #include "ui/search_stories_dialog.h"
 #include "ui/story_list.h"
 #include "ui/story_preview.h"
@@ -51,43 +52,46 @@ MyStoriesDialog::MyStoriesDialog(EditorSession& session, QWidget* parent)
       stories_(new QTreeWidget(this)),
       preview_(new QTextEdit(this)),
       count_(new QLabel(this)) {
-    const InterfaceSettings& interface = session.configuration.interface;
-    const auto caption = [&](std::string_view key, std::string_view design) {
-        return ToQString(interface.CaptionOr(key, design));
-    };
     const WorkflowSettings& workflow = session.configuration.workflow;
     setObjectName(QStringLiteral("frmMyStories"));
-    setWindowTitle(caption("MyStories", "My stories"));
+    setWindowTitle(ConfiguredTitle(session_, "FileMyStories", "My stories"));
     cache_.Load(SearchCacheFileBeside(session.paths.preferencesFile));
 
-    auto* personal = new QLabel(caption("MyStoriesDirectoryPersonal", "Personal") + " " +
-                                    ToQString(workflow.PersonalTextsDirectory),
-                                this);
+    auto* personal =
+        new QLabel(ConfiguredCaption(session_, "MyStoriesDirectoryPersonal", "Personal") + " " +
+                       ToQString(workflow.PersonalTextsDirectory),
+                   this);
     personal->setObjectName(QStringLiteral("lblPersonal"));
-    auto* archives = new QLabel(caption("MyStoriesDirectoryArchives", "Archives") + " " +
-                                    ToQString(workflow.PersonalArchivesDirectory),
-                                this);
+    auto* archives =
+        new QLabel(ConfiguredCaption(session_, "MyStoriesDirectoryArchives", "Archives") + " " +
+                       ToQString(workflow.PersonalArchivesDirectory),
+                   this);
     archives->setObjectName(QStringLiteral("lblArchives"));
-    auto* help = new QLabel(caption("MyStoriesHelp", ""), this);
+    auto* help = new QLabel(ConfiguredCaption(session_, "MyStoriesHelp", ""), this);
     help->setObjectName(QStringLiteral("lblHelp"));
-    auto* search = new QLabel(
-        QStringLiteral("<a href=\"#\">%1</a>").arg(caption("SearchStories", "Search stories")),
-        this);
+    auto* search =
+        new QLabel(QStringLiteral("<a href=\"#\">%1</a>")
+                       .arg(ConfiguredTitle(session_, "SearchStories", "Search stories")),
+                   this);
     search->setObjectName(QStringLiteral("lblSearchStories"));
     includeBackups_->setObjectName(QStringLiteral("chkIncludeBackupStories"));
     includeBackups_->setText(
-        caption("SearchStoriesIncludeBackupStories", "Include backup stories"));
+        ConfiguredCaption(session_, "SearchStoriesIncludeBackupStories", "Include backup stories"));
     stories_->setObjectName(QStringLiteral("lvStories"));
     SetUpStoryList(*stories_);
     preview_->setObjectName(QStringLiteral("rtfStory"));
     preview_->setReadOnly(true);
     count_->setObjectName(QStringLiteral("lblCount"));
-    auto* open = NewButton(QStringLiteral("cmdOpen"), caption("Open", "Open"), this);
-    auto* move = NewButton(QStringLiteral("cmdArchives"),
-                           caption("MyStoriesDirectoryArchives", "Archives"), this);
-    auto* remove = NewButton(QStringLiteral("cmdRemove"), caption("RemoveLabel", "Remove"), this);
+    auto* open =
+        NewButton(QStringLiteral("cmdOpen"), ConfiguredTitle(session_, "FileOpen", "Open"), this);
+    auto* move =
+        NewButton(QStringLiteral("cmdArchives"),
+                  ConfiguredCaption(session_, "MyStoriesDirectoryArchives", "Archives"), this);
+    auto* remove = NewButton(QStringLiteral("cmdRemove"),
+                             ConfiguredCaption(session_, "RemoveLabel", "Remove"), this);
     auto* raw = NewButton(QStringLiteral("cmdXML"), QStringLiteral("XML"), this);
-    auto* cancel = NewButton(QStringLiteral("cmdCancel"), caption("Cancel", "Cancel"), this);
+    auto* cancel = NewButton(QStringLiteral("cmdCancel"),
+                             ConfiguredCaption(session_, "Cancel", "Cancel"), this);
 
     auto* splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(stories_);

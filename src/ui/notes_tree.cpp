@@ -10,6 +10,7 @@
 
 #include "common/clock.h"
 #include "editing/notes_edit.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -103,13 +104,11 @@ void NotesTree::OpenNote(std::size_t note, bool isNew) {
                            .replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     const bool mayChange = CanChangeNote(session_, note);
     text->setReadOnly(!mayChange);
-    auto* remove = new QPushButton(
-        ToQString(session_.configuration.interface.CaptionOr("RemoveLabel", "Remove")),
-        noteWindow_);
+    auto* remove =
+        new QPushButton(ConfiguredCaption(session_, "RemoveLabel", "Remove"), noteWindow_);
     remove->setObjectName(QStringLiteral("cmdRemove"));
     remove->setVisible(mayChange);
-    auto* cancel = new QPushButton(
-        ToQString(session_.configuration.interface.CaptionOr("Cancel", "Close")), noteWindow_);
+    auto* cancel = new QPushButton(ConfiguredCaption(session_, "Cancel", "Close"), noteWindow_);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -137,9 +136,7 @@ void NotesTree::contextMenuEvent(QContextMenuEvent* event) {
     const std::optional<std::size_t> note = NoteOf(itemAt(event->pos()));
     const WindowState& window = session_.window;
     const auto caption = [&window](const char* name, const char* design) {
-        const ControlState* control = window.FindControl(name);
-        return control != nullptr && !control->caption.empty() ? ToQString(control->caption)
-                                                               : QString::fromLatin1(design);
+        return ControlCaption(window, name, design);
     };
     QMenu menu(this);
     QAction* add = menu.addAction(caption("mnuPopupNoteAdd", "Add note"));

@@ -18,6 +18,7 @@
 
 #include "config/story_section.h"
 #include "ui/colour_button.h"
+#include "ui/configured_caption.h"
 
 namespace tessarin {
 
@@ -65,18 +66,17 @@ QScrollArea* Scrolled(QWidget* page) {
 PreferencesDialog::PreferencesDialog(EditorSession& session, QWidget* parent)
     : QDialog(parent), session_(session), choice_(BeginPreferencesChoice(session)) {
     setObjectName(QStringLiteral("frmPreferences"));
-    QString title = Caption("ToolsPreferences", "Preferences");
-    if (title.endsWith(QLatin1String("..."))) title.chop(3);
-    setWindowTitle(title.remove(QLatin1Char('&')));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsPreferences", "Preferences"));
 
     // Every tab of the row shows, and a page taller than the room scrolls, so that the window
     // fits a laptop's screen.
     auto* pages = new QTabWidget;
     pages->setObjectName(QStringLiteral("tabPreferences"));
     pages->setUsesScrollButtons(false);
-    pages->addTab(Scrolled(DisplayPage()), QStringLiteral("Display"));
-    pages->addTab(Scrolled(EditingPage()), QStringLiteral("Editing"));
-    pages->addTab(Scrolled(MetadataPage()), QStringLiteral("Metadata"));
+    pages->addTab(Scrolled(DisplayPage()), ConfiguredTitle(session_, "Display", "Display"));
+    pages->addTab(Scrolled(EditingPage()), ConfiguredTitle(session_, "Edition", "Editing"));
+    pages->addTab(Scrolled(MetadataPage()),
+                  ConfiguredTitle(session_, "DisplayMetadata", "Metadata"));
     pages->addTab(Scrolled(FilesPage()), QStringLiteral("Photos and files"));
     pages->addTab(Scrolled(SendingPage()), QStringLiteral("Sending"));
 
@@ -84,7 +84,7 @@ PreferencesDialog::PreferencesDialog(EditorSession& session, QWidget* parent)
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdOK"));
     QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(Caption("Cancel", "Cancel"));
+    cancel->setText(ConfiguredCaption(session_, "Cancel", "Cancel"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -98,20 +98,15 @@ void PreferencesDialog::accept() {
     QDialog::accept();
 }
 
-QString PreferencesDialog::Caption(const char* key, const char* designCaption) const {
-    const std::string configured = key ? session_.configuration.interface.Caption(key) : "";
-    return configured.empty() ? QString::fromUtf8(designCaption) : FromUtf8(configured);
-}
-
 QBoxLayout& PreferencesDialog::Group(QBoxLayout& page, const char* key, const char* designCaption) {
-    auto* group = new QGroupBox(Caption(key, designCaption));
+    auto* group = new QGroupBox(ConfiguredCaption(session_, key, designCaption));
     page.addWidget(group);
     return *new QVBoxLayout(group);
 }
 
 QCheckBox* PreferencesDialog::AddFlag(QBoxLayout& layout, const char* key, const char* captionKey,
                                       const char* designCaption, Flag flag) {
-    auto* box = new QCheckBox(Caption(captionKey, designCaption));
+    auto* box = new QCheckBox(ConfiguredCaption(session_, captionKey, designCaption));
     box->setObjectName(QStringLiteral("chk") + QLatin1String(key));
     box->setChecked(choice_.preferences.*flag);
     connect(box, &QCheckBox::toggled, this,
@@ -124,8 +119,8 @@ void PreferencesDialog::AddFlagOptions(QBoxLayout& layout, Flag flag, const char
                                        const char* onKey, const char* onCaption,
                                        const char* offName, const char* offKey,
                                        const char* offCaption) {
-    auto* on = new QRadioButton(Caption(onKey, onCaption));
-    auto* off = new QRadioButton(Caption(offKey, offCaption));
+    auto* on = new QRadioButton(ConfiguredCaption(session_, onKey, onCaption));
+    auto* off = new QRadioButton(ConfiguredCaption(session_, offKey, offCaption));
     on->setObjectName(QLatin1String(onName));
     off->setObjectName(QLatin1String(offName));
     (choice_.preferences.*flag ? on : off)->setChecked(true);
@@ -141,7 +136,7 @@ void PreferencesDialog::AddColour(QBoxLayout& layout, const char* key, const cha
         new ColourButton(QStringLiteral("cmd") + QLatin1String(key), choice_.preferences.*colour);
     connect(button, &ColourButton::colourChosen, this,
             [this, colour](OleColour chosen) { choice_.preferences.*colour = chosen; });
-    AddLabelled(layout, Caption(captionKey, designCaption), button);
+    AddLabelled(layout, ConfiguredCaption(session_, captionKey, designCaption), button);
 }
 
 void PreferencesDialog::AddHighlightColour(QBoxLayout& layout) {
@@ -149,7 +144,7 @@ void PreferencesDialog::AddHighlightColour(QBoxLayout& layout) {
                                     choice_.preferences.ColorInformations);
     connect(button, &ColourButton::colourChosen, this,
             [this](OleColour chosen) { ChooseHighlightColour(session_, choice_, chosen); });
-    AddLabelled(layout, Caption(nullptr, "Highlight colour"), button);
+    AddLabelled(layout, ConfiguredCaption(session_, "", "Highlight colour"), button);
 }
 
 void PreferencesDialog::AddNumber(QBoxLayout& layout, const char* key, const char* captionKey,
@@ -160,7 +155,7 @@ void PreferencesDialog::AddNumber(QBoxLayout& layout, const char* key, const cha
     entry->setValue(choice_.preferences.*number);
     connect(entry, &QSpinBox::valueChanged, this,
             [this, number](int value) { choice_.preferences.*number = value; });
-    AddLabelled(layout, Caption(captionKey, designCaption), entry);
+    AddLabelled(layout, ConfiguredCaption(session_, captionKey, designCaption), entry);
 }
 
 QLineEdit* PreferencesDialog::AddText(QBoxLayout& layout, const char* key, const char* captionKey,
@@ -170,7 +165,7 @@ QLineEdit* PreferencesDialog::AddText(QBoxLayout& layout, const char* key, const
     connect(entry, &QLineEdit::textChanged, this, [this, text](const QString& value) {
         choice_.preferences.*text = value.toStdString();
     });
-    AddLabelled(layout, Caption(captionKey, designCaption), entry, button);
+    AddLabelled(layout, ConfiguredCaption(session_, captionKey, designCaption), entry, button);
     return entry;
 }
 
@@ -181,7 +176,7 @@ void PreferencesDialog::AddFonts(QBoxLayout& page) {
     for (std::size_t entry : kOfferedFontEntries) {
         QString view;
         if (entry == kTeleprompterFont) {
-            view = Caption("DisplayTeleprompter", "Teleprompter");
+            view = ConfiguredCaption(session_, "DisplayTeleprompter", "Teleprompter");
         } else {
             const int box = static_cast<int>(entry);
             view = FromUtf8(session_.window.Control(TextBoxLabelName(box)).caption);
@@ -191,7 +186,8 @@ void PreferencesDialog::AddFonts(QBoxLayout& page) {
     }
     fontSample_ = new QLabel;
     fontSample_->setObjectName(QStringLiteral("lblFontSample"));
-    auto* button = new QPushButton(Caption("PreferencesFontsLabel", "Fonts") + "...");
+    auto* button =
+        new QPushButton(ConfiguredCaption(session_, "PreferencesFontsLabel", "Fonts") + "...");
     button->setObjectName(QStringLiteral("cmdFont"));
     connect(fontViews_, &QComboBox::currentIndexChanged, this, &PreferencesDialog::ShowFont);
     connect(button, &QPushButton::clicked, this, &PreferencesDialog::ChooseFontOfView);
@@ -235,7 +231,8 @@ void PreferencesDialog::AddSpellChecker(QBoxLayout& page) {
                                      {"PreferencesSpellCheckerProLexis", "ProLexis"}};
     std::vector<QRadioButton*> options;
     for (std::int32_t type = 0; type < 3; ++type) {
-        auto* option = new QRadioButton(Caption(kCheckers[type].key, kCheckers[type].caption));
+        auto* option = new QRadioButton(
+            ConfiguredCaption(session_, kCheckers[type].key, kCheckers[type].caption));
         option->setObjectName(QStringLiteral("optSpellChecker%1").arg(type));
         option->setChecked(choice_.preferences.CheckSpellingType == type);
         layout.addWidget(option);
@@ -262,8 +259,10 @@ void PreferencesDialog::AddSpellChecker(QBoxLayout& page) {
 }
 
 void PreferencesDialog::AddDailyInterval(QBoxLayout& layout) {
-    auto* daily = new QRadioButton(Caption("PreferencesDailyInterval", "Daily interval"));
-    auto* weekly = new QRadioButton(Caption("PreferencesWeeklyInterval", "Weekly interval"));
+    auto* daily =
+        new QRadioButton(ConfiguredCaption(session_, "PreferencesDailyInterval", "Daily interval"));
+    auto* weekly = new QRadioButton(
+        ConfiguredCaption(session_, "PreferencesWeeklyInterval", "Weekly interval"));
     daily->setObjectName(QStringLiteral("optDailyInterval"));
     weekly->setObjectName(QStringLiteral("optWeeklyInterval"));
     (choice_.preferences.DailyInterval == kWeeklyStep ? weekly : daily)->setChecked(true);
@@ -275,12 +274,13 @@ void PreferencesDialog::AddDailyInterval(QBoxLayout& layout) {
 
 void PreferencesDialog::AddRecentFiles(QBoxLayout& page) {
     QBoxLayout& layout = Group(page, "PreferencesRecentlyOpenedStories", "Recently opened stories");
-    auto* keep = new QCheckBox(Caption("PreferencesKeepList", "Keep the list"));
+    auto* keep = new QCheckBox(ConfiguredCaption(session_, "PreferencesKeepList", "Keep the list"));
     keep->setObjectName(QStringLiteral("chkUseMRU"));
     keep->setChecked(choice_.preferences.FileMRU.UseMRU);
     connect(keep, &QCheckBox::toggled, this,
             [this](bool checked) { choice_.preferences.FileMRU.UseMRU = checked; });
-    auto* clear = new QPushButton(Caption("PreferencesClearList", "Clear the list"));
+    auto* clear =
+        new QPushButton(ConfiguredCaption(session_, "PreferencesClearList", "Clear the list"));
     clear->setObjectName(QStringLiteral("cmdClearMRU"));
     connect(clear, &QPushButton::clicked, this, [this, clear] {
         choice_.clearRecentFiles = true;
@@ -301,7 +301,7 @@ void PreferencesDialog::AddStyleSheet(QBoxLayout& page) {
         AddText(layout, "XSLT", "PreferencesXSLTLabel", "Style sheet", &Preferences::XSLT, browse);
     connect(browse, &QPushButton::clicked, this, [this, entry] {
         const auto sheet = session_.user.ChooseFileToOpen(
-            Caption("PreferencesXSLTLabel", "XSL transformation").toStdString(),
+            ConfiguredCaption(session_, "PreferencesXSLTLabel", "XSL transformation").toStdString(),
             "XSLT (*.xsl)|*.xsl", session_.paths.xsltDir);
         if (sheet) entry->setText(QString::fromStdString(sheet->string()));
     });

@@ -33,8 +33,6 @@ class PreferencesDialog : public QDialog {
     using Colour = OleColour Preferences::*;
     using Text = std::string Preferences::*;
 
-    // The configured caption of an Interface key, else (and for a null key) designCaption.
-    QString Caption(const char* key, const char* designCaption) const;
     // A framed group on a page, captioned by key; its layout takes the group's controls.
     QBoxLayout& Group(QBoxLayout& page, const char* key, const char* designCaption);
 

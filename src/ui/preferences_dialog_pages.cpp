@@ -45,7 +45,7 @@ QWidget* PreferencesDialog::DisplayPage() {
     AddFlag(bars, "StatusSelected", "PreferencesDisplaySelected", "Selected chars",
             &P::StatusSelected);
     AddFonts(*page);
-    QBoxLayout& colours = Group(*page, nullptr, "Colours");
+    QBoxLayout& colours = Group(*page, "", "Colours");
     AddColour(colours, "BackgroundColor", "PreferencesBackgroundColor", "Background colour",
               &P::BackgroundColor);
     AddColour(colours, "BackgroundColorMargin", "PreferencesMarginColor", "Margin",
@@ -109,7 +109,7 @@ QWidget* PreferencesDialog::MetadataPage() {
     AddFlagOptions(margin, &P::SimpleClickMargin, "optSimpleClickMargin",
                    "PreferencesSimpleClickMargin", "Single click", "optDoubleClickMargin",
                    "PreferencesDoubleClickMargin", "Double click");
-    QBoxLayout& dates = Group(*page, nullptr, "Dates");
+    QBoxLayout& dates = Group(*page, "", "Dates");
     AddNumber(dates, "MonthColumns", "PreferencesMonthColumns", "Calendar columns",
               &P::MonthColumns, kMonthGridRange);
     AddNumber(dates, "MonthRows", "PreferencesMonthRows", "Calendar rows", &P::MonthRows,
@@ -133,7 +133,7 @@ QWidget* PreferencesDialog::FilesPage() {
             &P::IPTCCollapseKeywords);
     AddFlag(iptc, "ImagesTooltips", "PreferencesImagesTooltips", "Tool tips on photos",
             &P::ImagesTooltips);
-    QBoxLayout& saving = Group(*page, nullptr, "Saving");
+    QBoxLayout& saving = Group(*page, "", "Saving");
     AddFlag(saving, "BackupStories", "PreferencesKeepBackupStory", "Keep a backup story",
             &P::BackupStories);
     AddFlag(saving, "BackupAuto", "PreferencesBackupAuto", "Automatic save", &P::BackupAuto);
@@ -147,20 +147,20 @@ QWidget* PreferencesDialog::FilesPage() {
 QWidget* PreferencesDialog::SendingPage() {
     QVBoxLayout* page = nullptr;
     QWidget* widget = NewPage(page);
-    QBoxLayout& sending = Group(*page, nullptr, "Export");
+    QBoxLayout& sending = Group(*page, "Export", "Export");
     AddFlag(sending, "StartAutoExport", "PreferencesStartAutoExport", "Export after sending",
             &P::StartAutoExport);
     AddFlag(sending, "SendHelpBalloons", "PreferencesSendHelpBalloons", "Help balloons",
             &P::SendHelpBalloons);
     AddFlag(sending, "RTFWithImages", "PreferencesRTFWithImages", "RTF with photos",
             &P::RTFWithImages);
-    QBoxLayout& news = Group(*page, nullptr, "News");
+    QBoxLayout& news = Group(*page, "", "News");
     AddFlag(news, "NewsTopMost", "PreferencesNewsTopMost", "News window on top", &P::NewsTopMost);
     AddFlag(news, "NewsBookmark", "PreferencesNewsBookmark", "Bookmark copied news",
             &P::NewsBookmark);
     AddFlag(news, "NewsAutoTypography", "PreferencesNewsAutoTypography",
             "Typography on copied news", &P::NewsAutoTypography);
-    QBoxLayout& repository = Group(*page, nullptr, "Repository");
+    QBoxLayout& repository = Group(*page, "", "Repository");
     AddFlag(repository, "TextMLTracking", "PreferencesTextMLTracking", "Tracking in repository",
             &P::TextMLTracking);
     AddFlag(repository, "TextMLExport", "PreferencesTextMLExport", "Export to repository",

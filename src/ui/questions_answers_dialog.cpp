@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -15,18 +16,16 @@ namespace tessarin {
 QuestionsAnswersDialog::QuestionsAnswersDialog(EditorSession& session, QWidget* parent)
     : QDialog(parent), session_(session) {
     setObjectName(QStringLiteral("frmQuestionsAnswers"));
-    const InterfaceSettings& interface = session.configuration.interface;
-    setWindowTitle(
-        ToQString(interface.CaptionOr("FormatQuestionsAnswers", "Questions and answers")));
+    setWindowTitle(ConfiguredTitle(session_, "FormatQuestionsAnswers", "Questions and answers"));
     auto* frames = new QHBoxLayout;
     frames->addWidget(
-        BuildFrame(ToQString(interface.CaptionOr("FormatQuestions", "Questions")), roles_[0]));
+        BuildFrame(ConfiguredCaption(session_, "FormatQuestions", "Questions"), roles_[0]));
     frames->addWidget(
-        BuildFrame(ToQString(interface.CaptionOr("FormatAnswers", "Answers")), roles_[1]));
+        BuildFrame(ConfiguredCaption(session_, "FormatAnswers", "Answers"), roles_[1]));
     auto* ok = new QPushButton(QStringLiteral("OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
-    auto* cancel = new QPushButton(ToQString(interface.CaptionOr("Cancel", "Cancel")), this);
+    auto* cancel = new QPushButton(ConfiguredCaption(session_, "Cancel", "Cancel"), this);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -58,33 +57,33 @@ QWidget* QuestionsAnswersDialog::BuildFrame(const QString& title, RoleControls& 
     controls.label->setObjectName(QStringLiteral("txtQA"));
     layout->addWidget(controls.label);
     controls.labelAttributes = BuildAttributes(frame, "chk", layout);
-    controls.newline = new QCheckBox(
-        ToQString(session_.configuration.interface.CaptionOr("FormatNewline", "New line")), frame);
+    controls.newline =
+        new QCheckBox(ConfiguredCaption(session_, "FormatNewline", "New line"), frame);
     controls.newline->setObjectName(QStringLiteral("chkNewline"));
     layout->addWidget(controls.newline);
-    layout->addWidget(new QLabel(ToQString(session_.configuration.interface.CaptionOr(
-                                     "FormatFollowingText", "Following text")),
-                                 frame));
+    layout->addWidget(
+        new QLabel(ConfiguredCaption(session_, "FormatFollowingText", "Following text"), frame));
     controls.following = BuildAttributes(frame, "chkFollowing", layout);
     return frame;
 }
 
 QuestionsAnswersDialog::AttributeBoxes QuestionsAnswersDialog::BuildAttributes(
     QWidget* frame, const char* prefix, QVBoxLayout* layout) {
-    const auto box = [&](const char* name, const QString& caption) {
-        auto* check = new QCheckBox(caption, frame);
+    // Each box is captioned as the Format menu's entry for the same attribute.
+    const auto box = [&](const char* name, const std::string& key, const char* design) {
+        auto* check = new QCheckBox(ConfiguredTitle(session_, key, design), frame);
         check->setObjectName(QLatin1String(prefix) + QLatin1String(name));
         layout->addWidget(check);
         return check;
     };
     AttributeBoxes boxes;
-    boxes.bold = box("Bold", QStringLiteral("Bold"));
-    boxes.italic = box("Italic", QStringLiteral("Italic"));
-    boxes.underline = box("Underline", QStringLiteral("Underline"));
+    boxes.bold = box("Bold", "FormatBold", "Bold");
+    boxes.italic = box("Italic", "FormatItalic", "Italic");
+    boxes.underline = box("Underline", "FormatUnderline", "Underline");
     for (std::size_t style = 0; style < boxes.inter.size(); ++style) {
-        const QString number = QString::number(style + 1);
+        const std::string number = std::to_string(style + 1);
         boxes.inter[style] =
-            box(qPrintable(QStringLiteral("Inter") + number), QStringLiteral("Inter ") + number);
+            box(("Inter" + number).c_str(), "FormatInter" + number, ("Inter " + number).c_str());
     }
     // At most one inter style: checking one clears the other two.
     for (QCheckBox* inter : boxes.inter) {

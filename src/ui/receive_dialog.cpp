@@ -8,6 +8,7 @@
 
 #include "session/editor_session.h"
 #include "transmission/receive_take.h"
+#include "ui/configured_caption.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -39,9 +40,9 @@ ReceiveDialog::ReceiveDialog(EditorSession& session, ReceiveKind kind, QWidget* 
       panel_(Named<QLabel>("StatusPanel1")) {
     const bool receive = kind == ReceiveKind::Receive;
     setObjectName(receive ? QStringLiteral("frmReceive") : QStringLiteral("frmIntercept"));
-    setWindowTitle(ToQString(session.configuration.interface.CaptionOr(
-        receive ? "ToolsReceiveWorkflow" : "ToolsInterceptWorkflow",
-        receive ? "Receive" : "Intercept")));
+    setWindowTitle(ConfiguredTitle(session_,
+                                   receive ? "ToolsReceiveWorkflow" : "ToolsInterceptWorkflow",
+                                   receive ? "Receive" : "Intercept"));
     resize(kWidth, kHeight);
     story_->setReadOnly(true);
     lastLog_->setReadOnly(true);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "editing/search_replace_settings.h"
+#include "ui/configured_caption.h"
 #include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -33,28 +34,28 @@ SearchDialog::SearchDialog(EditorSession& session, Panel panel, QWidget* parent)
       replaceButton_(Named(new QPushButton(this), "cmdReplace")),
       replaceAllButton_(Named(new QPushButton(this), "cmdReplaceAll")) {
     setObjectName(QStringLiteral("frmSearch"));
-    const InterfaceSettings& interface = session.configuration.interface;
-    const auto caption = [&interface](const char* key, const char* design) {
-        return ToQString(interface.CaptionOr(key, design));
-    };
-    setWindowTitle(caption("SearchAndReplaceText", "Search and replace"));
-    tabs_->addTab(caption("SearchText", "Search"));
-    tabs_->addTab(caption("SearchReplace", "Replace"));
-    matchCase_->setText(caption("SearchTextMatchCase", "Match case"));
-    wholeWord_->setText(caption("SearchTextWholeWord", "Whole word"));
-    replaceButton_->setText(caption("SearchReplace", "Replace"));
-    replaceAllButton_->setText(caption("SearchReplaceAll", "Replace all"));
-    auto* following =
-        Named(new QPushButton(caption("SearchTextFollowing", "Find next"), this), "cmdFollowing");
+    setWindowTitle(ConfiguredTitle(session_, "SearchAndReplaceText", "Search and replace"));
+    tabs_->addTab(ConfiguredTitle(session_, "SearchText", "Search"));
+    tabs_->addTab(ConfiguredTitle(session_, "SearchReplace", "Replace"));
+    matchCase_->setText(ConfiguredCaption(session_, "SearchTextMatchCase", "Match case"));
+    wholeWord_->setText(ConfiguredCaption(session_, "SearchTextWholeWord", "Whole word"));
+    replaceButton_->setText(ConfiguredCaption(session_, "SearchReplace", "Replace"));
+    replaceAllButton_->setText(ConfiguredCaption(session_, "SearchReplaceAll", "Replace all"));
+    auto* following = Named(
+        new QPushButton(ConfiguredCaption(session_, "SearchTextFollowing", "Find next"), this),
+        "cmdFollowing");
     auto* searchAll =
-        Named(new QPushButton(caption("SearchAll", "Search all"), this), "cmdSearchAll");
-    auto* cancel = Named(new QPushButton(caption("Cancel", "Cancel"), this), "cmdCancel");
+        Named(new QPushButton(ConfiguredCaption(session_, "SearchAll", "Search all"), this),
+              "cmdSearchAll");
+    auto* cancel =
+        Named(new QPushButton(ConfiguredCaption(session_, "Cancel", "Cancel"), this), "cmdCancel");
     following->setDefault(true);
 
     auto* fields = new QGridLayout;
-    fields->addWidget(new QLabel(caption("Search", "Search"), this), 0, 0);
+    fields->addWidget(new QLabel(ConfiguredCaption(session_, "Search", "Search"), this), 0, 0);
     fields->addWidget(search_, 0, 1);
-    fields->addWidget(new QLabel(caption("SearchReplaceBy", "Replace by"), this), 1, 0);
+    fields->addWidget(
+        new QLabel(ConfiguredCaption(session_, "SearchReplaceBy", "Replace by"), this), 1, 0);
     fields->addWidget(replace_, 1, 1);
     fields->addWidget(matchCase_, 2, 1);
     fields->addWidget(wholeWord_, 3, 1);

@@ -10,27 +10,13 @@
 #include "config/publications_tree.h"
 #include "metadata/field_labels.h"
 #include "metadata/publication_selection.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
 namespace {
 
-constexpr const char* kTitleDesign = "Search publications";
-constexpr const char* kPreferredDesign = "Preferred publications";
-constexpr const char* kAllDesign = "All publications";
 constexpr const char* kNameDesign = "Name";
-constexpr const char* kCancelDesign = "Cancel";
-
-// The configured caption of an Interface key, else the design one; a menu entry's trailing
-// "..." and "&" marks are not part of a title or an option.
-QString InterfaceCaption(const EditorSession& session, std::string_view key, const char* design) {
-    const std::string& caption = session.configuration.interface.Caption(key);
-    QString text = caption.empty() ? QString::fromUtf8(design) : ToQString(caption);
-    text.remove(QLatin1Char('&'));
-    while (text.endsWith(QLatin1Char('.')))
-        text.chop(1);
-    return text;
-}
 
 QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* parent) {
     auto* option = new QRadioButton(caption, parent);
@@ -43,7 +29,7 @@ QRadioButton* NewOption(const QString& name, const QString& caption, QWidget* pa
 SearchPublicationsDialog::SearchPublicationsDialog(EditorSession& session, QWidget* parent)
     : QDialog(parent),
       session_(session),
-      title_(InterfaceCaption(session, "SearchPublications", kTitleDesign)),
+      title_(ConfiguredTitle(session, "SearchPublications", "Search publications")),
       text_(new QLineEdit(this)),
       byName_(NewOption(QStringLiteral("optSearchName"), QString::fromUtf8(kNameDesign), this)),
       byFirstCode_(NewOption(QStringLiteral("optSearchCode1"),
@@ -54,9 +40,10 @@ SearchPublicationsDialog::SearchPublicationsDialog(EditorSession& session, QWidg
                                    ToQString(LabelCaption(window, "lblCodeLocal2")), this);
     auto* preferred = NewOption(
         QStringLiteral("optPreferredPublications"),
-        InterfaceCaption(session, "DisplayPublicationsPreferred", kPreferredDesign), this);
-    auto* all = NewOption(QStringLiteral("optAllPublications"),
-                          InterfaceCaption(session, "DisplayPublicationsFull", kAllDesign), this);
+        ConfiguredTitle(session, "DisplayPublicationsPreferred", "Preferred publications"), this);
+    auto* all =
+        NewOption(QStringLiteral("optAllPublications"),
+                  ConfiguredTitle(session, "DisplayPublicationsFull", "All publications"), this);
     (session.configuration.publications.allPublications ? all : preferred)->setChecked(true);
     byName_->setChecked(true);
     text_->setObjectName(QStringLiteral("txtSearch"));
@@ -76,7 +63,7 @@ SearchPublicationsDialog::SearchPublicationsDialog(EditorSession& session, QWidg
     ok->setObjectName(QStringLiteral("cmdOK"));
     QPushButton* cancel = buttons->addButton(QDialogButtonBox::Cancel);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(InterfaceCaption(session, "Cancel", kCancelDesign));
+    cancel->setText(ConfiguredTitle(session, "Cancel", "Cancel"));
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(views);

@@ -16,6 +16,7 @@
 #include "session/editor_session.h"
 #include "story/file_operations.h"
 #include "story/import_document.h"
+#include "ui/configured_caption.h"
 #include "ui/story_list.h"
 #include "ui/story_preview.h"
 #include "ui/window_state_binding.h"
@@ -50,17 +51,13 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
       found_(new QLabel(this)),
       allSelected_(new QLabel(this)),
       progress_(new QProgressBar(this)) {
-    const InterfaceSettings& interface = session.configuration.interface;
-    const auto caption = [&](std::string_view key, std::string_view design) {
-        return ToQString(interface.CaptionOr(key, design));
-    };
     setObjectName(QStringLiteral("frmSearchStories"));
-    setWindowTitle(caption("SearchStories", "Search stories"));
+    setWindowTitle(ConfiguredTitle(session_, "SearchStories", "Search stories"));
     cache_.Load(SearchCacheFileBeside(session.paths.preferencesFile));
 
     folder_->setObjectName(QStringLiteral("lblFolder"));
     folder_->setText(QString::fromStdString(settings_.folder.string()));
-    auto* browse = new QPushButton(QStringLiteral("..."), this);
+    auto* browse = new QPushButton(ConfiguredCaption(session_, "SearchStoriesBrowse", "..."), this);
     browse->setObjectName(QStringLiteral("cmdBrowse"));
     text_->setObjectName(QStringLiteral("lstTxtSearch"));
     text_->setEditable(true);
@@ -72,8 +69,8 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     auto* scopeBox = new QWidget(this);
     auto* scopeLayout = new QVBoxLayout(scopeBox);
     for (int index = 0; index < 4; ++index) {
-        scopes_[index] =
-            new QRadioButton(caption(kScopeKeys[index][0], kScopeKeys[index][1]), scopeBox);
+        scopes_[index] = new QRadioButton(
+            ConfiguredCaption(session_, kScopeKeys[index][0], kScopeKeys[index][1]), scopeBox);
         scopes_[index]->setObjectName(QStringLiteral("optSearch%1").arg(index));
         scopeLayout->addWidget(scopes_[index]);
     }
@@ -81,7 +78,8 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     auto* operatorLayout = new QVBoxLayout(operatorBox);
     for (int index = 0; index < 3; ++index) {
         operators_[index] = new QRadioButton(
-            caption(kOperatorKeys[index][0], kOperatorKeys[index][1]), operatorBox);
+            ConfiguredCaption(session_, kOperatorKeys[index][0], kOperatorKeys[index][1]),
+            operatorBox);
         operators_[index]->setObjectName(QStringLiteral("optOperator%1").arg(index));
         operatorLayout->addWidget(operators_[index]);
     }
@@ -89,17 +87,17 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     operators_[static_cast<int>(settings_.op)]->setChecked(true);
 
     matchCase_->setObjectName(QStringLiteral("chkMatchCase"));
-    matchCase_->setText(caption("MatchCase", "Match case"));
+    matchCase_->setText(ConfiguredCaption(session_, "SearchTextMatchCase", "Match case"));
     matchCase_->setChecked(settings_.matchCase);
     includeBackups_->setObjectName(QStringLiteral("chkIncludeBackupStories"));
     includeBackups_->setText(
-        caption("SearchStoriesIncludeBackupStories", "Include backup stories"));
+        ConfiguredCaption(session_, "SearchStoriesIncludeBackupStories", "Include backup stories"));
     includeBackups_->setChecked(settings_.includeBackups);
     search_->setObjectName(QStringLiteral("cmdSearch"));
-    search_->setText(caption("SearchStoriesSearch", "Search"));
-    auto* open = new QPushButton(caption("Open", "Open"), this);
+    search_->setText(ConfiguredTitle(session_, "Search", "Search"));
+    auto* open = new QPushButton(ConfiguredTitle(session_, "FileOpen", "Open"), this);
     open->setObjectName(QStringLiteral("cmdOpen"));
-    auto* cancel = new QPushButton(caption("Cancel", "Cancel"), this);
+    auto* cancel = new QPushButton(ConfiguredCaption(session_, "Cancel", "Cancel"), this);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
 
     stories_->setObjectName(QStringLiteral("lvStories"));
@@ -108,13 +106,14 @@ SearchStoriesDialog::SearchStoriesDialog(EditorSession& session, QWidget* parent
     preview_->setReadOnly(true);
     // The preview's menu copies what is selected in it.
     preview_->setContextMenuPolicy(Qt::ActionsContextMenu);
-    auto* copy = new QAction(caption("EditionCopy", "Copy"), preview_);
+    auto* copy = new QAction(ConfiguredTitle(session_, "EditionCopy", "Copy"), preview_);
     copy->setObjectName(QStringLiteral("mnuCopy"));
     connect(copy, &QAction::triggered, preview_, &QTextEdit::copy);
     preview_->addAction(copy);
     found_->setObjectName(QStringLiteral("lblStoriesFound"));
     allSelected_->setObjectName(QStringLiteral("lblAllStoriesSelected"));
-    allSelected_->setText(ToQString(session.Message("AllStoriesSelected")));
+    allSelected_->setText(
+        ConfiguredMessage(session_, "AllStoriesSelected", "All stories selected"));
     allSelected_->hide();
     progress_->setObjectName(QStringLiteral("pbSearch"));
     progress_->hide();

@@ -14,15 +14,13 @@
 #include "story/story_plain_text.h"
 #include "transmission/mail_attachments.h"
 #include "transmission/smtp_dialogue.h"
+#include "ui/configured_caption.h"
+#include "ui/window_state_binding.h"
 
 namespace tessarin {
 namespace {
 
 constexpr std::chrono::seconds kReplyTimeout{30};
-
-QString Caption(const EditorSession& session, const char* key, const char* fallback) {
-    return QString::fromStdString(session.configuration.interface.CaptionOr(key, fallback));
-}
 
 template <typename Widget>
 Widget* Named(Widget* widget, const char* name) {
@@ -47,15 +45,16 @@ SmtpDialog::SmtpDialog(EditorSession& session, QWidget* parent)
       send_(Named(new QPushButton(tr("Send")), "cmdSend")),
       status_(Named(new QStatusBar, "StatusBarSMTP")) {
     setObjectName("frmSMTP");
+    setWindowTitle(ConfiguredTitle(session, "ToolsSMTP", "Send by mail"));
     const SmtpTransmissionSettings& smtp = session.configuration.smtpTransmission;
     server_->setText(QString::fromStdString(smtp.SMTPServerName));
     sender_->setText(QString::fromStdString(session.configuration.identity.email));
     for (const SmtpRecipient& recipient : smtp.recipients)
         recipients_->addItem(QString::fromStdString(recipient.address));
     if (recipients_->count() > 0) recipients_->setCurrentRow(0);
-    currentStory_->setText(Caption(session, "ToolsSMTPCurrentStory", "Current story"));
-    xmlStory_->setText(Caption(session, "ToolsSMTPXMLStory", "XML story"));
-    images_->setText(Caption(session, "ToolsSMTPImages", "Images"));
+    currentStory_->setText(ConfiguredCaption(session, "ToolsSMTPCurrentStory", "Current story"));
+    xmlStory_->setText(ConfiguredCaption(session, "ToolsSMTPXMLStory", "XML story"));
+    images_->setText(ConfiguredCaption(session, "ToolsSMTPImages", "Images"));
     currentStory_->setEnabled(!session.storyFileName.empty());
     xmlStory_->setEnabled(false);
     images_->setEnabled(false);
@@ -64,11 +63,11 @@ SmtpDialog::SmtpDialog(EditorSession& session, QWidget* parent)
     send_->setEnabled(false);
 
     auto* form = new QFormLayout;
-    form->addRow(Caption(session, "ToolsSMTPLabelServer", "Server"), server_);
-    form->addRow(Caption(session, "ToolsSMTPLabelSender", "Sender"), sender_);
-    form->addRow(Caption(session, "ToolsSMTPLabelRecipient", "Recipient"), recipients_);
-    form->addRow(Caption(session, "ToolsSMTPLabelSubject", "Subject"), subject_);
-    form->addRow(Caption(session, "ToolsSMTPLabelMessage", "Message"), message_);
+    form->addRow(ConfiguredCaption(session, "ToolsSMTPLabelServer", "Server"), server_);
+    form->addRow(ConfiguredCaption(session, "ToolsSMTPLabelSender", "Sender"), sender_);
+    form->addRow(ConfiguredCaption(session, "ToolsSMTPLabelRecipient", "Recipient"), recipients_);
+    form->addRow(ConfiguredCaption(session, "ToolsSMTPLabelSubject", "Subject"), subject_);
+    form->addRow(ConfiguredCaption(session, "ToolsSMTPLabelMessage", "Message"), message_);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(currentStory_);
@@ -128,12 +127,12 @@ void SmtpDialog::Send() {
         mail.body = MailBodyWith(mail.body, attachments.text);
     }
     if (mail.recipients.empty()) {
-        status_->showMessage(tr("Choose a recipient"));
+        status_->showMessage(
+            ConfiguredMessage(session_, "MissingDestination", "Missing destination"));
         send_->setEnabled(true);
         return;
     }
-    std::string sentTo = session_.Message("SentTo");
-    if (sentTo.empty()) sentTo = "Sent to";
+    const std::string sentTo = ToUtf8(ConfiguredMessage(session_, "SentTo", "Sent to"));
     const bool showLines = !images_->isChecked();
     if (worker_.joinable()) worker_.join();
     worker_ = std::thread([this, mail, sentTo, showLines] {

@@ -9,6 +9,7 @@
 
 #include "config/story_section.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -33,8 +34,7 @@ SpellingDialog::SpellingDialog(const EditorSession& session, QWidget* parent)
       changeTo_(new QLineEdit(this)),
       suggest_(new QPushButton(tr("Suggest"), this)) {
     setObjectName(QStringLiteral("frmSpelling"));
-    setWindowTitle(
-        ToQString(session.configuration.interface.CaptionOr("ToolsSpellChecker", "Spell checker")));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsSpellChecker", "Spell checker"));
     box_->setObjectName(QStringLiteral("lblBox"));
     word_->setObjectName(QStringLiteral("txtNotInDictionary"));
     word_->setReadOnly(true);
@@ -52,18 +52,19 @@ SpellingDialog::SpellingDialog(const EditorSession& session, QWidget* parent)
     layout->addWidget(suggestions_, 3, 0, 6, 1);
     const struct {
         const char* name;
+        const char* key;  // empty: no key renames the button
         const char* caption;
         SpellingAction action;
     } buttons[] = {
-        {"cmdChange", "Change", SpellingAction::Replace},
-        {"cmdIgnore", "Ignore", SpellingAction::Ignore},
-        {"cmdIgnoreAll", "Ignore all", SpellingAction::IgnoreAll},
-        {"cmdAddToDictionary", "Add to dictionary", SpellingAction::AddToDictionary},
-        {"cmdCancel", "Cancel", SpellingAction::Stop},
+        {"cmdChange", "ReplaceLabel", "Change", SpellingAction::Replace},
+        {"cmdIgnore", "", "Ignore", SpellingAction::Ignore},
+        {"cmdIgnoreAll", "", "Ignore all", SpellingAction::IgnoreAll},
+        {"cmdAddToDictionary", "", "Add to dictionary", SpellingAction::AddToDictionary},
+        {"cmdCancel", "Cancel", "Cancel", SpellingAction::Stop},
     };
     int row = 2;
     for (const auto& button : buttons) {
-        auto* push = new QPushButton(tr(button.caption), this);
+        auto* push = new QPushButton(ConfiguredCaption(session_, button.key, button.caption), this);
         push->setObjectName(QLatin1String(button.name));
         connect(push, &QPushButton::clicked, this,
                 [this, action = button.action] { Answer(action); });

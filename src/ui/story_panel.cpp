@@ -20,6 +20,7 @@
 #include "editing/multiple_clipboard.h"
 #include "editing/signature.h"
 #include "ui/clipboard_tree.h"
+#include "ui/configured_caption.h"
 #include "ui/notes_tree.h"
 #include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
@@ -48,11 +49,6 @@ bool Visible(const WindowState& window, std::string_view name, bool designed) {
 bool Enabled(const WindowState& window, std::string_view name) {
     const ControlState* control = window.FindControl(name);
     return !control || control->enabled;
-}
-
-QString Caption(const WindowState& window, std::string_view name) {
-    const ControlState* control = window.FindControl(name);
-    return control ? ToQString(control->caption) : QString();
 }
 
 void SetTextColour(QLabel& label, OleColour colour) {
@@ -307,7 +303,7 @@ void StoryPanel::ShowForms() {
     forms_->setCurrentRow(list ? list->selected : -1);
     forms_->setVisible(Visible(window, "lstStoryTypes", true));
     forms_->setEnabled(Enabled(window, "lstStoryTypes"));
-    formsLabel_->setText(Caption(window, "lblStoryTypes"));
+    formsLabel_->setText(ControlCaption(window, "lblStoryTypes", ""));
     formsLabel_->setVisible(Visible(window, "lblStoryTypes", true));
 }
 
@@ -338,13 +334,13 @@ void StoryPanel::ShowBoxControls(int box) {
     widgets.edit->setPalette(palette);
     // Tab types a tab only when the preference says so; otherwise it moves to the next box.
     widgets.edit->setTabChangesFocus(!session_.preferences.TabInText);
-    widgets.label->setText(Caption(window, TextBoxLabelName(box)));
+    widgets.label->setText(ControlCaption(window, TextBoxLabelName(box), ""));
     SetTextColour(*widgets.label, BoxLabelColour(session_, box));
-    widgets.count->setText(Caption(window, CountLabelName(box)));
+    widgets.count->setText(ControlCaption(window, CountLabelName(box), ""));
     const ControlState* count = window.FindControl(CountLabelName(box));
     widgets.count->setToolTip(count ? ToQString(count->toolTip) : QString());
     widgets.count->setVisible(Visible(window, CountLabelName(box), true));
-    widgets.limits->setText(Caption(window, LimitsLabelName(box)));
+    widgets.limits->setText(ControlCaption(window, LimitsLabelName(box), ""));
     widgets.limits->setVisible(Visible(window, LimitsLabelName(box), false));
     widgets.writeLess->setVisible(Visible(window, WriteLessIconName(box), false));
     widgets.writeMore->setVisible(Visible(window, WriteMoreIconName(box), false));
@@ -377,7 +373,7 @@ void StoryPanel::ShowSignature() {
 }
 
 void StoryPanel::ShowTotal() {
-    total_->setText(Caption(session_.window, kTotalCountLabel));
+    total_->setText(ControlCaption(session_.window, kTotalCountLabel, ""));
 }
 
 }  // namespace tessarin

@@ -18,6 +18,7 @@
 #include "editing/story_forms.h"
 #include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
+#include "ui/configured_caption.h"
 #include "ui/insert_characters_dialog.h"
 #include "ui/notes_tree.h"
 #include "ui/questions_answers_dialog.h"
@@ -36,12 +37,6 @@ bool IsBox(int box) {
 void PutOnSystemClipboard(const TextClipboard& clipboard) {
     QApplication::clipboard()->setText(QString::fromStdString(clipboard.text)
                                            .replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
-}
-
-QString PopupCaption(const WindowState& window, std::string_view name, const char* designed) {
-    const ControlState* control = window.FindControl(name);
-    return control && !control->caption.empty() ? QString::fromStdString(control->caption)
-                                                : QLatin1String(designed);
 }
 
 }  // namespace
@@ -359,23 +354,26 @@ void StoryPanel::ShowContextMenu(int box, const QPoint& where) {
     if (state.selection.length > 0) Select(state.selection);
     const WindowState& window = session_.window;
     QMenu menu(this);
-    menu.addAction(PopupCaption(window, "mnuPopupCut", "Cut"), this, &StoryPanel::Cut)
+    menu.addAction(ConfiguredTitle(session_, "EditionCut", "Cut"), this, &StoryPanel::Cut)
         ->setEnabled(state.cut);
-    menu.addAction(PopupCaption(window, "mnuPopupCopy", "Copy"), this, &StoryPanel::Copy)
+    menu.addAction(ConfiguredTitle(session_, "EditionCopy", "Copy"), this, &StoryPanel::Copy)
         ->setEnabled(state.copy);
-    menu.addAction(PopupCaption(window, "mnuPopupPaste", "Paste"), this, &StoryPanel::Paste);
-    menu.addAction(PopupCaption(window, "mnuPopupSynonyms", "Synonyms"), this,
+    menu.addAction(ConfiguredTitle(session_, "EditionPaste", "Paste"), this, &StoryPanel::Paste);
+    menu.addAction(ConfiguredTitle(session_, "Synonyms", "Synonyms"), this,
                    &StoryPanel::ShowSynonyms)
         ->setEnabled(state.synonyms && synonyms_.has_value());
     if (!MultipleClipboardFile(session_).empty()) {
-        menu.addAction(PopupCaption(window, "mnuPopupCopyToMultipleClipboard",
-                                    "Copy to multiple clipboard"),
+        // The Copy attribute of the multiple clipboard's entry captions this command.
+        const std::string& copy =
+            session_.configuration.interface.Entry("EditionMultipleClipboard").Copy;
+        menu.addAction(copy.empty() ? QStringLiteral("Copy to multiple clipboard")
+                                    : QString::fromStdString(copy),
                        this, [this] { snippets_->CopySelection(); })
             ->setEnabled(state.copyToMultipleClipboard);
     }
     if (session_.configuration.story.notes.visible) {
         menu.addSeparator();
-        menu.addAction(PopupCaption(window, "mnuPopupAddNote", "Add note"), this,
+        menu.addAction(ControlCaption(window, "mnuPopupAddNote", "Add note"), this,
                        [this] { notes_->AddNote(true); });
     }
     menu.exec(where);

@@ -8,6 +8,8 @@
 
 #include "common/text_replace.h"
 #include "session/editor_session.h"
+#include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -27,7 +29,7 @@ SynonymsDialog::SynonymsDialog(const EditorSession& session, const SynonymsDicti
     ok->setObjectName(QStringLiteral("cmdOK"));
     QPushButton* cancel = buttons->addButton(QDialogButtonBox::Cancel);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(ToQString(session.configuration.interface.CaptionOr("Cancel", "Cancel")));
+    cancel->setText(ConfiguredCaption(session_, "Cancel", "Cancel"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -50,10 +52,8 @@ SynonymsDialog::SynonymsDialog(const EditorSession& session, const SynonymsDicti
 }
 
 void SynonymsDialog::ShowSynonyms(const std::string& word) {
-    std::string title =
-        session_.configuration.interface.CaptionOr("ToolsSynonyms", "Synonyms for: ###");
-    ReplaceAllInText(title, "###", word);
-    setWindowTitle(ToQString(title));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsSynonyms", "Synonyms for: ###")
+                       .replace(QStringLiteral("###"), ToQString(word)));
     synonyms_->clear();
     for (const std::string& line : SynonymsOf(dictionary_, word))
         synonyms_->addItem(ToQString(line));

@@ -21,6 +21,7 @@
 #include "logs/story_log_view.h"
 #include "session/editor_session.h"
 #include "tracking/tracking_actions.h"
+#include "ui/configured_caption.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -126,10 +127,9 @@ TrackingDialog::TrackingDialog(EditorSession& session, QWidget* parent)
       waiting_(Named<QLabel>("lblTxtWaiting")),
       popup_(Named<QMenu>("mnuPopup", this)) {
     setObjectName(QStringLiteral("frmTracking"));
-    setWindowTitle(
-        ToQString(session.configuration.interface.CaptionOr("ToolsTracking", "Tracking")));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsTracking", "Tracking"));
     search_->setEditable(true);
-    matchCase_->setText(QStringLiteral("Match case"));
+    matchCase_->setText(ConfiguredCaption(session_, "SearchTextMatchCase", "Match case"));
     story_->setReadOnly(true);
     image_->setAlignment(Qt::AlignCenter);
     tree_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -165,15 +165,11 @@ QWidget* TrackingDialog::BuildDisplay() {
          {std::tuple{"lblTxtCreation", "lblCreationDate", "Created"},
           std::tuple{"lblTxtLastSave", "lblLastSaveDate", "Saved"},
           std::tuple{"lblTxtLastAuthor", "lblLastSaveAuthor", "Last author"}}) {
-        const ControlState* caption = session_.window.FindControl(key);
-        labels->addRow(caption == nullptr || caption->caption.empty() ? QLatin1String(design)
-                                                                      : ToQString(caption->caption),
-                       Named<QLabel>(name));
+        labels->addRow(ControlCaption(session_.window, key, design), Named<QLabel>(name));
     }
     labels->addRow(QString(), waiting_);
-    logTabs_->addTab(ToQString(session_.configuration.interface.CaptionOr("LogsSort", "Logs")));
-    logTabs_->addTab(
-        ToQString(session_.configuration.interface.CaptionOr("LogsRevertSort", "Reverse")));
+    logTabs_->addTab(ConfiguredCaption(session_, "LogsSort", "Logs"));
+    logTabs_->addTab(ConfiguredCaption(session_, "LogsRevertSort", "Reverse"));
     auto* layout = new QVBoxLayout(display);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(labels);
@@ -187,15 +183,13 @@ QWidget* TrackingDialog::BuildDisplay() {
 void TrackingDialog::BuildMenu() {
     auto* bar = new QMenuBar(this);
     layout()->setMenuBar(bar);
-    QMenu* menu = bar->addMenu(
-        ToQString(session_.configuration.interface.CaptionOr("ToolsTracking", "Tracking")));
+    QMenu* menu = bar->addMenu(ConfiguredTitle(session_, "ToolsTracking", "Tracking"));
     auto* dispatch = new QActionGroup(this);
     auto* show = new QActionGroup(this);
     for (std::size_t index = 0; index < std::size(kChoiceEntries); ++index) {
         const ChoiceEntry& choice = kChoiceEntries[index];
         if (index == 3 || index == 4 || index == 7) menu->addSeparator();
-        QAction* action = menu->addAction(
-            ToQString(session_.configuration.interface.CaptionOr(choice.key, choice.design)));
+        QAction* action = menu->addAction(ConfiguredCaption(session_, choice.key, choice.design));
         action->setObjectName(QLatin1String(choice.entry));
         action->setCheckable(true);
         if (index < 3) dispatch->addAction(action);
@@ -206,12 +200,11 @@ void TrackingDialog::BuildMenu() {
         });
         choiceEntries_.push_back(action);
     }
-    const InterfaceSettings& interface = session_.configuration.interface;
     for (const auto& [name, key, design] :
          {std::tuple{"mnuPopupDeleteAllStories", "TrackingClearAll", "Delete all"},
           std::tuple{"mnuPopupDeleteStories", "TrackingClearInsideItem", "Delete"},
           std::tuple{"mnuPopupSendMessage", "TrackingMessage", "Message"}}) {
-        popup_->addAction(ToQString(interface.CaptionOr(key, design)))
+        popup_->addAction(ConfiguredCaption(session_, key, design))
             ->setObjectName(QLatin1String(name));
     }
 }
@@ -302,9 +295,8 @@ void TrackingDialog::Refresh() {
             ->setText(ToQString(window_.state.Control(name).caption));
     waiting_->setText(window_.waitingIn.empty()
                           ? QString()
-                          : ToQString(session_.configuration.interface.CaptionOr(
-                                          "ToolsWaitingStories", "Waiting stories") +
-                                      ": " + window_.waitingIn));
+                          : ConfiguredCaption(session_, "ToolsWaitingStories", "Waiting stories") +
+                                QStringLiteral(": ") + ToQString(window_.waitingIn));
     story_->setPlainText(ToQString(window_.storyText));
     const QPixmap picture(ToQString(window_.picture.string()));
     image_->setVisible(!picture.isNull());
@@ -337,10 +329,7 @@ TrackingMessageDialog::TrackingMessageDialog(EditorSession& session, MessageWind
     setWindowTitle(ToQString(window_.state.title));
     auto* form = new QFormLayout;
     const WindowState& state = window_.state;
-    const auto caption = [&state](const char* name) {
-        const ControlState* control = state.FindControl(name);
-        return control == nullptr ? QString() : ToQString(control->caption);
-    };
+    const auto caption = [&state](const char* name) { return ControlCaption(state, name, ""); };
     for (const auto& [label, value, text] :
          {std::tuple{"lblFrom", "lblTxtFrom", &window_.from},
           std::tuple{"lblTo", "lblTxtTo", &window_.to},
@@ -357,7 +346,7 @@ TrackingMessageDialog::TrackingMessageDialog(EditorSession& session, MessageWind
     message->setReadOnly(window_.mode == MessageMode::Reading);
     form->addRow(Named<QLabel>("lblMessage", caption("lblMessage")), message);
     auto* ok = Named<QPushButton>("cmdOK", caption("cmdOK"));
-    auto* open = Named<QPushButton>("cmdOpen", QStringLiteral("Open"));
+    auto* open = Named<QPushButton>("cmdOpen", ConfiguredTitle(session_, "FileOpen", "Open"));
     auto* cancel = Named<QPushButton>("cmdCancel", caption("cmdCancel"));
     ok->setEnabled(!window_.message.empty());
     ShowControlState(*open, state, "cmdOpen");

@@ -10,6 +10,7 @@
 #include "linguistics/spell_check_command.h"
 #include "linguistics/word_statistics_settings.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/empty_words_dialog.h"
 #include "ui/window_state_binding.h"
 
@@ -29,39 +30,36 @@ WordStatisticsDialog::WordStatisticsDialog(EditorSession& session, QWidget* pare
       unknownOnly_(new QCheckBox(this)),
       status_(new QLabel(this)),
       story_(new QTextEdit(this)) {
-    const InterfaceSettings& captions = session.configuration.interface;
-    auto caption = [&captions](const char* key, const char* designed) {
-        return ToQString(captions.CaptionOr(key, designed));
-    };
     setObjectName(QStringLiteral("frmWordStatistics"));
-    setWindowTitle(caption("ToolsWordStatistics", "Word statistics"));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsWordStatistics", "Word statistics"));
     words_->setObjectName(QStringLiteral("lvWords"));
     words_->setRootIsDecorated(false);
     words_->setHeaderLabels(
-        {caption("Word", "Word"), caption("ToolsWordStatisticsOccurrences", "Occurrences")});
+        {ConfiguredCaption(session_, "Word", "Word"),
+         ConfiguredCaption(session_, "ToolsWordStatisticsOccurrences", "Occurrences")});
     ignoreEmptyWords_->setObjectName(QStringLiteral("chkIgnoreEmptyWords"));
     ignoreEmptyWords_->setText(
-        caption("ToolsWordStatisticsIgnoreEmptyWords", "Ignore empty words"));
+        ConfiguredCaption(session_, "ToolsWordStatisticsIgnoreEmptyWords", "Ignore empty words"));
     ignoreEmptyWords_->setChecked(IgnoreEmptyWordsChosen(session.profile));
     unknownOnly_->setObjectName(QStringLiteral("chkDisplayUnknownOnly"));
-    unknownOnly_->setText(
-        caption("ToolsWordStatisticsHighlightUnknownOnly", "Display unknown words only"));
+    unknownOnly_->setText(ConfiguredCaption(session_, "ToolsWordStatisticsHighlightUnknownOnly",
+                                            "Display unknown words only"));
     status_->setObjectName(QStringLiteral("lblStatus"));
     story_->setObjectName(QStringLiteral("rtfStory"));
     story_->setReadOnly(true);
 
-    auto* emptyWords =
-        new QPushButton(caption("ToolsWordStatisticsEmptyWordsList", "Empty words"), this);
+    auto* emptyWords = new QPushButton(
+        ConfiguredCaption(session_, "ToolsWordStatisticsEmptyWordsList", "Empty words"), this);
     emptyWords->setObjectName(QStringLiteral("lblEmptyWords"));
     emptyWords->setFlat(true);
-    auto* unknownWords = new QPushButton(
-        caption(session.preferences.CheckSpellingType == 1 ? "UnknownWordsUsingCordial"
-                                                           : "UnknownWordsUsingWord",
-                "Highlight unknown words"),
-        this);
+    auto* unknownWords =
+        new QPushButton(ConfiguredCaption(session_, "ToolsWordStatisticsHighlightUnknown",
+                                          "Highlight unknown words"),
+                        this);
     unknownWords->setObjectName(QStringLiteral("lblUnknownWords"));
     unknownWords->setFlat(true);
-    auto* analyse = new QPushButton(caption("ToolsWordStatisticsAnalyse", "Analyse"), this);
+    auto* analyse =
+        new QPushButton(ConfiguredCaption(session_, "ToolsWordStatisticsAnalyse", "Analyse"), this);
     analyse->setObjectName(QStringLiteral("cmdAnalyse"));
 
     connect(analyse, &QPushButton::clicked, this, &WordStatisticsDialog::Analyse);
@@ -137,13 +135,12 @@ void WordStatisticsDialog::ListWords() {
             if (word.unknown) item->setForeground(0, kUnknownWord);
         }
     }
-    const InterfaceSettings& captions = session_.configuration.interface;
     status_->setStyleSheet(QString());
     status_->setText(
-        ToQString(captions.CaptionOr("ToolsWordStatisticsOccurrences", "Occurrences") + ": " +
-                  std::to_string(statistics_.occurrences) + " - " +
-                  captions.CaptionOr("ToolsWordStatisticsDistinctWords", "Distinct words") + ": " +
-                  std::to_string(statistics_.DistinctWords())));
+        ConfiguredCaption(session_, "ToolsWordStatisticsOccurrences", "Occurrences") +
+        QStringLiteral(": %1 - ").arg(statistics_.occurrences) +
+        ConfiguredCaption(session_, "ToolsWordStatisticsDistinctWords", "Distinct words") +
+        QStringLiteral(": %1").arg(statistics_.DistinctWords()));
 }
 
 void WordStatisticsDialog::ShowWord(const QString& word) {

@@ -20,6 +20,7 @@
 #include "transmission/send_preview.h"
 #include "transmission/workflow_destinations.h"
 #include "transmission/workflow_send.h"
+#include "ui/configured_caption.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -69,8 +70,7 @@ WorkflowDialog::WorkflowDialog(EditorSession& session, QWidget* parent)
       status_(Named<QStatusBar>("StatusBar1")),
       panel_(Named<QLabel>("StatusPanel1")) {
     setObjectName(QStringLiteral("frmWorkflow"));
-    setWindowTitle(
-        ToQString(session.configuration.interface.CaptionOr("ToolsSendWorkflow", "Send")));
+    setWindowTitle(ConfiguredTitle(session_, "ToolsSendWorkflow", "Send"));
     resize(kWidth, kHeight);
     tabs_->addTab(QString());
     tabs_->addTab(QString());
@@ -206,8 +206,7 @@ void WorkflowDialog::Send() {
 void WorkflowDialog::Refresh() {
     const WindowState& state = window_.state;
     const auto caption = [&state](std::string_view name) {
-        const ControlState* control = state.FindControl(name);
-        return control == nullptr ? QString() : ToQString(control->caption);
+        return ControlCaption(state, name, "");
     };
     tabs_->setTabText(0, caption("TabSend1"));
     tabs_->setTabText(1, caption("TabSend2"));
