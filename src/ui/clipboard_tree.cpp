@@ -5,6 +5,7 @@
 #include <QMenu>
 
 #include "editing/multiple_clipboard.h"
+#include "ui/tool_tip_text.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -29,7 +30,7 @@ void ClipboardTree::Refresh() {
     ShowMultipleClipboard(session_, kShortFormLimit);
     setVisible(session_.preferences.MultipleClipboardVisible);
     setToolTip(
-        ToQString(session_.configuration.interface.Entry("EditionMultipleClipboard").ToolTipText));
+        ToolTipText(session_.configuration.interface.Entry("EditionMultipleClipboard").ToolTipText));
     clear();
     const TreeModel& model = session_.window.Tree("treeClipboard");
     if (model.Empty()) return;
