@@ -19,7 +19,6 @@ std::optional<std::int32_t> ProportionOf(int first, int whole);
 // pixels that add up to it. Nothing when the value is not a share strictly between 0 and the
 // scale (a missing key, a pixel count that an earlier version wrote): the split then keeps
 // its designed sizes.
-std::optional<std::pair<int, int>> SizesForProportion(std::optional<std::int32_t> share,
-                                                      int whole);
+std::optional<std::pair<int, int>> SizesForProportion(std::optional<std::int32_t> share, int whole);
 
 }  // namespace tessarin

@@ -9,11 +9,6 @@ namespace {
 
 constexpr std::string_view kRootName = "TipOfTheDay";
 
-std::size_t Wrapped(std::int64_t index, std::size_t count) {
-    const auto size = static_cast<std::int64_t>(count);
-    return static_cast<std::size_t>(((index % size) + size) % size);
-}
-
 }  // namespace
 
 TipsOfTheDay ReadTipsOfTheDay(const std::filesystem::path& file) {
@@ -37,18 +32,19 @@ TipsOfTheDay ReadTipsOfTheDay(const std::filesystem::path& file) {
     return result;
 }
 
-std::size_t TipAfter(std::int32_t lastShown, std::size_t count) {
-    return Wrapped(static_cast<std::int64_t>(lastShown) + 1, count);
+std::size_t TipInRing(std::int64_t index, std::size_t count) {
+    const auto size = static_cast<std::int64_t>(count);
+    return static_cast<std::size_t>(((index % size) + size) % size);
 }
 
-std::size_t TipBefore(std::int32_t shown, std::size_t count) {
-    return Wrapped(static_cast<std::int64_t>(shown) - 1, count);
+std::size_t FirstTipToShow(const TipOfTheDaySection& tips, std::size_t count) {
+    return TipInRing(tips.LastTipOfTheDay, count);
 }
 
 void RememberTips(Preferences& preferences, ProfileFile& profile, std::size_t shown,
                   bool showAtStartup) {
     TipOfTheDaySection& tips = preferences.TipOfTheDay;
-    tips.LastTipOfTheDay = static_cast<std::int32_t>(shown);
+    tips.LastTipOfTheDay = static_cast<std::int32_t>(shown + 1);
     tips.ShowTipsAtStartup = showAtStartup;
     WriteTipOfTheDay(profile, tips);
 }

@@ -31,15 +31,17 @@ struct TipsOfTheDay {
 
 TipsOfTheDay ReadTipsOfTheDay(const std::filesystem::path& file);
 
-// Which tip the window shows as the user leafs through count tips: the one after the last
-// shown (LastTipOfTheDay) when the window opens, so that every opening brings a new tip, then
-// one step forward or back; it goes round from the last tip to the first and back. Any
-// stored value, negative or past the end, gives a tip. Needs count > 0.
-std::size_t TipAfter(std::int32_t lastShown, std::size_t count);
-std::size_t TipBefore(std::int32_t shown, std::size_t count);
+// Tips are leafed through in a ring: any index, negative or past the end, names the tip it
+// lands on going round (-1 the last, count the first). Needs count > 0.
+std::size_t TipInRing(std::int64_t index, std::size_t count);
 
-// The window closes on tip shown: the TipOfTheDay section keeps it and whether tips show at
-// start, in memory and in the preferences file.
+// The tip the window opens on: the one after the last shown, so that every opening brings a
+// new tip. LastTipOfTheDay counts from 1 (0, its default, means none shown yet), so it is
+// also the index of the tip that follows it.
+std::size_t FirstTipToShow(const TipOfTheDaySection& tips, std::size_t count);
+
+// The window closes on the tip of index shown: the TipOfTheDay section keeps its number and
+// whether tips show at start, in memory and in the preferences file.
 void RememberTips(Preferences& preferences, ProfileFile& profile, std::size_t shown,
                   bool showAtStartup);
 

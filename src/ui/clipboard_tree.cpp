@@ -29,8 +29,8 @@ ClipboardTree::ClipboardTree(EditorSession& session, Panel panel, QWidget* paren
 void ClipboardTree::Refresh() {
     ShowMultipleClipboard(session_, kShortFormLimit);
     setVisible(session_.preferences.MultipleClipboardVisible);
-    setToolTip(
-        ToolTipText(session_.configuration.interface.Entry("EditionMultipleClipboard").ToolTipText));
+    setToolTip(ToolTipText(
+        session_.configuration.interface.Entry("EditionMultipleClipboard").ToolTipText));
     clear();
     const TreeModel& model = session_.window.Tree("treeClipboard");
     if (model.Empty()) return;

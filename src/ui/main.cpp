@@ -68,13 +68,17 @@ struct CommandLine {
 
 // The menu entry that shows a view named on the command line.
 std::optional<ScreenshotView> ViewMenuEntry(const QString& name) {
-    if (name == QLatin1String("informations")) return {{QStringLiteral("mnuDisplayMetadata")}};
-    if (name == QLatin1String("story")) return {{QStringLiteral("mnuDisplayStory")}};
-    if (name == QLatin1String("images")) return {{QStringLiteral("mnuDisplayImages")}};
+    if (name == QLatin1String("informations"))
+        return ScreenshotView{QStringLiteral("mnuDisplayMetadata"), {}};
+    if (name == QLatin1String("story"))
+        return ScreenshotView{QStringLiteral("mnuDisplayStory"), {}};
+    if (name == QLatin1String("images"))
+        return ScreenshotView{QStringLiteral("mnuDisplayImages"), {}};
     if (name == QLatin1String("teleprompter"))
-        return {{QStringLiteral("mnuDisplayTeleprompter"), QStringLiteral("frmTeleprompter")}};
+        return ScreenshotView{QStringLiteral("mnuDisplayTeleprompter"),
+                              QStringLiteral("frmTeleprompter")};
     if (name == QLatin1String("tipoftheday"))
-        return {{QStringLiteral("mnuTipOfTheDay"), QStringLiteral("frmTipOfTheDay")}};
+        return ScreenshotView{QStringLiteral("mnuTipOfTheDay"), QStringLiteral("frmTipOfTheDay")};
     return std::nullopt;
 }
 
@@ -84,10 +88,9 @@ std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
     bool haveConfiguration = false;
     for (qsizetype index = 1; index < arguments.size(); ++index) {
         const QString& argument = arguments[index];
-        const bool takesValue = argument == QLatin1String("--app-dir") ||
-                                argument == QLatin1String("--screenshot") ||
-                                argument == QLatin1String("--view") ||
-                                argument == QLatin1String("--story");
+        const bool takesValue =
+            argument == QLatin1String("--app-dir") || argument == QLatin1String("--screenshot") ||
+            argument == QLatin1String("--view") || argument == QLatin1String("--story");
         if (takesValue) {
             if (++index >= arguments.size()) return std::nullopt;
             if (argument == QLatin1String("--app-dir")) {
@@ -116,28 +119,25 @@ std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
 // ends.
 void TakeScreenshotOnceShown(tessarin::MainWindow& window, const QString& file,
                              const ScreenshotView& view, const std::filesystem::path& story) {
-    QObject::connect(&window, &tessarin::MainWindow::firstActivationDone, &window,
-                     [&window, file, view, story] {
-                         if (!story.empty()) {
-                             tessarin::OpenStoryFile(window.Session(), story);
-                             window.RefreshAll();
-                         }
-                         if (!view.menuEntry.isEmpty()) {
-                             if (auto* entry = window.findChild<QAction*>(view.menuEntry))
-                                 entry->trigger();
-                         }
-                         QTimer::singleShot(0, &window, [&window, file, view] {
-                             QWidget* pictured = &window;
-                             if (!view.window.isEmpty())
-                                 pictured = window.findChild<QWidget*>(view.window);
-                             const bool saved =
-                                 pictured != nullptr && pictured->grab().save(file, "PNG");
-                             if (!saved)
-                                 std::fprintf(stderr, "tessarin: cannot write %s\n",
-                                              file.toLocal8Bit().constData());
-                             QApplication::exit(saved ? kExitDone : kExitFailed);
-                         });
-                     });
+    QObject::connect(
+        &window, &tessarin::MainWindow::firstActivationDone, &window, [&window, file, view, story] {
+            if (!story.empty()) {
+                tessarin::OpenStoryFile(window.Session(), story);
+                window.RefreshAll();
+            }
+            if (!view.menuEntry.isEmpty()) {
+                if (auto* entry = window.findChild<QAction*>(view.menuEntry)) entry->trigger();
+            }
+            QTimer::singleShot(0, &window, [&window, file, view] {
+                QWidget* pictured = &window;
+                if (!view.window.isEmpty()) pictured = window.findChild<QWidget*>(view.window);
+                const bool saved = pictured != nullptr && pictured->grab().save(file, "PNG");
+                if (!saved)
+                    std::fprintf(stderr, "tessarin: cannot write %s\n",
+                                 file.toLocal8Bit().constData());
+                QApplication::exit(saved ? kExitDone : kExitFailed);
+            });
+        });
 }
 
 // What an unattended run was asked and told, on standard error.

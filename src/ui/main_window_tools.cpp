@@ -45,7 +45,7 @@ void MainWindow::ConnectTools() {
 // At start a missing or empty tip file shows nothing; asked for from the menu, the user is
 // told. A file that cannot be read is told in the status panel. The window is opened once.
 void MainWindow::ShowTipsOfTheDay(bool atStart) {
-    if (auto* open = findChild<TipOfTheDayDialog*>()) {
+    if (auto* open = findChild<TipOfTheDayDialog*>(); open != nullptr && open->isVisible()) {
         open->raise();
         open->activateWindow();
         return;

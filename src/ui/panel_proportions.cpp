@@ -38,9 +38,8 @@ class SplitterShare : public QObject {
         : QObject(&splitter), splitter_(splitter), share_(stored) {
         setObjectName(QStringLiteral("SplitterShare"));
         splitter.installEventFilter(this);
-        connect(&splitter, &QSplitter::splitterMoved, this, [this] {
-            share_ = ProportionOf(splitter_.sizes().value(0), Whole(splitter_));
-        });
+        connect(&splitter, &QSplitter::splitterMoved, this,
+                [this] { share_ = ProportionOf(splitter_.sizes().value(0), Whole(splitter_)); });
         Apply();
     }
 
@@ -59,9 +58,9 @@ class SplitterShare : public QObject {
     void Apply() {
         if (splitter_.count() != 2) return;
         const int handles = splitter_.handleWidth();
-        const int whole = (splitter_.orientation() == Qt::Horizontal ? splitter_.width()
-                                                                     : splitter_.height()) -
-                          handles;
+        const int whole =
+            (splitter_.orientation() == Qt::Horizontal ? splitter_.width() : splitter_.height()) -
+            handles;
         if (const auto sizes = SizesForProportion(share_, whole))
             splitter_.setSizes({sizes->first, sizes->second});
     }

@@ -9,8 +9,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSplitter>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QStyle>
 #include <QTextDocument>
 #include <QVBoxLayout>

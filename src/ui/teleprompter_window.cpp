@@ -27,8 +27,8 @@ QColor LettersOn(const QColor& background) {
 
 }  // namespace
 
-TeleprompterWindow::TeleprompterWindow(const std::u16string& text,
-                                       const Preferences& preferences, QWidget* parent)
+TeleprompterWindow::TeleprompterWindow(const std::u16string& text, const Preferences& preferences,
+                                       QWidget* parent)
     : QWidget(parent, Qt::Window),
       text_(Named(new QTextEdit, "txtTeleprompter")),
       speed_(Named(new QLabel, "lblTeleprompterSpeed")),
@@ -88,16 +88,17 @@ void TeleprompterWindow::Tick() {
     const auto elapsed = static_cast<int>(clock_.restart());
     const bool wasPaused = scroll_.Paused();
     QScrollBar& bar = *text_->verticalScrollBar();
-    bar.setValue(scroll_.Advance(elapsed, QFontMetrics(text_->font()).lineSpacing(), bar.maximum()));
+    bar.setValue(
+        scroll_.Advance(elapsed, QFontMetrics(text_->font()).lineSpacing(), bar.maximum()));
     if (scroll_.Paused() != wasPaused) ShowSpeed();
 }
 
 // A sign for running or paused and the speed, words that need no translation.
 void TeleprompterWindow::ShowSpeed() {
-    speed_->setText(QStringLiteral("%1 %2")
-                        .arg(scroll_.Paused() ? QStringLiteral("\u275A\u275A")
-                                              : QStringLiteral("\u25B6"))
-                        .arg(scroll_.Speed()));
+    speed_->setText(
+        QStringLiteral("%1 %2")
+            .arg(scroll_.Paused() ? QStringLiteral("\u275A\u275A") : QStringLiteral("\u25B6"))
+            .arg(scroll_.Speed()));
 }
 
 }  // namespace tessarin

@@ -20,8 +20,7 @@ namespace tessarin {
 class TeleprompterWindow : public QWidget {
     Q_OBJECT
   public:
-    TeleprompterWindow(const std::u16string& text, const Preferences& preferences,
-                       QWidget* parent);
+    TeleprompterWindow(const std::u16string& text, const Preferences& preferences, QWidget* parent);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -43,27 +43,25 @@ TipOfTheDayDialog::TipOfTheDayDialog(EditorSession& session, std::vector<std::st
     showAtStartup_->setChecked(session.preferences.TipOfTheDay.ShowTipsAtStartup);
 
     auto* buttons = new QDialogButtonBox;
-    auto* previous = Named(buttons->addButton(tr("Previous"), QDialogButtonBox::ActionRole),
-                           "cmdPreviousTip");
-    auto* next =
-        Named(buttons->addButton(tr("Next"), QDialogButtonBox::ActionRole), "cmdNextTip");
+    auto* previous =
+        Named(buttons->addButton(tr("Previous"), QDialogButtonBox::ActionRole), "cmdPreviousTip");
+    auto* next = Named(buttons->addButton(tr("Next"), QDialogButtonBox::ActionRole), "cmdNextTip");
     auto* close = Named(buttons->addButton(QDialogButtonBox::Close), "cmdClose");
     next->setDefault(true);
     connect(previous, &QPushButton::clicked, this,
-            [this] { Show(TipBefore(static_cast<std::int32_t>(shown_), tips_.size())); });
+            [this] { Show(TipInRing(static_cast<std::int64_t>(shown_) - 1, tips_.size())); });
     connect(next, &QPushButton::clicked, this,
-            [this] { Show(TipAfter(static_cast<std::int32_t>(shown_), tips_.size())); });
+            [this] { Show(TipInRing(static_cast<std::int64_t>(shown_) + 1, tips_.size())); });
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     connect(this, &QDialog::finished, this, [this] {
-        RememberTips(session_.preferences, session_.profile, shown_,
-                     showAtStartup_->isChecked());
+        RememberTips(session_.preferences, session_.profile, shown_, showAtStartup_->isChecked());
     });
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tip_, 1);
     layout->addWidget(showAtStartup_);
     layout->addWidget(buttons);
-    Show(TipAfter(session.preferences.TipOfTheDay.LastTipOfTheDay, tips_.size()));
+    Show(FirstTipToShow(session.preferences.TipOfTheDay, tips_.size()));
 }
 
 void TipOfTheDayDialog::Show(std::size_t tip) {

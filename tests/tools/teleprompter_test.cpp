@@ -23,10 +23,10 @@ TEST(Teleprompter, TextIsTheBoxesWithoutNotesOrSignature) {
 
 TEST(Teleprompter, KeysByTheirPortableNames) {
     const std::pair<const char*, PrompterCommand> cases[] = {
-        {"Down", PrompterCommand::Faster},  {"+", PrompterCommand::Faster},
-        {"Up", PrompterCommand::Slower},    {"-", PrompterCommand::Slower},
-        {"Space", PrompterCommand::Pause},  {"Home", PrompterCommand::BackToTop},
-        {"Esc", PrompterCommand::Close},    {"A", PrompterCommand::None},
+        {"Down", PrompterCommand::Faster},    {"+", PrompterCommand::Faster},
+        {"Up", PrompterCommand::Slower},      {"-", PrompterCommand::Slower},
+        {"Space", PrompterCommand::Pause},    {"Home", PrompterCommand::BackToTop},
+        {"Esc", PrompterCommand::Close},      {"A", PrompterCommand::None},
         {"Ctrl+Down", PrompterCommand::None}, {"", PrompterCommand::None},
     };
     for (const auto& [name, command] : cases)

@@ -38,23 +38,22 @@ TEST(TipsOfTheDay, MissingFileIsNoProblemButABrokenOneIsTold) {
     EXPECT_TRUE(broken.problem.starts_with("Parsing error: ")) << broken.problem;
     EXPECT_NE(broken.problem.find("line:1"), std::string::npos) << broken.problem;
 
-    const TipsOfTheDay other = ReadTipsOfTheDay(dir.Write("other.xml", "<Tips><Tip>a</Tip></Tips>"));
+    const TipsOfTheDay other =
+        ReadTipsOfTheDay(dir.Write("other.xml", "<Tips><Tip>a</Tip></Tips>"));
     EXPECT_TRUE(other.tips.empty());
     EXPECT_NE(other.problem.find("TipOfTheDay"), std::string::npos);
 }
 
-// Leafing goes round; any stored value, however odd, lands on a tip.
+// The ring: any index lands on a tip; a fresh user (LastTipOfTheDay 0) starts at the first
+// tip, and one who last saw the last tip starts again at the first.
 TEST(TipsOfTheDay, LeafingGoesRound) {
-    struct Case {
-        std::int32_t stored;
-        std::size_t after, before;
-    };
-    for (const Case& c : {Case{0, 1, 2}, Case{2, 0, 1}, Case{-1, 0, 1}, Case{-7, 0, 1},
-                          Case{3, 1, 2}, Case{2147483647, 2, 0}}) {
-        EXPECT_EQ(TipAfter(c.stored, 3), c.after) << c.stored;
-        EXPECT_EQ(TipBefore(c.stored, 3), c.before) << c.stored;
-    }
-    EXPECT_EQ(TipAfter(5, 1), 0u);
+    const std::pair<std::int64_t, std::size_t> cases[] = {{0, 0},  {2, 2},  {3, 0},
+                                                          {-1, 2}, {-7, 2}, {2147483648, 2}};
+    for (const auto& [index, tip] : cases)
+        EXPECT_EQ(TipInRing(index, 3), tip) << index;
+    EXPECT_EQ(FirstTipToShow(TipOfTheDaySection{}, 3), 0u);
+    EXPECT_EQ(FirstTipToShow(TipOfTheDaySection{true, 3}, 3), 0u);
+    EXPECT_EQ(FirstTipToShow(TipOfTheDaySection{true, 1}, 3), 1u);
 }
 
 TEST(TipsOfTheDay, RememberedInMemoryAndInThePreferences) {
@@ -62,10 +61,10 @@ TEST(TipsOfTheDay, RememberedInMemoryAndInThePreferences) {
     ProfileFile profile(dir / "Tessarin.ini");
     Preferences preferences;
     RememberTips(preferences, profile, 4, false);
-    EXPECT_EQ(preferences.TipOfTheDay.LastTipOfTheDay, 4);
+    EXPECT_EQ(preferences.TipOfTheDay.LastTipOfTheDay, 5);
     EXPECT_FALSE(preferences.TipOfTheDay.ShowTipsAtStartup);
     EXPECT_EQ(ReadBytes(dir / "Tessarin.ini"),
-              "[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=4\r\n");
+              "[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=5\r\n");
 }
 
 }  // namespace

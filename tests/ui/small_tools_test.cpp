@@ -41,7 +41,8 @@ class SmallToolsTest : public QObject {
     void panelsKeepTheirShareThroughResizeAndRestart() {
         TempDir dir;
         dir.Write("Tessarin.xml", Newsroom());
-        dir.Write("Tessarin.ini", "[MainWindow]\r\nWidth=900\r\nHeight=600\r\nSizeBarVImage=2500\r\n");
+        dir.Write("Tessarin.ini",
+                  "[MainWindow]\r\nWidth=900\r\nHeight=600\r\nSizeBarVImage=2500\r\n");
         {
             Editor editor(dir);
             QVERIFY(editor.StartAndShow());
@@ -80,9 +81,10 @@ class SmallToolsTest : public QObject {
     void tipsLeafRoundAndRememberWhereTheUserIs() {
         TempDir dir;
         dir.Write("Tessarin.xml", Newsroom());
-        dir.Write("Tessarin.ini", "[TipOfTheDay]\r\nLastTipOfTheDay=0\r\n");
-        dir.Write("TipOfTheDay.xml",
-                  "<TipOfTheDay><Tip>One</Tip><Tip>Two\\nlines</Tip><Tip>Three</Tip></TipOfTheDay>");
+        dir.Write("Tessarin.ini", "[TipOfTheDay]\r\nLastTipOfTheDay=1\r\n");
+        dir.Write(
+            "TipOfTheDay.xml",
+            "<TipOfTheDay><Tip>One</Tip><Tip>Two\\nlines</Tip><Tip>Three</Tip></TipOfTheDay>");
         {
             Editor editor(dir);
             QVERIFY(editor.StartAndShow());
@@ -94,8 +96,9 @@ class SmallToolsTest : public QObject {
             QCOMPARE(tip->text(), QStringLiteral("Three"));
             Find<QCheckBox>(*tips, "chkShowTipsAtStartup")->setChecked(false);
             Find<QPushButton>(*tips, "cmdClose")->click();
-            QVERIFY(ReadBytes(dir / "Tessarin.ini")
-                        .ends_with("[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=2\r\n"));
+            QVERIFY(
+                ReadBytes(dir / "Tessarin.ini")
+                    .ends_with("[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=3\r\n"));
         }
         Editor again(dir);
         QVERIFY(again.StartAndShow());
@@ -118,8 +121,11 @@ class SmallToolsTest : public QObject {
         editor.window.Session().story.boxes[6] = StyledText(text);
         editor.Trigger("mnuDisplayTeleprompter");
         auto* prompter = Find<QWidget>(editor.window, "frmTeleprompter");
+        QVERIFY(QTest::qWaitForWindowExposed(prompter));
         QVERIFY(prompter->isFullScreen());
-        QVERIFY(Find<QTextEdit>(*prompter, "txtTeleprompter")->toPlainText().startsWith("Line 1\nLine 2"));
+        QVERIFY(Find<QTextEdit>(*prompter, "txtTeleprompter")
+                    ->toPlainText()
+                    .startsWith("Line 1\nLine 2"));
         auto* speed = Find<QLabel>(*prompter, "lblTeleprompterSpeed");
         QScrollBar* bar = Find<QTextEdit>(*prompter, "txtTeleprompter")->verticalScrollBar();
         QCOMPARE(speed->text(), QStringLiteral("\u275A\u275A 5"));
@@ -139,8 +145,9 @@ class SmallToolsTest : public QObject {
     void toolTipsOnSeveralLinesAndTheUserGuide() {
         TempDir dir;
         dir.Write("Tessarin.xml",
-                  Newsroom("", "<EditionMultipleClipboard ToolTipText=\"Drag here\\nor there\"/>"
-                               "<FileSave>Save\\nthe story</FileSave>"));
+                  Newsroom("",
+                           "<EditionMultipleClipboard ToolTipText=\"Drag here\\nor there\"/>"
+                           "<FileSave>Save\\nthe story</FileSave>"));
         Editor editor(dir);
         QVERIFY(editor.StartAndShow());
         QCOMPARE(Find<QWidget>(editor.window, "treeClipboard")->toolTip(),
@@ -154,7 +161,8 @@ class SmallToolsTest : public QObject {
         const auto guide = dir.Write("docs/user-guide.html", "<html></html>");
         editor.Trigger("mnuHelpContents");
         QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
-        QCOMPARE(opened.urls, std::vector{QUrl::fromLocalFile(QString::fromStdString(guide.string()))});
+        QCOMPARE(opened.urls,
+                 std::vector{QUrl::fromLocalFile(QString::fromStdString(guide.string()))});
     }
 };
 
