@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -98,7 +99,7 @@ class SmallToolsTest : public QObject {
             Find<QPushButton>(*tips, "cmdClose")->click();
             QVERIFY(
                 ReadBytes(dir / "Tessarin.ini")
-                    .ends_with("[TipOfTheDay]\r\nShowTipsAtStartup=0\r\nLastTipOfTheDay=3\r\n"));
+                    .ends_with("[TipOfTheDay]\r\nLastTipOfTheDay=3\r\nShowTipsAtStartup=0\r\n"));
         }
         Editor again(dir);
         QVERIFY(again.StartAndShow());
