@@ -33,6 +33,7 @@
 #include "ui/session_view.h"
 #include "ui/smtp_dialog.h"
 #include "ui/story_panel.h"
+#include "ui/tool_tip_text.h"
 #include "ui/tracking_dialog.h"
 #include "ui/word_statistics_dialog.h"
 #include "ui/workflow_dialog.h"
@@ -211,7 +212,9 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
     if (result.state == StartState::EndProgram) return kExitRefused;
     AddStyleSheetEntries();
     ApplyStoredGeometry();
-    KeepPanelProportions(*this, session_.preferences.MainWindow);
+    KeepPanelProportions(*this, session_.preferences.MainWindow,
+                         ToolTipText(session_.configuration.interface.CaptionOr(
+                             "ResizeTrees", "Drag to resize the panels")));
     session_.window.Control("mnuToolsTracking").visible = TrackingAvailable(session_);
     RefreshAll();
     inbox_->Start();

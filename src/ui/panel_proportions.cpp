@@ -71,10 +71,13 @@ class SplitterShare : public QObject {
 
 }  // namespace
 
-void KeepPanelProportions(QWidget& window, const MainWindowSection& stored) {
+void KeepPanelProportions(QWidget& window, const MainWindowSection& stored, const QString& barTip) {
     for (const PanelBar& bar : kPanelBars) {
         auto* splitter = window.findChild<QSplitter*>(QLatin1String(bar.key));
-        if (splitter != nullptr) new SplitterShare(*splitter, stored.*bar.share);
+        if (splitter == nullptr) continue;
+        new SplitterShare(*splitter, stored.*bar.share);
+        for (int handle = 1; handle < splitter->count(); ++handle)
+            splitter->handle(handle)->setToolTip(barTip);
     }
 }
 

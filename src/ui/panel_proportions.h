@@ -2,6 +2,7 @@
 
 #include "config/preferences.h"
 
+class QString;
 class QWidget;
 
 namespace tessarin {
@@ -12,8 +13,8 @@ namespace tessarin {
 // whatever size the window takes; the shares go to and come from the MainWindow section.
 
 // Gives each splitter of window its stored share (or its designed sizes when none is stored)
-// and keeps that share through every resize.
-void KeepPanelProportions(QWidget& window, const MainWindowSection& stored);
+// and keeps that share through every resize. barTip is the bars' tool tip.
+void KeepPanelProportions(QWidget& window, const MainWindowSection& stored, const QString& barTip);
 
 // The share each splitter holds now, into the section written at exit.
 void StorePanelProportions(const QWidget& window, MainWindowSection& section);
