@@ -109,6 +109,8 @@ void StoryPanel::BuildLayout() {
     trees->addWidget(snippets_);
     split->setStretchFactor(0, 1);
     split->setStretchFactor(1, 0);
+    // As designed, the trees take the form list's width and the boxes the rest.
+    split->setSizes({kFormListWidth, kFormListWidth});
     for (int key = 0; key < kShortcutEntries; ++key) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | (Qt::Key_F1 + key)), this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
