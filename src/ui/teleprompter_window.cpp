@@ -8,6 +8,7 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/named_widget.h"
 #include "ui/preference_font.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr int kTickMs = 30;
 constexpr int kDarkBelow = 128;
 constexpr int kMarginLines = 1;
+constexpr int kSmallestSpeedPoints = 10;
 
 // Light letters on a dark background, dark ones on a light background.
 QColor LettersOn(const QColor& background) {
@@ -55,6 +57,9 @@ TeleprompterWindow::TeleprompterWindow(const std::u16string& text, const Prefere
     text_->document()->setDocumentMargin(QFontMetrics(font).lineSpacing() * kMarginLines);
     text_->setPlainText(QString::fromStdU16String(text));
     speed_->setAlignment(Qt::AlignRight);
+    QFont speedFont = font;
+    speedFont.setPointSize(std::max(kSmallestSpeedPoints, font.pointSize() / 2));
+    speed_->setFont(speedFont);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(text_, 1);
