@@ -138,7 +138,11 @@ const std::string& MessageTexts::Raw(std::string_view key) const {
 }
 
 std::string MessageTexts::Message(std::string_view key) const {
-    return ReplaceAll(Raw(key), kLineBreakMark, "\n");
+    return WithLineBreaks(Raw(key));
+}
+
+std::string WithLineBreaks(std::string_view text) {
+    return ReplaceAll(text, kLineBreakMark, "\n");
 }
 
 void MessageTexts::Set(std::string_view key, std::string text) {

@@ -36,6 +36,10 @@ class MessageTexts {
     std::map<std::string, std::string, std::less<>> texts_;
 };
 
+// A configured text ready to show: each two-character "\n" turned into a line break. Messages
+// and tool tips alike may hold it.
+std::string WithLineBreaks(std::string_view text);
+
 // Replaces every "###" in text by value.
 std::string ReplacePlaceholder(std::string_view text, std::string_view value);
 

@@ -25,6 +25,7 @@
 #include "ui/configured_caption.h"
 #include "ui/iptc_dialog.h"
 #include "ui/session_tree_widget.h"
+#include "ui/tool_tip_text.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -45,6 +46,7 @@ AttachmentsPanel::AttachmentsPanel(EditorSession& session, QWidget* parent)
     : SessionView(session, parent) {
     setObjectName(QStringLiteral("AttachmentsPanel"));
     auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setObjectName(QStringLiteral("SizeBarVImage"));
     splitter->addWidget(BuildImagesPart());
     splitter->addWidget(BuildOtherFilesPart());
     auto* layout = new QVBoxLayout(this);
@@ -172,7 +174,7 @@ void AttachmentsPanel::Refresh() {
         SessionTreeWidget* tree = TreeOf(kind);
         const TreeModel* model = window.FindTree(AttachmentTreeName(kind));
         tree->Show(model ? *model : TreeModel());
-        tree->setToolTip(ToQString(AttachmentTreeTip(session_, kind)));
+        tree->setToolTip(ToolTipText(AttachmentTreeTip(session_, kind)));
         // Each file's node shows its full path; the others show the tree's tip.
         for (QTreeWidgetItemIterator item(tree); *item; ++item) {
             const std::string key = SessionTreeWidget::KeyOf(*item);

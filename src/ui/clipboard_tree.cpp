@@ -6,6 +6,7 @@
 
 #include "editing/multiple_clipboard.h"
 #include "ui/configured_caption.h"
+#include "ui/tool_tip_text.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -29,8 +30,8 @@ ClipboardTree::ClipboardTree(EditorSession& session, Panel panel, QWidget* paren
 void ClipboardTree::Refresh() {
     ShowMultipleClipboard(session_, kShortFormLimit);
     setVisible(session_.preferences.MultipleClipboardVisible);
-    setToolTip(
-        ToQString(session_.configuration.interface.Entry("EditionMultipleClipboard").ToolTipText));
+    setToolTip(ToolTipText(
+        session_.configuration.interface.Entry("EditionMultipleClipboard").ToolTipText));
     clear();
     const TreeModel& model = session_.window.Tree("treeClipboard");
     if (model.Empty()) return;

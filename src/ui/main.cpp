@@ -1,10 +1,11 @@
-// tessarin [--app-dir DIR] [--screenshot FILE [--view VIEW]] [CONFIG] | --help
+// tessarin [--app-dir DIR] [--screenshot FILE [--view VIEW] [--story STORY]] [CONFIG] | --help
 //
 // The desktop story editor. CONFIG is a configuration document installed over the
 // application directory's Tessarin.xml before anything is read. --screenshot FILE starts as
-// usual and, once the main window shows the new story after its first activation, writes
-// the window's picture to the PNG FILE and ends; such a run shows no dialog. --help prints
-// the options without needing a display.
+// usual and, once the main window shows the new story after its first activation (or the
+// story STORY, opened then), writes the picture of the main window, or of the window that
+// the view opens, to the PNG FILE and ends; such a run asks nothing. --help prints the
+// options without needing a display.
 
 #include <QAction>
 #include <QApplication>
@@ -16,6 +17,7 @@
 
 #include "app/app_paths.h"
 #include "app/user_interaction.h"
+#include "story/file_operations.h"
 #include "ui/main_window.h"
 
 namespace {
@@ -24,7 +26,7 @@ constexpr int kExitDone = 0;
 constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
 constexpr const char* kUsage =
-    "usage: tessarin [--app-dir DIR] [--screenshot FILE [--view informations|story|images]] "
+    "usage: tessarin [--app-dir DIR] [--screenshot FILE [--view VIEW] [--story STORY]] "
     "[CONFIG]\n";
 constexpr const char* kOptions =
     "\nThe desktop story editor of a newsroom.\n\n"
@@ -34,7 +36,9 @@ constexpr const char* kOptions =
     "                     $XDG_DATA_HOME/tessarin)\n"
     "  --screenshot FILE  start unattended, write the main window's picture to the PNG\n"
     "                     FILE once it shows the new story, and end\n"
-    "  --view VIEW        the view that the screenshot shows: informations, story or images\n"
+    "  --view VIEW        the view that the screenshot shows: informations, story, images,\n"
+    "                     teleprompter or tipoftheday (the last two picture their own window)\n"
+    "  --story STORY      the story that the screenshot shows, opened at start\n"
     "  CONFIG             a configuration document installed over Tessarin.xml first\n"
     "  --help             print this help and end\n";
 
@@ -47,18 +51,34 @@ bool AsksForHelp(int argc, char** argv) {
     return false;
 }
 
+// A view that a screenshot shows: the menu entry that shows it, and the window it opens
+// (empty: the main window's own view).
+struct ScreenshotView {
+    QString menuEntry;
+    QString window;
+};
+
 struct CommandLine {
     std::optional<std::filesystem::path> appDir;
     QString screenshot;
-    QString view;  // the menu entry of the view a screenshot shows; empty: as the start leaves it
+    ScreenshotView view;  // empty: as the start leaves it
+    std::filesystem::path story;
     std::string configuration;
 };
 
-// The Display menu entry that shows a view named on the command line.
-std::optional<QString> ViewMenuEntry(const QString& name) {
-    if (name == QLatin1String("informations")) return QStringLiteral("mnuDisplayMetadata");
-    if (name == QLatin1String("story")) return QStringLiteral("mnuDisplayStory");
-    if (name == QLatin1String("images")) return QStringLiteral("mnuDisplayImages");
+// The menu entry that shows a view named on the command line.
+std::optional<ScreenshotView> ViewMenuEntry(const QString& name) {
+    if (name == QLatin1String("informations"))
+        return ScreenshotView{QStringLiteral("mnuDisplayMetadata"), {}};
+    if (name == QLatin1String("story"))
+        return ScreenshotView{QStringLiteral("mnuDisplayStory"), {}};
+    if (name == QLatin1String("images"))
+        return ScreenshotView{QStringLiteral("mnuDisplayImages"), {}};
+    if (name == QLatin1String("teleprompter"))
+        return ScreenshotView{QStringLiteral("mnuDisplayTeleprompter"),
+                              QStringLiteral("frmTeleprompter")};
+    if (name == QLatin1String("tipoftheday"))
+        return ScreenshotView{QStringLiteral("mnuTipOfTheDay"), QStringLiteral("frmTipOfTheDay")};
     return std::nullopt;
 }
 
@@ -68,15 +88,17 @@ std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
     bool haveConfiguration = false;
     for (qsizetype index = 1; index < arguments.size(); ++index) {
         const QString& argument = arguments[index];
-        const bool takesValue = argument == QLatin1String("--app-dir") ||
-                                argument == QLatin1String("--screenshot") ||
-                                argument == QLatin1String("--view");
+        const bool takesValue =
+            argument == QLatin1String("--app-dir") || argument == QLatin1String("--screenshot") ||
+            argument == QLatin1String("--view") || argument == QLatin1String("--story");
         if (takesValue) {
             if (++index >= arguments.size()) return std::nullopt;
             if (argument == QLatin1String("--app-dir")) {
                 parsed.appDir = arguments[index].toStdString();
             } else if (argument == QLatin1String("--screenshot")) {
                 parsed.screenshot = arguments[index];
+            } else if (argument == QLatin1String("--story")) {
+                parsed.story = arguments[index].toStdString();
             } else if (const auto entry = ViewMenuEntry(arguments[index])) {
                 parsed.view = *entry;
             } else {
@@ -92,23 +114,30 @@ std::optional<CommandLine> ParseCommandLine(const QStringList& arguments) {
     return parsed;
 }
 
-// Once the first activation is done, the chosen view is shown as its menu entry would show
-// it, the window's picture goes to file and the program ends.
+// Once the first activation is done, the story is opened and the chosen view is shown as its
+// menu entry would show it, the picture of the window it shows goes to file and the program
+// ends.
 void TakeScreenshotOnceShown(tessarin::MainWindow& window, const QString& file,
-                             const QString& view) {
-    QObject::connect(&window, &tessarin::MainWindow::firstActivationDone, &window,
-                     [&window, file, view] {
-                         if (!view.isEmpty()) {
-                             if (auto* entry = window.findChild<QAction*>(view)) entry->trigger();
-                         }
-                         QTimer::singleShot(0, &window, [&window, file] {
-                             const bool saved = window.grab().save(file, "PNG");
-                             if (!saved)
-                                 std::fprintf(stderr, "tessarin: cannot write %s\n",
-                                              file.toLocal8Bit().constData());
-                             QApplication::exit(saved ? kExitDone : kExitFailed);
-                         });
-                     });
+                             const ScreenshotView& view, const std::filesystem::path& story) {
+    QObject::connect(
+        &window, &tessarin::MainWindow::firstActivationDone, &window, [&window, file, view, story] {
+            if (!story.empty()) {
+                tessarin::OpenStoryFile(window.Session(), story);
+                window.RefreshAll();
+            }
+            if (!view.menuEntry.isEmpty()) {
+                if (auto* entry = window.findChild<QAction*>(view.menuEntry)) entry->trigger();
+            }
+            QTimer::singleShot(0, &window, [&window, file, view] {
+                QWidget* pictured = &window;
+                if (!view.window.isEmpty()) pictured = window.findChild<QWidget*>(view.window);
+                const bool saved = pictured != nullptr && pictured->grab().save(file, "PNG");
+                if (!saved)
+                    std::fprintf(stderr, "tessarin: cannot write %s\n",
+                                 file.toLocal8Bit().constData());
+                QApplication::exit(saved ? kExitDone : kExitFailed);
+            });
+        });
 }
 
 // What an unattended run was asked and told, on standard error.
@@ -125,7 +154,8 @@ int Run(const CommandLine& commandLine, tessarin::UserInteraction* user) {
     tessarin::MainWindow window(tessarin::MakeAppPaths(appDir), user);
     if (const std::optional<int> status = window.Start(commandLine.configuration)) return *status;
     if (!commandLine.screenshot.isEmpty())
-        TakeScreenshotOnceShown(window, commandLine.screenshot, commandLine.view);
+        TakeScreenshotOnceShown(window, commandLine.screenshot, commandLine.view,
+                                commandLine.story);
     window.show();
     return QApplication::exec();
 }

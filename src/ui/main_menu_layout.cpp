@@ -116,8 +116,10 @@ constexpr MenuEntryLayout kExportEntries[] = {
 };
 
 constexpr MenuEntryLayout kHelpEntries[] = {
+    {"HelpContents", "User guide", false, QKeySequence::HelpContents},
     {"TipOfTheDay", "Tip of the day..."},
-    {"About", "About...", false, QKeySequence::HelpContents},
+    {kMenuSeparator, ""},
+    {"About", "About..."},
 };
 
 constexpr MenuLayout kMenus[] = {
@@ -166,9 +168,9 @@ constexpr ToolbarLayout kToolbars[] = {
 };
 
 constexpr std::string_view kCommandsNotBuiltYet[] = {
-    "FilePrint",        "DisplayTextZoom", "DisplayParagraphs",  "DisplayTeleprompter",
-    "ToolsInternet1",   "ToolsInternet2",  "ToolsInternet3",     "ToolsApplications",
-    "ToolsApplication", "ToolsFTP",        "ToolsConfiguration", "TipOfTheDay",
+    "FilePrint",      "DisplayTextZoom",    "DisplayParagraphs", "ToolsInternet1",
+    "ToolsInternet2", "ToolsInternet3",     "ToolsApplications", "ToolsApplication",
+    "ToolsFTP",       "ToolsConfiguration",
 };
 
 struct ButtonCaption {

@@ -25,6 +25,7 @@
 #include "ui/main_status_bar.h"
 #include "ui/main_window_chrome.h"
 #include "ui/my_stories_dialog.h"
+#include "ui/panel_proportions.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/receive_dialog.h"
@@ -32,6 +33,7 @@
 #include "ui/session_view.h"
 #include "ui/smtp_dialog.h"
 #include "ui/story_panel.h"
+#include "ui/tool_tip_text.h"
 #include "ui/tracking_dialog.h"
 #include "ui/word_statistics_dialog.h"
 #include "ui/workflow_dialog.h"
@@ -160,6 +162,7 @@ void MainWindow::ConnectCommands() {
     on("SearchStories", [this] { SearchStoriesDialog(session_, this).exec(); });
     on("ToolsSMTP", [this] { SmtpDialog(session_, this).exec(); });
     on("FileMyStories", [this] { MyStoriesDialog(session_, this).exec(); });
+    ConnectTools();
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
     connect(chrome_, &WindowChrome::recentFileChosen, this, [this](int row) {
         Run([this, row] {
@@ -209,6 +212,9 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
     if (result.state == StartState::EndProgram) return kExitRefused;
     AddStyleSheetEntries();
     ApplyStoredGeometry();
+    KeepPanelProportions(*this, session_.preferences.MainWindow,
+                         ToolTipText(session_.configuration.interface.CaptionOr(
+                             "ResizeTrees", "Drag to resize the panels")));
     session_.window.Control("mnuToolsTracking").visible = TrackingAvailable(session_);
     RefreshAll();
     inbox_->Start();
@@ -242,6 +248,7 @@ MainWindowSection MainWindow::CurrentGeometry() const {
     section.Top = rectangle.y();
     section.Width = rectangle.width();
     section.Height = rectangle.height();
+    StorePanelProportions(*this, section);
     return section;
 }
 
@@ -310,6 +317,7 @@ void MainWindow::RunFirstActivation() {
     // The Informations button is pressed to agree with the view shown.
     SelectView(session_.window, SelectedView(session_.window));
     RefreshAll();
+    if (session_.preferences.TipOfTheDay.ShowTipsAtStartup) ShowTipsOfTheDay(true);
     emit firstActivationDone();
 }
 

@@ -69,6 +69,9 @@ class MainWindow : public QMainWindow {
     void AutomaticSaveTick();
     void Receive(ReceiveKind kind);  // frmReceive or frmIntercept, the watcher paused
     void RunFirstActivation();
+    // The small tools of the Display and Help menus (main_window_tools.cpp).
+    void ConnectTools();
+    void ShowTipsOfTheDay(bool atStart);
     bool AnotherInstanceRunning();
 
     std::unique_ptr<UserInteraction> ownUser_;

@@ -10,6 +10,7 @@
 #include "config/recent_files.h"
 #include "session/editor_session.h"
 #include "ui/main_menu_layout.h"
+#include "ui/tool_tip_text.h"
 
 namespace tessarin {
 namespace {
@@ -170,7 +171,8 @@ void WindowChrome::Refresh(const EditorSession& session) {
         }
         ApplyState(*button, *state, built);
         if (button->isSeparator()) continue;
-        button->setToolTip(TextOr(state->toolTip, *button));
+        button->setToolTip(state->toolTip.empty() ? TextOr(state->toolTip, *button)
+                                                  : ToolTipText(state->toolTip));
         const std::string key = ToStd(button->property(kMenuKey).toString());
         button->setText(TextOr(session.configuration.interface.Entry(key).Short, *button));
     }

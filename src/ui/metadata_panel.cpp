@@ -29,6 +29,7 @@
 #include "ui/search_publications_dialog.h"
 #include "ui/session_tree_widget.h"
 #include "ui/styled_text_bridge.h"
+#include "ui/tool_tip_text.h"
 #include "ui/up_down_control.h"
 #include "ui/window_state_binding.h"
 
@@ -249,6 +250,7 @@ void MetadataPanel::BuildClassification(QGridLayout& grid) {
 
 QWidget* MetadataPanel::BuildTrees() {
     auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setObjectName(QStringLiteral("SizeBarV"));
     publications_ = new SessionTreeWidget(QString::fromUtf8(kPublicationsTree.data()), splitter);
     auto* rightColumn = new QSplitter(Qt::Vertical, splitter);
     taxonomy_ = new SessionTreeWidget(QString::fromUtf8(kTaxonomyTree.data()), rightColumn);
@@ -353,7 +355,7 @@ void MetadataPanel::ShowTrees() {
 void MetadataPanel::ShowTreeTip(SessionTreeWidget& tree, bool changed) {
     if (!changed) return;
     const ControlState* control = session_.window.FindControl(ToUtf8(tree.objectName()));
-    tree.setToolTip(control ? ToQString(control->toolTip) : QString());
+    tree.setToolTip(control ? ToolTipText(control->toolTip) : QString());
 }
 
 void MetadataPanel::ClickPublication(QTreeWidgetItem* item) {

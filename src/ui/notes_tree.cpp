@@ -11,6 +11,7 @@
 #include "common/clock.h"
 #include "editing/notes_edit.h"
 #include "ui/configured_caption.h"
+#include "ui/tool_tip_text.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -50,7 +51,7 @@ void NotesTree::Refresh() {
     ShowNotes(session_);
     const ControlState& control = session_.window.Control("treeNotes");
     setVisible(control.visible);
-    setToolTip(ToQString(control.toolTip));
+    setToolTip(ToolTipText(control.toolTip));
     clear();
     const TreeModel& model = session_.window.Tree("treeNotes");
     if (model.Empty()) return;

@@ -19,6 +19,7 @@
 #include "config/story_section.h"
 #include "ui/colour_button.h"
 #include "ui/configured_caption.h"
+#include "ui/preference_font.h"
 
 namespace tessarin {
 
@@ -202,9 +203,7 @@ void PreferencesDialog::AddFonts(QBoxLayout& page) {
 void PreferencesDialog::ShowFont() {
     const std::size_t entry = fontViews_->currentData().toULongLong();
     const Preferences& preferences = choice_.preferences;
-    QFont font(FromUtf8(preferences.FontName[entry]), preferences.FontSize[entry]);
-    font.setBold(preferences.FontBold[entry]);
-    font.setItalic(preferences.FontItalic[entry]);
+    const QFont font = PreferenceFont(preferences, entry);
     fontSample_->setFont(font);
     fontSample_->setText(
         QStringLiteral("%1, %2").arg(font.family()).arg(preferences.FontSize[entry]));

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QStyle>
 #include <QTextDocument>
 #include <QVBoxLayout>
@@ -22,9 +23,11 @@
 #include "ui/clipboard_tree.h"
 #include "ui/configured_caption.h"
 #include "ui/notes_tree.h"
+#include "ui/preference_font.h"
 #include "ui/search_dialog.h"
 #include "ui/story_text_box.h"
 #include "ui/styled_text_bridge.h"
+#include "ui/tool_tip_text.h"
 
 namespace tessarin {
 namespace {
@@ -57,14 +60,6 @@ void SetTextColour(QLabel& label, OleColour colour) {
     label.setPalette(palette);
 }
 
-QFont BoxFont(const Preferences& preferences, int box) {
-    const auto entry = static_cast<std::size_t>(box);
-    QFont font(ToQString(preferences.FontName[entry]), preferences.FontSize[entry]);
-    font.setBold(preferences.FontBold[entry]);
-    font.setItalic(preferences.FontItalic[entry]);
-    return font;
-}
-
 }  // namespace
 
 StoryPanel::StoryPanel(EditorSession& session, QWidget* parent) : SessionView(session, parent) {
@@ -78,11 +73,17 @@ StoryPanel::~StoryPanel() = default;
 void StoryPanel::BuildLayout() {
     auto* columns = new QHBoxLayout(this);
     columns->addWidget(BuildFormList());
-    auto* boxes = new QVBoxLayout;
+    // The boxes and the notes and clipboard trees share the rest, split by a bar.
+    auto* split = new QSplitter(Qt::Horizontal, this);
+    split->setObjectName(QStringLiteral("SizeBarVText"));
+    split->setChildrenCollapsible(false);
+    columns->addWidget(split, 1);
+    auto* boxesColumn = new QWidget(split);
+    auto* boxes = new QVBoxLayout(boxesColumn);
+    boxes->setContentsMargins(0, 0, 0, 0);
     for (int box = 0; box < kTextBoxCount; ++box)
         boxes->addWidget(BuildBox(box), box == kMainTextBox ? 1 : 0);
     boxes->addWidget(BuildSignature());
-    columns->addLayout(boxes, 1);
     NotesTree::Panel panel;
     panel.selection = [this]() -> std::optional<TextSelection> {
         if (session_.activeBox < 0 || session_.activeBox >= kTextBoxCount) return std::nullopt;
@@ -93,14 +94,19 @@ void StoryPanel::BuildLayout() {
         ShowAllBoxes();
         Changed();
     };
-    notes_ = new NotesTree(session_, std::move(panel), this);
-    notes_->setFixedWidth(kFormListWidth);
-    snippets_ = new ClipboardTree(session_, SnippetPanel(), this);
-    snippets_->setFixedWidth(kFormListWidth);
-    auto* trees = new QVBoxLayout;
+    auto* treesColumn = new QWidget(split);
+    notes_ = new NotesTree(session_, std::move(panel), treesColumn);
+    notes_->setMinimumWidth(kFormListWidth);
+    snippets_ = new ClipboardTree(session_, SnippetPanel(), treesColumn);
+    snippets_->setMinimumWidth(kFormListWidth);
+    auto* trees = new QVBoxLayout(treesColumn);
+    trees->setContentsMargins(0, 0, 0, 0);
     trees->addWidget(notes_);
     trees->addWidget(snippets_);
-    columns->addLayout(trees);
+    split->setStretchFactor(0, 1);
+    split->setStretchFactor(1, 0);
+    // As designed, the trees take the form list's width and the boxes the rest.
+    split->setSizes({kFormListWidth, kFormListWidth});
     for (int key = 0; key < kShortcutEntries; ++key) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | (Qt::Key_F1 + key)), this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -309,7 +315,7 @@ void StoryPanel::ShowForms() {
 
 void StoryPanel::ShowBox(int box) {
     BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
-    const QFont font = BoxFont(session_.preferences, box);
+    const QFont font = PreferenceFont(session_.preferences, static_cast<std::size_t>(box));
     if (widgets.edit->document()->defaultFont() != font) {
         widgets.edit->document()->setDefaultFont(font);
     }
@@ -338,7 +344,7 @@ void StoryPanel::ShowBoxControls(int box) {
     SetTextColour(*widgets.label, BoxLabelColour(session_, box));
     widgets.count->setText(ControlCaption(window, CountLabelName(box), ""));
     const ControlState* count = window.FindControl(CountLabelName(box));
-    widgets.count->setToolTip(count ? ToQString(count->toolTip) : QString());
+    widgets.count->setToolTip(count ? ToolTipText(count->toolTip) : QString());
     widgets.count->setVisible(Visible(window, CountLabelName(box), true));
     widgets.limits->setText(ControlCaption(window, LimitsLabelName(box), ""));
     widgets.limits->setVisible(Visible(window, LimitsLabelName(box), false));
@@ -365,7 +371,7 @@ void StoryPanel::ShowSignature() {
                                 : button == kNameSignatureButton
                                     ? QLatin1String(kNameSignatureCaption)
                                     : QLatin1String(kInitialsSignatureCaption));
-        signatureButton.setToolTip(buttons ? ToQString(buttons->toolTip) : QString());
+        signatureButton.setToolTip(buttons ? ToolTipText(buttons->toolTip) : QString());
         signatureButton.setVisible(!buttons || buttons->visible);
         signatureButton.setEnabled(!buttons || buttons->enabled);
         signatureButton.setChecked(SignatureButtonPressed(story, button));

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 
 #include "metadata/field_labels.h"
+#include "ui/tool_tip_text.h"
 
 namespace tessarin {
 
@@ -24,7 +25,7 @@ void ShowControlState(QWidget& widget, const WindowState& window, std::string_vi
     }
     widget.setVisible(available && control->visible);
     widget.setEnabled(control->enabled);
-    widget.setToolTip(ToQString(control->toolTip));
+    widget.setToolTip(ToolTipText(control->toolTip));
     if (control->width > 0) widget.setFixedWidth(control->width);
 }
 
