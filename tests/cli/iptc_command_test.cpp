@@ -12,23 +12,18 @@ namespace {
 
 using namespace testing;
 
-// Datasets out of the table's order, a repeat, a line break, an unnamed dataset and the
-// Macintosh bytes of "é" (0x8E) and "ç" (0x8D).
-const std::string kPicture = Jpeg({App13(
-    IptcResource(IptcRecord(120, "Caf\x8E on the\r\nquay") + IptcRecord(200, "extra\tdata") +
-                 IptcRecord(25, "port") + IptcRecord(105, "Gar\x8Don") + IptcRecord(25, "cafe")))});
+// A caption, keywords and a headline with the Macintosh byte of "ç" (0x8D).
+const std::string kPicture = Jpeg({App13(IptcResource(
+    IptcRecord(120, "Quay") + IptcRecord(25, "port") + IptcRecord(105, "Gar\x8Don")))});
 
-TEST(IptcCommand, PrintsTheDatasetsInTheTablesOrderThenTheUnnamedOnes) {
+// --mac reaches the display (its order, labels and accents are the IPTC display's tests).
+TEST(IptcCommand, MacRestoresTheMacintoshAccents) {
     TempDir folder;
     const std::string picture = Quoted(folder.Write("cafe.jpg", kPicture).string());
-    const CliRun run = RunCli(folder, "iptc " + picture);
-    EXPECT_EQ(run.exitStatus, 0);
-    EXPECT_EQ(run.out,
-              "Keywords: port; cafe\nHeadline: Gar\u008Don\n"
-              "Caption/Abstract: Caf\u017D on the/quay\nSegment 200: extra/data\n");
-    EXPECT_EQ(RunCli(folder, "iptc " + picture + " --mac").out,
-              "Keywords: port; cafe\nHeadline: Gar\u00E7on\n"
-              "Caption/Abstract: Caf\u00E9 on the/quay\nSegment 200: extra/data\n");
+    EXPECT_NE(RunCli(folder, "iptc " + picture).out.find("Headline: Gar\u008Don\n"),
+              std::string::npos);
+    EXPECT_NE(RunCli(folder, "iptc " + picture + " --mac").out.find("Headline: Gar\u00E7on\n"),
+              std::string::npos);
 }
 
 // A picture written by exiftool, an IPTC writer of its own, in one envelope.

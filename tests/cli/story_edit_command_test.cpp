@@ -71,29 +71,17 @@ TEST(StoryEditCommands, TypographyRunsOverEveryBoxAndLeavesAnchorsAlone) {
                     "chats chat&#160;!"));
 }
 
-TEST(StoryEditCommands, ReplacePrintsTheCountAndSkipsAnchors) {
-    struct Case {
-        std::string options;
-        std::string count;
-        std::string title;
-        std::string text;
-    };
-    const Case cases[] = {
-        {"chat chien --whole-word", "3\n",
-         "CharCount=\"17\" WordCount=\"3\" Name=\"Title\">Le chien : &quot;oui&quot;",
-         "CharCount=\"18\" WordCount=\"3\" Name=\"Text\">chien <note>AL 1 : 2</note>chats chien!"},
-        {"--match-case chat cat", "3\n",
-         "CharCount=\"15\" WordCount=\"3\" Name=\"Title\">Le cat : &quot;oui&quot;",
-         "CharCount=\"14\" WordCount=\"3\" Name=\"Text\">Chat <note>AL 1 : 2</note>cats cat!"},
-        {"AL X", "0\n", "CharCount=\"16\" WordCount=\"3\" Name=\"Title\">Le chat : &quot;oui&quot;",
-         "CharCount=\"16\" WordCount=\"3\" Name=\"Text\">Chat <note>AL 1 : 2</note>chats chat!"},
-    };
-    for (const Case& test : cases) {
+// Each option reaches the replacement: without it the count would be 4 (what a match is, and
+// that anchors are skipped, are the search and replace tests' part).
+TEST(StoryEditCommands, ReplacePrintsTheCountWithItsOptions) {
+    for (const auto& [options, count] :
+         {std::pair{"chat chien --whole-word", "3\n"}, std::pair{"--match-case chat cat", "3\n"},
+          std::pair{"chat cat", "4\n"}, std::pair{"AL X", "0\n"}}) {
         EditFolder stored;
-        const CliRun run = stored.Run("replace", test.options);
+        const CliRun run = stored.Run("replace", options);
         EXPECT_EQ(run.exitStatus, 0) << run.err;
-        EXPECT_EQ(run.out, test.count);
-        EXPECT_EQ(ReadBytes(stored.out), Story(test.title, test.text)) << test.options;
+        EXPECT_EQ(run.out, count) << options;
+        EXPECT_TRUE(std::filesystem::exists(stored.out)) << options;
     }
 }
 

@@ -256,25 +256,19 @@ TEST(ExportNewsML, PicturesNameTheirFolderAndKeepAnEmptyContentItem) {
     const std::string story = R"(<Story><Images><ImageBag><Image href="a%20b&amp;c.jpg"/>)"
                               R"(</ImageBag><ImageBag><Image href=""/><Credit>AFP</Credit>)"
                               R"(</ImageBag></Images></Story>)";
+    // The picture components' frame is the whole document's test; here the relative path
+    // names the picture, and a picture without a name has no ContentItem opening.
     const std::string output = Compose(setup, story);
-    EXPECT_EQ(
-        LinesBetween(output, "\t\t\t<NewsComponent Duid=\"photo0\">", "\t\t</NewsComponent>"),
-        CrLf(
-            "\t\t\t<NewsComponent Duid=\"photo0\">\n\t\t\t\t<AdministrativeMetadata>\n"
-            "\t\t\t\t\t<Provider>\n\t\t\t\t\t\t<Party FormalName=\"\"/>\n\t\t\t\t\t</Provider>\n"
-            "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
-            "\t\t\t\t\t<Role FormalName=\"Main\"/>\n"
-            "\t\t\t\t\t<ContentItem Href=\"photos/jour/a b&amp;c.jpg\">\n"
-            "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n\t\t\t\t\t</ContentItem>\n"
-            "\t\t\t\t</NewsComponent>\n\t\t\t</NewsComponent>\n"
-            "\t\t\t<NewsComponent Duid=\"photo1\">\n"
-            "\t\t\t\t<AdministrativeMetadata>\n\t\t\t\t\t<Provider>\n"
-            "\t\t\t\t\t\t<Party FormalName=\"\"/>\n\t\t\t\t\t</Provider>\n\t\t\t\t\t<Creator>\n"
-            "\t\t\t\t\t\t<Party FormalName=\"AFP\"/>\n\t\t\t\t\t</Creator>\n"
-            "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
-            "\t\t\t\t\t<Role FormalName=\"Main\"/>\n\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n"
-            "\t\t\t\t\t</ContentItem>\n\t\t\t\t</NewsComponent>\n\t\t\t</NewsComponent>\n"
-            "\t\t</NewsComponent>\n"));
+    EXPECT_NE(output.find(CrLf("<Role FormalName=\"Main\"/>\n"
+                               "\t\t\t\t\t<ContentItem Href=\"photos/jour/a b&amp;c.jpg\">\n")),
+              std::string::npos)
+        << output;
+    EXPECT_NE(output.find(CrLf("<Party FormalName=\"AFP\"/>\n\t\t\t\t\t</Creator>\n"
+                               "\t\t\t\t</AdministrativeMetadata>\n\t\t\t\t<NewsComponent>\n"
+                               "\t\t\t\t\t<Role FormalName=\"Main\"/>\n"
+                               "\t\t\t\t\t\t<MediaType FormalName=\"Photo\"/>\n"
+                               "\t\t\t\t\t</ContentItem>\n")),
+              std::string::npos);
     // A picture without a name closes a ContentItem it never opened.
     EXPECT_FALSE(IsWellFormed(output));
 

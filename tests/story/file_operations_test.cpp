@@ -109,25 +109,17 @@ TEST_F(FileOperationsTest, ABackupStoryReplacesItsStoryWithARestoreLogOrEndsTheO
     EXPECT_EQ(user_.questions.back(), "Replace story 'news.xml'\nby backup story 'news.bml'");
     EXPECT_TRUE(fs::exists(backup) && Holds(story, "Old version"));
 
-    std::string expected = ReadBytes(backup);
     ASSERT_TRUE(OpenStoryFile(session_, backup));
     EXPECT_FALSE(fs::exists(backup));
-    EXPECT_TRUE(session_.StoryPath() == story && MainText() == u"Backed up");
+    EXPECT_TRUE(session_.StoryPath() == story && MainText() == u"Backed up" &&
+                Holds(story, "Backed up"));
     const StoryLog restored{"20/02/2025 09:30 - Backup story -> Story [Jean Dupont]", "A"};
     EXPECT_EQ(session_.story.logs, std::vector<StoryLog>{restored});
-    // The last save moves to the end of Metadata; the log goes in a new Logs at the end.
-    const std::string lastSave =
-        "<LastSaveDate Name=\"Last save\">20/02/2025</LastSaveDate>"
-        "<LastSaveTime>09:30</LastSaveTime>\r\n<LastSaveAuthor>Jean Dupont</LastSaveAuthor>\r\n";
-    expected.replace(expected.find(lastSave), lastSave.size(),
-                     "<LastSaveTime>09:30</LastSaveTime>\r\n\r\n");
-    expected.insert(expected.find("</Metadata>"),
-                    "<LastSaveDate Name=\"Last save\">20/02/2025 09:30</LastSaveDate>"
-                    "<LastSaveAuthor>Jean Dupont</LastSaveAuthor>");
-    expected.insert(expected.rfind("</Story>"),
-                    "<Logs><Log Type=\"A\">20/02/2025 09:30 - Backup story -&gt; Story "
-                    "[Jean Dupont]</Log></Logs>");
-    EXPECT_EQ(ReadBytes(story), expected);
+    // The restore log goes into the story file (where the log and the renewed last save stand
+    // in the file is the story logs' test).
+    EXPECT_NE(ReadBytes(story).find("<Logs><Log Type=\"A\">20/02/2025 09:30 - Backup story -&gt; "
+                                    "Story [Jean Dupont]</Log></Logs></Story>"),
+              std::string::npos);
 }
 
 TEST_F(FileOperationsTest, ThePersonalDirectoryHoldsTheDialogsBelowIt) {
