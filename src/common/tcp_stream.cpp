@@ -27,6 +27,8 @@ bool TcpStream::Connect(const std::string& host, int port) {
                               address->ai_socktype, address->ai_protocol);
     }
     freeaddrinfo(found);
+    // No address at all to try is told as a refusal.
+    if (!connected && errorText_.empty()) return Fail(ECONNREFUSED);
     return connected;
 }
 
@@ -78,6 +80,7 @@ bool TcpStream::Wait(short events) {
 }
 
 bool TcpStream::Fail(int error, std::string text) {
+    error_ = error;
     errorText_ = text.empty() ? std::generic_category().message(error) : std::move(text);
     return false;
 }

@@ -22,7 +22,8 @@ class TcpStream {
     // of the stream.
     bool Receive(std::string& into);
 
-    // Why the last operation failed, in words.
+    // Why the last operation failed: its errno, and in words.
+    int error() const { return error_; }
     const std::string& errorText() const { return errorText_; }
 
   private:
@@ -32,6 +33,7 @@ class TcpStream {
 
     std::chrono::milliseconds timeout_;
     int fd_ = -1;
+    int error_ = 0;
     std::string errorText_;
 };
 
