@@ -22,10 +22,14 @@ using testing::ToolRun;
 std::string Configuration(const TempDir& folder, const std::string& server) {
     return R"(<?xml version="1.0" encoding="UTF-8"?>
 <Tessarin Version="3.2" StoriesEncoding="ISO-8859-1">
-<FTPTransmission><FTPServer IPNumber="ftp.one.example"/></FTPTransmission>
+<FTPTransmission ControlStoryBeforeTransmission="false"><FTPServer IPNumber="ftp.one.example"/>
+</FTPTransmission>
 <ExportFormats><NewsML TextML="true"/><NITF/></ExportFormats>
-<Workflow ExportTextsDirectory=")" +
-           (folder / "texts").string() + R"("/>
+<Workflow Visible="true" ExportTextsDirectory=")" +
+           (folder / "texts").string() + R"(" ExportImagesDirectory=")" +
+           (folder / "texts").string() +
+           R"("><Users><User Preferred="true" Type="Layout" ExportFormat="NewsML">Page</User></Users>
+</Workflow>
 <TextML TrackingEnabled="true"><ServerName>)" +
            server + R"(</ServerName><TrackingDocBaseName>CliTracking</TrackingDocBaseName>
 <ExportDocBaseName KeepVersions="false">CliExport</ExportDocBaseName></TextML>
@@ -111,6 +115,16 @@ TEST_F(RepositoryCommand, RefusesWhatStoresNothing) {
         EXPECT_EQ(run.output, output);
     }
     EXPECT_EQ(Run(server, "repository fetch " + story).exitStatus, 2);
+}
+
+TEST_F(RepositoryCommand, ALayoutSendStoresTheExportedFile) {
+    folder_.Write("app/Tessarin.ini", "[Preferences]\r\nTextMLExport=1\r\n");
+    const std::string server = LocalBaseXServer::Shared().address();
+    ASSERT_EQ(Run(server, "workflow add " + Quoted(story_.string())).exitStatus, 0);
+    const ToolRun run = Run(server, "workflow send Page");
+    EXPECT_EQ(run.exitStatus, 0) << run.output;
+    EXPECT_TRUE(std::filesystem::exists(folder_ / "texts/fire.xml"));
+    EXPECT_EQ(Paths("CliExport"), "Herald/Politics/fire.xml");
 }
 
 TEST_F(RepositoryCommand, ASaveStoresItsStoryAndGoesOnWhenTheServerIsDown) {
