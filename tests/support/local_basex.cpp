@@ -2,7 +2,6 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -10,45 +9,31 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <thread>
 
 #include "support/shell_quote.h"
+#include "support/tool_run.h"
 
 namespace tessarin::testing {
 namespace {
 
-// BaseX finds its settings and databases under org.basex.path; user.home is moved too, so
-// that nothing of the machine's own BaseX set-up is read or written.
+// BaseX reads its settings and keeps its databases under org.basex.path; user.home moves
+// too, so that nothing of the machine's own BaseX set-up is read or written.
 std::string JavaArguments(const std::filesystem::path& home) {
     return "-Dorg.basex.path=" + home.string() + " -Duser.home=" + home.string();
 }
 
-}  // namespace
-
-int FreePort() {
-    const int fd = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    if (bind(fd, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
-        getsockname(fd, reinterpret_cast<sockaddr*>(&address), &size) != 0) {
-        close(fd);
-        return 0;
-    }
-    close(fd);
-    return ntohs(address.sin_port);
-}
-
-namespace {
-
-bool Accepts(int port) {
-    const int fd = socket(AF_INET, SOCK_STREAM, 0);
+sockaddr_in Loopback(int port) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(static_cast<std::uint16_t>(port));
+    return address;
+}
+
+bool Accepts(int port) {
+    const int fd = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = Loopback(port);
     const bool connected = connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
     close(fd);
     return connected;
@@ -56,8 +41,17 @@ bool Accepts(int port) {
 
 }  // namespace
 
-LocalBaseXServer::LocalBaseXServer() {
-    port_ = FreePort();
+int FreePort() {
+    const int fd = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = Loopback(0);
+    socklen_t size = sizeof address;
+    const bool bound = bind(fd, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
+                       getsockname(fd, reinterpret_cast<sockaddr*>(&address), &size) == 0;
+    close(fd);
+    return bound ? ntohs(address.sin_port) : 0;
+}
+
+LocalBaseXServer::LocalBaseXServer() : port_(FreePort()) {
     const std::string javaArguments = JavaArguments(home_.path());
     const std::string log = (home_ / "server.log").string();
     const std::string portArgument = "-p" + std::to_string(port_);
@@ -78,8 +72,7 @@ LocalBaseXServer::LocalBaseXServer() {
         if (waitpid(pid_, nullptr, WNOHANG) == pid_) break;
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    ADD_FAILURE() << "basexserver did not listen on port " << port_ << ":\n"
-                  << ReadBytes(home_ / "server.log");
+    ADD_FAILURE() << "basexserver did not listen:\n" << ReadBytes(home_ / "server.log");
 }
 
 LocalBaseXServer::~LocalBaseXServer() {
@@ -93,19 +86,13 @@ LocalBaseXServer& LocalBaseXServer::Shared() {
     return server;
 }
 
-std::string LocalBaseXServer::ClientLine() const {
-    return "JAVA_ARGS=" + Quoted(JavaArguments(home_.path())) +
-           " /usr/bin/basexclient -n127.0.0.1 -p" + std::to_string(port_) + " -Uadmin -Padmin";
-}
-
 std::string LocalBaseXServer::ClientQuery(const std::string& query) const {
     const std::filesystem::path file = home_.Write("query.xq", query);
-    // The wrapper's warnings about optional libraries go to standard error, left out here.
-    return RunTool("{ " + ClientLine() + " " + Quoted(file.string()) + " 2>/dev/null; }").output;
-}
-
-ToolRun LocalBaseXServer::ClientCommand(const std::string& command) const {
-    return RunTool("{ " + ClientLine() + " -c " + Quoted(command) + " 2>/dev/null; }");
+    // The wrapper's warnings about optional libraries on standard error are left out.
+    return RunTool("{ JAVA_ARGS=" + Quoted(JavaArguments(home_.path())) +
+                   " /usr/bin/basexclient -n127.0.0.1 -p" + std::to_string(port_) +
+                   " -Uadmin -Padmin " + Quoted(file.string()) + " 2>/dev/null; }")
+        .output;
 }
 
 }  // namespace tessarin::testing
