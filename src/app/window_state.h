@@ -112,6 +112,8 @@ class WindowState {
 
     int beeps = 0;
     std::string title;
+    // The second panel of the status bar: what the repository said of the last store.
+    std::string secondStatus;
 
   private:
     std::map<std::string, ControlState, std::less<>> controls_;

@@ -71,6 +71,10 @@ constexpr const char* kHelp =
     "         [--operator exact|all|any] [--match-case] [--include-backups]\n"
     "                      search a folder tree of stories; print the listed rows, then the "
     "counts\n"
+    "  repository store STORY [--export FORMAT]\n"
+    "                      store the story in the repository as a save (or the layout "
+    "export)\n"
+    "                      does\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -156,5 +160,6 @@ int main(int argc, char** argv) {
     if (command == "intercept") return tessarin::cli::RunInterceptCommand(context, rest);
     if (command == "track") return tessarin::cli::RunTrackCommand(context, rest);
     if (command == "search") return tessarin::cli::RunSearchCommand(context, rest);
+    if (command == "repository") return tessarin::cli::RunRepositoryCommand(context, rest);
     return Usage("unknown command " + command);
 }

@@ -145,6 +145,8 @@ void ReadTextML(const XmlNode& section, TextMLSettings& settings) {
     const XmlNode exportBase = section.SelectSingleNode("ExportDocBaseName");
     settings.ExportDocBaseName = TextOr(exportBase.Text(), "TessarinExport");
     settings.ExportKeepVersions = FlagDefaultTrue(exportBase.Attribute("KeepVersions"));
+    settings.User = TextOr(section.Attribute("User"), "admin");
+    settings.Password = TextOr(section.Attribute("Password"), "admin");
 }
 
 }  // namespace tessarin

@@ -129,6 +129,8 @@ struct TextMLSettings {
     bool TrackingKeepVersions = true;  // KeepVersions of TrackingDocBaseName
     std::string ExportDocBaseName = "TessarinExport";
     bool ExportKeepVersions = true;  // KeepVersions of ExportDocBaseName
+    std::string User = "admin";      // the server's user: attribute User
+    std::string Password = "admin";  // its password: attribute Password
 };
 
 void ReadTextML(const XmlNode& section, TextMLSettings& settings);

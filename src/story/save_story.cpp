@@ -7,6 +7,7 @@
 #include "common/date_format.h"
 #include "common/file_io.h"
 #include "metadata/mandatory_checks.h"
+#include "repository/repository_store.h"
 #include "story/story_file_writer.h"
 #include "story/story_markup.h"
 
@@ -92,6 +93,12 @@ class StorySaver {
         if (tracking)
             CopyStoryForTracking(bytes, request_.fileName, workflow.TrackingTextsDirectory);
         Stamp(now);
+        if (!request_.unattended && context_.preferences.TextMLTracking &&
+            context_.configuration.textML.TrackingEnabled) {
+            RepositoryContext repository{context_.configuration.textML, messages_, context_.user,
+                                         context_.window};
+            StoreTrackingDocument(request_.fileName, request_.directory, repository);
+        }
         return result;
     }
 

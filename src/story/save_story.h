@@ -59,7 +59,10 @@ std::string BackupStoryName(std::string_view fileName);
 //    TrackingImagesDirectory and the story to TrackingTextsDirectory as <base>.xml;
 // 6. the status panel shows the time "hh:mm", " - ", SavedStory, ": " and the path; the
 //    story's last-save date and time become now, and a story without a creation date gets
-//    now as well.
+//    now as well;
+// 7. unless unattended, with the user's TextMLTracking and the TextML section's
+//    TrackingEnabled on, the saved story is stored in the repository's tracking base
+//    (StoreTrackingDocument); whatever the repository says, the story stays saved.
 SaveResult SaveStory(StoryRecord& story, StoryContext& context, const SaveStoryRequest& request);
 
 // Saves the open story of an editor session under its directory and name. When it is saved,

@@ -22,12 +22,6 @@ bool StoryFileIsThere(const std::filesystem::path& path) {
     return std::filesystem::is_regular_file(path, error);
 }
 
-std::string ParseErrorReport(const std::filesystem::path& path, const XmlParseError& error) {
-    return "Parsing error: \n" + path.string() + "\nline: " + std::to_string(error.line) +
-           ", pos: " + std::to_string(error.linePosition) + "\n" + error.sourceText + "\n" +
-           error.reason;
-}
-
 std::string ForeignStoryReport(const std::filesystem::path& path, const MessageTexts& messages) {
     return messages.Message("InvalidStory") + ":\n" + path.string() + "\n";
 }
@@ -69,6 +63,12 @@ std::array<std::int32_t, kTextBoxCount> BoxFontSizes(const Preferences& preferen
 
 }  // namespace
 
+std::string StoryParseErrorReport(const std::filesystem::path& path, const XmlParseError& error) {
+    return "Parsing error: \n" + path.string() + "\nline: " + std::to_string(error.line) +
+           ", pos: " + std::to_string(error.linePosition) + "\n" + error.sourceText + "\n" +
+           error.reason;
+}
+
 void ResetStory(StoryRecord& story, const Configuration& configuration) {
     StoryRecord reset;
     const Identity& user = configuration.identity;
@@ -98,7 +98,7 @@ StoryReadOutcome ReadStory(const std::filesystem::path& path, const StoryContext
     XmlDocument document;
     if (!document.LoadFile(path)) {
         const XmlParseError error = document.ParseError().value_or(XmlParseError{});
-        return OfferSimpleText(ParseErrorReport(path, error), path, context, story);
+        return OfferSimpleText(StoryParseErrorReport(path, error), path, context, story);
     }
     const XmlNode root = document.DocumentElement();
     if (root.Attribute("AppName") != kAppName) {

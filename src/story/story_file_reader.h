@@ -1,7 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
+#include "common/xml_document.h"
 #include "story/story_context.h"
 #include "story/story_record.h"
 
@@ -21,6 +23,10 @@ enum class StoryReadOutcome {
 // configuration's choice of general or local sections says, the signature field disabled.
 // The form in force is kept.
 void ResetStory(StoryRecord& story, const Configuration& configuration);
+
+// The report of a story file that does not parse: "Parsing error: " line end path line end
+// "line: " n ", pos: " n line end source text line end reason.
+std::string StoryParseErrorReport(const std::filesystem::path& path, const XmlParseError& error);
 
 // Opens the story file at path into story, checking in this order:
 // 1. No file at the path: a beep and the warning UnknownStory ":" line end path; the story

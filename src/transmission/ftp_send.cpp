@@ -1,4 +1,5 @@
 #include "transmission/ftp_send.h"
+#include "repository/export_copy.h"
 
 #include <algorithm>
 #include <chrono>
@@ -105,6 +106,7 @@ class FtpSender {
         state.SourceStoryPath = staged.string();
         state.LogLine = LogDateAndTime(now_) + " - " + session_.configuration.identity.author +
                         " -> " + Destination();
+        ClearRepositoryCopy(session_.configuration.exportFormats, server_.ExportFormat);
         RunExport(server_.ExportFormat, ExportMode::Ftp, "F", state, exportContext_);
         if (state.ExportedFilePath.empty()) return false;
         const fs::path source(state.OriginalStoryPath);

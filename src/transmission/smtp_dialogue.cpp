@@ -1,15 +1,7 @@
 #include "transmission/smtp_dialogue.h"
 
-#include <netdb.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-#include <system_error>
-
 #include "common/date_format.h"
+#include "common/tcp_stream.h"
 
 namespace tessarin {
 namespace {
@@ -33,32 +25,12 @@ std::string Trimmed(std::string_view text) {
     return std::string(text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1));
 }
 
-// One connection with a deadline on every read and write.
+// One connection whose replies are read line by line.
 class SmtpSocket {
   public:
-    explicit SmtpSocket(std::chrono::milliseconds timeout) : timeout_(timeout) {}
-    ~SmtpSocket() {
-        if (fd_ >= 0) close(fd_);
-    }
+    explicit SmtpSocket(std::chrono::milliseconds timeout) : stream_(timeout) {}
 
-    bool Connect(const std::string& host, int port) {
-        addrinfo hints{};
-        hints.ai_socktype = SOCK_STREAM;
-        addrinfo* found = nullptr;
-        const int status = getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found);
-        if (status != 0) return Fail(EHOSTUNREACH, gai_strerror(status));
-        for (addrinfo* address = found; address != nullptr; address = address->ai_next) {
-            fd_ = socket(address->ai_family, address->ai_socktype, address->ai_protocol);
-            if (fd_ < 0) continue;
-            if (connect(fd_, address->ai_addr, address->ai_addrlen) == 0) break;
-            error_ = errno;
-            close(fd_);
-            fd_ = -1;
-        }
-        freeaddrinfo(found);
-        if (fd_ < 0) return Fail(error_ != 0 ? error_ : ECONNREFUSED);
-        return true;
-    }
+    bool Connect(const std::string& host, int port) { return stream_.Connect(host, port); }
 
     // A whole reply: its lines up to the one whose code is followed by a blank.
     bool ReadReply(std::string& reply) {
@@ -72,48 +44,17 @@ class SmtpSocket {
                 if (line.size() < 4 || line[3] != '-') return true;
                 continue;
             }
-            if (!Wait(POLLIN)) return false;
-            char buffer[4096];
-            const ssize_t got = recv(fd_, buffer, sizeof buffer, 0);
-            if (got < 0) return Fail(errno);
-            if (got == 0) return Fail(ECONNRESET);  // the server hung up
-            pending_.append(buffer, static_cast<std::size_t>(got));
+            if (!stream_.Receive(pending_)) return false;
         }
     }
 
-    bool Send(std::string_view bytes) {
-        while (!bytes.empty()) {
-            if (!Wait(POLLOUT)) return false;
-            const ssize_t sent = send(fd_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-            if (sent < 0) return Fail(errno);
-            bytes.remove_prefix(static_cast<std::size_t>(sent));
-        }
-        return true;
-    }
-
-    int error() const { return error_; }
-    const std::string& errorText() const { return errorText_; }
+    bool Send(std::string_view bytes) { return stream_.Send(bytes); }
+    int error() const { return stream_.error(); }
+    const std::string& errorText() const { return stream_.errorText(); }
 
   private:
-    bool Wait(short events) {
-        pollfd watched{fd_, events, 0};
-        const int ready = poll(&watched, 1, static_cast<int>(timeout_.count()));
-        if (ready < 0) return Fail(errno);
-        if (ready == 0) return Fail(ETIMEDOUT);
-        return true;
-    }
-
-    bool Fail(int error, std::string text = "") {
-        error_ = error;
-        errorText_ = text.empty() ? std::generic_category().message(error) : std::move(text);
-        return false;
-    }
-
-    std::chrono::milliseconds timeout_;
-    int fd_ = -1;
+    TcpStream stream_;
     std::string pending_;
-    int error_ = 0;
-    std::string errorText_;
 };
 
 }  // namespace

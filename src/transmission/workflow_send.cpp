@@ -15,6 +15,8 @@
 #include "export/session_export_context.h"
 #include "logs/add_log_to_story.h"
 #include "logs/daily_log.h"
+#include "repository/export_copy.h"
+#include "repository/repository_store.h"
 #include "transmission/send_list.h"
 #include "transmission/source_story.h"
 #include "transmission/workflow_destinations.h"
@@ -143,13 +145,31 @@ class WorkflowSender {
         }
         const SendReportLine line{SendReportLine::Kind::Story, story.name};
         if (layout) {
+            FillStoryNameFields(state, document.DocumentElement().SelectSingleNode("Metadata"));
             RunExport(LayoutFormat(), ExportMode::Layout, "L", state, exportContext_);
+            StoreExportCopy(state);
             return Delivery{state.ExportedFilePath, NativePath(state.TargetPath), line, {}};
         }
         StoreOriginalStoryPath(state, document.DocumentElement().SelectSingleNode("Metadata"));
         std::string bytes = ComposeTessarinML(document, ExportMode::User, TypeLetter(),
                                               state.LogLine, exportContext_);
         return Delivery{state.SourceStoryPath, *inbox_ / story.name, line, std::move(bytes)};
+    }
+
+    // The layout export of NewsML, NITF and TessarinML leaves a copy in the repository when
+    // the format's TextML switch and the user's TextMLExport are on; the send goes on
+    // whatever the repository says.
+    void StoreExportCopy(const ExportState& state) {
+        const Configuration& configuration = session_.configuration;
+        if (!session_.preferences.TextMLExport ||
+            !RepositoryCopyOn(configuration.exportFormats, LayoutFormat())) {
+            return;
+        }
+        RepositoryContext repository{configuration.textML, configuration.messages, session_.user,
+                                     window_.state};
+        StoreExportDocument(state.UploadDirectory,
+                            fs::path(state.ExportedFilePath).filename().string(),
+                            state.StoryNameFields, repository);
     }
 
     std::optional<std::vector<Delivery>> Deliveries(Delivery storyDelivery,
@@ -324,7 +344,11 @@ SendOutcome SendWorkflow(EditorSession& session, WorkflowWindow& window) {
     }
     const SendOutcome outcome = WorkflowSender(session, window, *destination).Run();
     if (outcome == SendOutcome::Refused) return outcome;
-    if (outcome != SendOutcome::Stopped) window.state.ClearStatus();
+    // Both panels are cleared after the last item: the first and the repository's.
+    if (outcome != SendOutcome::Stopped) {
+        window.state.ClearStatus();
+        window.state.secondStatus.clear();
+    }
     SetTreeUpload(session, window);
     window.selectedUpload.clear();
     window.previewText.clear();

@@ -23,9 +23,12 @@ enum class SendOutcome {
 // 2. with LogsEnabled today's daily page is prepared and a batch opened on it;
 // 3. each staged story with its images and other files, in list order, is one item:
 //    - to a layout destination ("L " and the export format) the export writer of the format
-//      runs in layout mode; to a user or group the story is prepared for its inbox
-//      <WorkflowDirectory>/<destination> (which must exist, else InvalidDirectory stops the
-//      send with a box) by the TessarinML writer in user mode; both add the transmission log
+//      runs in layout mode (for NewsML, NITF and TessarinML, with the format's TextML switch
+//      and the user's TextMLExport on, followed by a copy into the repository's export base,
+//      in the collection of the story's publication levels); to a user or group the story is
+//      prepared for its inbox <WorkflowDirectory>/<destination> (which must exist, else
+//      InvalidDirectory stops the send with a box) by the TessarinML writer in user mode; both add
+//      the transmission log
 //      "<date> <hh:mm> - <author> -> <destination>" to the staged story when logs are kept;
 //    - the story's file is copied to its target, then each image and other file: beside the
 //      story in the inbox, in the story's delivery folder (InDesign, XPress, TessarinML),

@@ -26,6 +26,7 @@ MainStatusBar::MainStatusBar(QWidget* parent)
     : QStatusBar(parent),
       picture_(Panel(this, "StatusPicture")),
       text_(Panel(this, "StatusPanel")),
+      second_(Panel(this, "StatusPanel2")),
       date_(Panel(this, "StatusDate")),
       time_(Panel(this, "StatusTime")),
       clock_(new QTimer(this)) {
@@ -35,6 +36,7 @@ MainStatusBar::MainStatusBar(QWidget* parent)
     picture_->hide();
     addWidget(picture_);
     addWidget(text_, 1);
+    addWidget(second_);
     addPermanentWidget(date_);
     addPermanentWidget(time_);
     connect(clock_, &QTimer::timeout, this, &MainStatusBar::ShowClock);
@@ -46,6 +48,7 @@ void MainStatusBar::Refresh(const EditorSession& session) {
     const StatusPanel& status = session.window.Status();
     picture_->setVisible(status.errorPicture);
     text_->setText(QString::fromStdString(status.text));
+    second_->setText(QString::fromStdString(session.window.secondStatus));
     setVisible(session.preferences.StatusBarVisible);
     date_->setVisible(session.preferences.StatusDate);
     time_->setVisible(session.preferences.StatusTime);

@@ -10,8 +10,9 @@ namespace tessarin {
 struct EditorSession;
 
 // The main window's status bar: the first panel (the error picture and the text of the
-// window state's status panel), then the date and the time panels, each shown as the
-// preferences StatusDate and StatusTime say. The clock panels follow the core's clock.
+// window state's status panel), the second panel (what the repository said), then the date and the
+// time panels, each shown as the preferences StatusDate and StatusTime say. The clock panels follow
+// the core's clock.
 class MainStatusBar : public QStatusBar {
     Q_OBJECT
   public:
@@ -25,6 +26,7 @@ class MainStatusBar : public QStatusBar {
 
     QLabel* picture_;
     QLabel* text_;
+    QLabel* second_;
     QLabel* date_;
     QLabel* time_;
     QTimer* clock_;

@@ -217,22 +217,24 @@ TEST(WorkflowSection, VisibleWorkflowAndInterceptedUsersDecideTheButtons) {
 std::string TextMLLine(const TextMLSettings& settings) {
     return Joined({settings.TrackingEnabled ? "tracking" : "", settings.ServerName,
                    settings.TrackingDocBaseName, settings.TrackingKeepVersions ? "keep" : "",
-                   settings.ExportDocBaseName, settings.ExportKeepVersions ? "keep" : ""});
+                   settings.ExportDocBaseName, settings.ExportKeepVersions ? "keep" : "",
+                   settings.User, settings.Password});
 }
 
 TEST(TextMLSection, DefaultsOrItems) {
     TextMLSettings settings;
     settings.ServerName = "old";
     ReadTextML(XmlNode(), settings);
-    EXPECT_EQ(TextMLLine(settings), "|localhost|TessarinTracking|keep|TessarinExport|keep");
+    EXPECT_EQ(TextMLLine(settings),
+              "|localhost|TessarinTracking|keep|TessarinExport|keep|admin|admin");
     // Each row: the section, and what it gives; empty items take the defaults.
     const std::pair<std::string_view, std::string_view> cases[] = {
         {"<TextML><ServerName/><TrackingDocBaseName></TrackingDocBaseName></TextML>",
-         "|localhost|TessarinTracking|keep|TessarinExport|keep"},
-        {R"(<TextML TrackingEnabled="true"><ServerName>repo.paper.test</ServerName>
+         "|localhost|TessarinTracking|keep|TessarinExport|keep|admin|admin"},
+        {R"(<TextML TrackingEnabled="true" User="desk" Password="s3"><ServerName>repo.paper.test</ServerName>
             <TrackingDocBaseName KeepVersions="false">Tracks</TrackingDocBaseName>
             <ExportDocBaseName KeepVersions="False">Exports</ExportDocBaseName></TextML>)",
-         "tracking|repo.paper.test|Tracks||Exports|keep"}};
+         "tracking|repo.paper.test|Tracks||Exports|keep|desk|s3"}};
     for (const auto& [section, expected] : cases) {
         SCOPED_TRACE(section);
         ReadTextML(ParseSection(section).DocumentElement(), settings);
