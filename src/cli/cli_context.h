@@ -46,5 +46,6 @@ int RunReceiveCommand(CliContext& context, const Arguments& arguments);
 int RunInterceptCommand(CliContext& context, const Arguments& arguments);
 int RunTrackCommand(CliContext& context, const Arguments& arguments);
 int RunSearchCommand(CliContext& context, const Arguments& arguments);
+int RunNewsCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -71,6 +71,9 @@ constexpr const char* kHelp =
     "         [--operator exact|all|any] [--match-case] [--include-backups]\n"
     "                      search a folder tree of stories; print the listed rows, then the "
     "counts\n"
+    "  news list [--store DIR]\n"
+    "                      print the items of the news store, newest first\n"
+    "  news show ITEM      print an item's text and whether it was copied\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -156,5 +159,6 @@ int main(int argc, char** argv) {
     if (command == "intercept") return tessarin::cli::RunInterceptCommand(context, rest);
     if (command == "track") return tessarin::cli::RunTrackCommand(context, rest);
     if (command == "search") return tessarin::cli::RunSearchCommand(context, rest);
+    if (command == "news") return tessarin::cli::RunNewsCommand(context, rest);
     return Usage("unknown command " + command);
 }
