@@ -56,7 +56,7 @@ std::vector<std::string> NewsRowCells(const NewsRow& row, int dateOrder) {
             entry.rawDate};
 }
 
-std::vector<std::size_t> WordOccurrences(std::u16string_view text, std::u16string_view word) {
+std::vector<std::size_t> WordPositions(std::u16string_view text, std::u16string_view word) {
     std::vector<std::size_t> found;
     if (word.empty()) return found;
     PatternMatcher matcher(word, false);
@@ -71,7 +71,7 @@ bool PassesFilters(const NewsRow& row, const NewsFilters& filters) {
     if (!filters.fromDate.empty() && day < filters.fromDate) return false;
     if (!filters.toDate.empty() && day > filters.toDate) return false;
     return filters.word.empty() ||
-           !WordOccurrences(Utf8ToUtf16(row.text), Utf8ToUtf16(filters.word)).empty();
+           !WordPositions(Utf8ToUtf16(row.text), Utf8ToUtf16(filters.word)).empty();
 }
 
 void SortNewestFirst(std::vector<NewsRow>& rows) {

@@ -40,7 +40,7 @@ std::string FormatWordCount(std::string_view words);
 
 // Where the word is found in text, ignoring case, as UTF-16 offsets of each occurrence from
 // the first; empty for an empty word.
-std::vector<std::size_t> WordOccurrences(std::u16string_view text, std::u16string_view word);
+std::vector<std::size_t> WordPositions(std::u16string_view text, std::u16string_view word);
 
 // The filters of the news window. Dates are "yyyymmdd", compared with the item's date; an
 // empty value filters nothing.
