@@ -94,7 +94,8 @@ fs::path NewsStoreFolder(std::string_view repositories, bool archive,
     return folder;
 }
 
-std::shared_ptr<const NewsScanner::Item> NewsScanner::ReadItem(const fs::path& file) {
+std::shared_ptr<const NewsScanner::Item> NewsScanner::ReadItem(const fs::path& file,
+                                                               bool withText) {
     auto item = std::make_shared<Item>();
     XmlDocument document;
     if (!document.LoadFile(file)) {
@@ -103,7 +104,8 @@ std::shared_ptr<const NewsScanner::Item> NewsScanner::ReadItem(const fs::path& f
         return item;
     }
     item->entry = ReadNewsEntry(document);
-    item->text = ReadNewsItemView(document).text;
+    item->withText = withText;
+    if (withText) item->text = ReadNewsItemView(document).text;
     return item;
 }
 
@@ -126,14 +128,18 @@ NewsScanResult NewsScanner::Scan(const fs::path& folder, const NewsFilters& filt
     for (std::size_t first = 0; first < files.size(); first += kBatchSize) {
         const std::size_t count = std::min(kBatchSize, files.size() - first);
         std::vector<Known*> batch(count);
+        std::vector<bool> withText(count);
         std::vector<std::size_t> toRead;
         for (std::size_t i = 0; i < count; ++i) {
             const StampedFile& file = files[first + i];
             Known& known = current[file.name];
             batch[i] = &known;
+            withText[i] = !filters.word.empty() ||
+                          logs.contains(CompanionLogPath(file.name).filename().string());
             const auto earlier = known_.find(file.name);
             if (earlier != known_.end() && earlier->second.size == file.size &&
-                earlier->second.modified == file.modified) {
+                earlier->second.modified == file.modified &&
+                (earlier->second.item->withText || !withText[i])) {
                 known = std::move(earlier->second);
             } else {
                 known = {file.size, file.modified, nullptr};
@@ -142,7 +148,7 @@ NewsScanResult NewsScanner::Scan(const fs::path& folder, const NewsFilters& filt
         }
         ForEachInParallel(toRead.size(), [&](std::size_t index) {
             const std::size_t i = toRead[index];
-            batch[i]->item = ReadItem(folder / files[first + i].name);
+            batch[i]->item = ReadItem(folder / files[first + i].name, withText[i]);
         });
 
         const std::size_t rowsBefore = result.rows.size();

@@ -20,7 +20,9 @@ namespace tessarin {
 struct NewsRow {
     std::string fileName;  // the row's tag
     NewsEntry entry;
-    std::string text;  // the item's text as the window shows it
+    // The item's text as the window shows it, read only when the word filter or the
+    // companion log needs it.
+    std::string text;
     std::optional<NewsLog> log;
     NewsCopyState state = NewsCopyState::NotCopied;
 
@@ -83,6 +85,7 @@ class NewsScanner {
   private:
     struct Item {
         NewsEntry entry;
+        bool withText = false;  // text read: a reading without it is done again when needed
         std::string text;
         std::string parseError;  // empty when the item read
     };
@@ -91,7 +94,7 @@ class NewsScanner {
         std::filesystem::file_time_type modified;
         std::shared_ptr<const Item> item;
     };
-    static std::shared_ptr<const Item> ReadItem(const std::filesystem::path& file);
+    static std::shared_ptr<const Item> ReadItem(const std::filesystem::path& file, bool withText);
 
     std::map<std::string, Known, std::less<>> known_;
 };

@@ -38,7 +38,8 @@ class NewsCopyTest : public ::testing::Test, public testing::PanelSession {
     NewsCopySource Source() {
         NewsScanner scanner;
         const NewsRow row = scanner.Scan(itemPath.parent_path(), {}).rows.at(0);
-        return {itemPath, row.entry.headline, row.entry.status, row.state, Utf8ToUtf16(row.text)};
+        return {itemPath, row.entry.headline, row.entry.status, row.state,
+                Utf8ToUtf16(ShowNewsItem(itemPath).view.text)};
     }
 
     std::u16string Box(int box) { return session.story.boxes[box].Text(); }
@@ -58,7 +59,6 @@ TEST_F(NewsCopyTest, APartCopyIsLoggedAndASecondWorkstationSeesTheMark) {
     EXPECT_EQ(result.outcome, NewsCopyOutcome::Copied);
     EXPECT_EQ(result.marked, NewsCopyState::CopiedInPart);
     EXPECT_EQ(testing::ReadBytes(folder / "store/wire.log"), LogLine("6 4"));
-    EXPECT_TRUE(Box(6).ends_with(u"sail"));
     EXPECT_TRUE(session.storyModified);
     // The bookmark of the copy stands before the text, its note in the story.
     ASSERT_EQ(session.story.notes.size(), 1u);
