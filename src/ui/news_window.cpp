@@ -27,6 +27,8 @@
 #include "common/date_format.h"
 #include "common/utf8.h"
 #include "config/profile_values.h"
+#include "ui/named_widget.h"
+#include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
@@ -35,18 +37,6 @@ namespace {
 constexpr std::string_view kNewsSection = "NewsWindow";
 constexpr int kRowIndexRole = Qt::UserRole;
 constexpr int kRawDateColumn = 7;
-
-template <typename Widget, typename... Arguments>
-Widget* Named(const char* name, Arguments&&... arguments) {
-    auto* widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-QColor ColourOf(OleColour colour) {
-    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>((colour >> 8) & 0xFF),
-                  static_cast<int>((colour >> 16) & 0xFF));
-}
 
 // The columns that the preferences may hide: the entry, its preference key, its caption key.
 struct ColumnEntry {
@@ -94,20 +84,20 @@ NewsWindow::NewsWindow(EditorSession& session, int service, QWidget* parent)
     : QDialog(parent),
       session_(session),
       service_(service),
-      live_(Named<QRadioButton>("optRepository")),
-      archive_(Named<QRadioButton>("optRepository")),
-      categories_(Named<QComboBox>("lstNewsCategories")),
-      search_(Named<QLineEdit>("txtSearch")),
-      dates_(Named<QCheckBox>("chkDates")),
-      from_(Named<QDateEdit>("dtpFrom")),
-      to_(Named<QDateEdit>("dtpTo")),
-      searchButton_(Named<QPushButton>("cmdSearch")),
-      list_(Named<QTreeWidget>("lvNewsML")),
-      text_(Named<QTextEdit>("rtfNewsML")),
-      location_(Named<QLabel>("lblLocation")),
-      organisations_(Named<QPlainTextEdit>("txtOrganisation")),
-      log_(Named<QPlainTextEdit>("txtNewsLog")),
-      status_(Named<QLabel>("lblStatus")) {
+      live_(Named(new QRadioButton, "optRepository")),
+      archive_(Named(new QRadioButton, "optRepository")),
+      categories_(Named(new QComboBox, "lstNewsCategories")),
+      search_(Named(new QLineEdit, "txtSearch")),
+      dates_(Named(new QCheckBox, "chkDates")),
+      from_(Named(new QDateEdit, "dtpFrom")),
+      to_(Named(new QDateEdit, "dtpTo")),
+      searchButton_(Named(new QPushButton, "cmdSearch")),
+      list_(Named(new QTreeWidget, "lvNewsML")),
+      text_(Named(new QTextEdit, "rtfNewsML")),
+      location_(Named(new QLabel, "lblLocation")),
+      organisations_(Named(new QPlainTextEdit, "txtOrganisation")),
+      log_(Named(new QPlainTextEdit, "txtNewsLog")),
+      status_(Named(new QLabel, "lblStatus")) {
     setObjectName(QStringLiteral("frmNews"));
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(false);
@@ -119,7 +109,7 @@ NewsWindow::NewsWindow(EditorSession& session, int service, QWidget* parent)
     setWindowTitle(ToQString(title));
     if (session.preferences.NewsTopMost) setWindowFlag(Qt::WindowStaysOnTopHint);
 
-    auto* splitter = Named<QSplitter>("Splitter1");
+    auto* splitter = Named(new QSplitter, "Splitter1");
     splitter->addWidget(BuildList());
     splitter->addWidget(BuildItem());
     auto* layout = new QVBoxLayout(this);
@@ -204,9 +194,9 @@ QWidget* NewsWindow::BuildItem() {
     organisations_->setReadOnly(true);
     log_->setReadOnly(true);
     location_->setWordWrap(true);
-    auto* copy = Named<QPushButton>("cmdCopySelection");
+    auto* copy = Named(new QPushButton, "cmdCopySelection");
     copy->setText(ToQString(Caption("NewsCopySelection", "Copy selection")));
-    auto* sort = Named<QPushButton>("cmdSortSelectedNews");
+    auto* sort = Named(new QPushButton, "cmdSortSelectedNews");
     sort->setText(ToQString(Caption("NewsSort", "Sort the selected news")));
     connect(copy, &QPushButton::clicked, this, &NewsWindow::CopySelection);
     connect(sort, &QPushButton::clicked, this, &NewsWindow::SortSelectedNews);
@@ -346,7 +336,7 @@ void NewsWindow::PaintRow(QTreeWidgetItem& item, const NewsRow& row) const {
         item.setFont(column, font);
         if (row.state != NewsCopyState::NotCopied) {
             item.setForeground(
-                column, ColourOf(row.state == NewsCopyState::Copied ? kCopiedColour
+                column, ToQColor(row.state == NewsCopyState::Copied ? kCopiedColour
                                                                     : kPartiallyCopiedColour));
         }
     }
@@ -421,7 +411,7 @@ void NewsWindow::ShowMarks() {
     if (!shown_.log) return;
     QTextCharFormat marked;
     marked.setForeground(
-        ColourOf(shown_.state == NewsCopyState::Copied ? kCopiedColour : kPartiallyCopiedColour));
+        ToQColor(shown_.state == NewsCopyState::Copied ? kCopiedColour : kPartiallyCopiedColour));
     for (const NewsMark& mark : shown_.log->marks) {
         Colour(*text_, static_cast<int>(PaneOffset(shownText_, mark.start)),
                static_cast<int>(PaneOffset(shownText_, mark.start + mark.length)), marked);
@@ -431,21 +421,22 @@ void NewsWindow::ShowMarks() {
         comments += comment + "\n";
     log_->setPlainText(ToQString(comments));
     QPalette palette = log_->palette();
-    palette.setColor(QPalette::Text, ColourOf(kPartiallyCopiedColour));
+    palette.setColor(QPalette::Text, ToQColor(kPartiallyCopiedColour));
     log_->setPalette(palette);
 }
 
 NewsCopySource NewsWindow::SourceOf(const NewsRow& row) const {
-    return {Folder() / row.fileName, row.entry.headline, row.entry.status, row.state,
-            Utf8ToUtf16(row.text)};
+    const std::filesystem::path item = Folder() / row.fileName;
+    return {item, row.entry.headline, row.entry.status, row.state,
+            Utf8ToUtf16(ShowNewsItem(item).view.text)};
 }
 
 void NewsWindow::AfterCopy(NewsRow& row, const NewsCopyResult& result) {
     if (result.outcome != NewsCopyOutcome::Copied) return;
-    const std::filesystem::path item = Folder() / row.fileName;
-    row.log = ReadNewsLog(item);
-    row.state = CopyStateOf(row.log, Utf8ToUtf16(row.text).size());
-    if (!row.log) row.state = result.marked;  // a store that refused the log line
+    const ShownNewsItem item = ShowNewsItem(Folder() / row.fileName);
+    row.log = item.log;
+    // A store that refused the log line still shows what this workstation took.
+    row.state = row.log ? item.state : result.marked;
     for (int i = 0; i < list_->topLevelItemCount(); ++i) {
         QTreeWidgetItem* shown = list_->topLevelItem(i);
         if (&rows_[shown->data(0, kRowIndexRole).toULongLong()] == &row) PaintRow(*shown, row);
@@ -501,7 +492,7 @@ SortSelectedNewsDialog::SortSelectedNewsDialog(EditorSession& session,
     : QDialog(parent),
       session_(session),
       items_(std::move(items)),
-      list_(Named<QTreeWidget>("lvNewsSelected")) {
+      list_(Named(new QTreeWidget, "lvNewsSelected")) {
     setObjectName(QStringLiteral("frmSortSelectedNews"));
     const InterfaceSettings& captions = session.configuration.interface;
     setWindowTitle(ToQString(captions.CaptionOr("NewsSort", "Sort the selected news")));
@@ -514,9 +505,9 @@ SortSelectedNewsDialog::SortSelectedNewsDialog(EditorSession& session,
         item->setCheckState(0, Qt::Checked);
         item->setData(0, kRowIndexRole, static_cast<qulonglong>(index));
     }
-    auto* ok = Named<QPushButton>("cmdOK", QStringLiteral("OK"));
+    auto* ok = Named(new QPushButton(QStringLiteral("OK")), "cmdOK");
     auto* cancel =
-        Named<QPushButton>("cmdCancel", ToQString(captions.CaptionOr("Cancel", "Cancel")));
+        Named(new QPushButton(ToQString(captions.CaptionOr("Cancel", "Cancel"))), "cmdCancel");
     connect(ok, &QPushButton::clicked, this, &SortSelectedNewsDialog::Copy);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
@@ -524,8 +515,9 @@ SortSelectedNewsDialog::SortSelectedNewsDialog(EditorSession& session,
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(Named<QLabel>(
-        "lblNewsSortLabel", ToQString(captions.CaptionOr("NewsSortLabel", "Drag to sort"))));
+    layout->addWidget(
+        Named(new QLabel(ToQString(captions.CaptionOr("NewsSortLabel", "Drag to sort"))),
+              "lblNewsSortLabel"));
     layout->addWidget(list_, 1);
     layout->addLayout(buttons);
 }
