@@ -11,6 +11,7 @@
 #include "app/app_paths.h"
 #include "app/user_interaction.h"
 #include "session/editor_session.h"
+#include "cat_comparison.h"
 #include "tracking/tracking_window.h"
 
 namespace {
@@ -70,12 +71,7 @@ struct TrackingBench {
     }
     ~TrackingBench() { fs::remove_all(root); }
 
-    double Cat() const {
-        const std::string command = "cat " + (root / "texts").string() + "/* > /dev/null";
-        const Clock::time_point start = Clock::now();
-        if (std::system(command.c_str()) != 0) return -1;
-        return std::chrono::duration<double>(Clock::now() - start).count();
-    }
+    double Cat() const { return bench::CatSeconds(root / "texts"); }
 
     double Update(TrackingWindow& window) {
         const Clock::time_point start = Clock::now();
@@ -104,14 +100,7 @@ void BM_TrackingUpdate(benchmark::State& state) {
         second += secondUpdate;
         cat += catTime;
     }
-    const auto average = [](double seconds) {
-        return benchmark::Counter(seconds * 1000, benchmark::Counter::kAvgIterations);
-    };
-    state.counters["first_ms"] = average(first);
-    state.counters["second_ms"] = average(second);
-    state.counters["cat_ms"] = average(cat);
-    state.counters["first_per_cat"] = cat > 0 ? first / cat : 0;
-    state.counters["second_per_cat"] = cat > 0 ? second / cat : 0;
+    bench::SetCatComparisonCounters(state, first, second, cat);
 }
 BENCHMARK(BM_TrackingUpdate)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 

@@ -47,5 +47,6 @@ int RunInterceptCommand(CliContext& context, const Arguments& arguments);
 int RunTrackCommand(CliContext& context, const Arguments& arguments);
 int RunSearchCommand(CliContext& context, const Arguments& arguments);
 int RunRepositoryCommand(CliContext& context, const Arguments& arguments);
+int RunNewsCommand(CliContext& context, const Arguments& arguments);
 
 }  // namespace tessarin::cli

@@ -72,9 +72,11 @@ constexpr const char* kHelp =
     "                      search a folder tree of stories; print the listed rows, then the "
     "counts\n"
     "  repository store STORY [--export FORMAT]\n"
-    "                      store the story in the repository as a save (or the layout "
-    "export)\n"
-    "                      does\n"
+    "                      store the story in the repository as a save does (or as the\n"
+    "                      layout export in FORMAT does)\n"
+    "  news list [--store DIR]\n"
+    "                      print the items of the news store, newest first\n"
+    "  news show ITEM      print an item's text and whether it was copied\n"
     "\n"
     "  --version           print the program's version\n"
     "  --help              print this list\n";
@@ -161,5 +163,6 @@ int main(int argc, char** argv) {
     if (command == "track") return tessarin::cli::RunTrackCommand(context, rest);
     if (command == "search") return tessarin::cli::RunSearchCommand(context, rest);
     if (command == "repository") return tessarin::cli::RunRepositoryCommand(context, rest);
+    if (command == "news") return tessarin::cli::RunNewsCommand(context, rest);
     return Usage("unknown command " + command);
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <system_error>
 
-#include "app/editor_session.h"
+#include "session/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"

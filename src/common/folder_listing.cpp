@@ -34,4 +34,19 @@ std::vector<std::string> NamesWithExtension(const fs::path& folder, std::string_
     return names;
 }
 
+std::vector<StampedFile> ListStampedFiles(const fs::path& folder) {
+    std::vector<StampedFile> files;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        std::error_code statError;
+        if (!it->is_regular_file(statError)) continue;
+        StampedFile file{it->path().filename().string(), it->file_size(statError),
+                         it->last_write_time(statError)};
+        if (!statError) files.push_back(std::move(file));
+    }
+    std::sort(files.begin(), files.end(),
+              [](const StampedFile& a, const StampedFile& b) { return a.name < b.name; });
+    return files;
+}
+
 }  // namespace tessarin

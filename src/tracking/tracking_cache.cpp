@@ -1,62 +1,19 @@
 #include "tracking/tracking_cache.h"
 
-#include <algorithm>
-#include <atomic>
-#include <system_error>
-#include <thread>
-
 #include "common/file_io.h"
+#include "common/folder_listing.h"
+#include "common/parallel_work.h"
 
 namespace fs = std::filesystem;
 
 namespace tessarin {
-namespace {
-
-struct Listed {
-    std::string name;
-    std::uintmax_t size = 0;
-    fs::file_time_type modified;
-};
-
-std::vector<Listed> ListFiles(const fs::path& folder) {
-    std::vector<Listed> files;
-    std::error_code error;
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-        std::error_code statError;
-        if (!it->is_regular_file(statError)) continue;
-        Listed file{it->path().filename().string(), it->file_size(statError),
-                    it->last_write_time(statError)};
-        if (!statError) files.push_back(std::move(file));
-    }
-    std::sort(files.begin(), files.end(),
-              [](const Listed& a, const Listed& b) { return a.name < b.name; });
-    return files;
-}
-
-// Runs work(i) for every i below count on the machine's cores.
-template <typename Work>
-void ForEachInParallel(std::size_t count, Work work) {
-    const std::size_t threads =
-        std::min<std::size_t>(count, std::max(1u, std::thread::hardware_concurrency()));
-    std::atomic<std::size_t> next{0};
-    const auto run = [&] {
-        for (std::size_t i = next++; i < count; i = next++)
-            work(i);
-    };
-    std::vector<std::jthread> pool;
-    for (std::size_t t = 1; t < threads; ++t)
-        pool.emplace_back(run);
-    run();
-}
-
-}  // namespace
 
 std::vector<TrackingCache::Entry> TrackingCache::Refresh(const fs::path& folder, int titleBox,
                                                          bool withText) {
-    const std::vector<Listed> files = ListFiles(folder);
+    const std::vector<StampedFile> files = ListStampedFiles(folder);
     std::map<std::string, Known, std::less<>> current;
-    std::vector<std::pair<const Listed*, Known*>> toRead;
-    for (const Listed& file : files) {
+    std::vector<std::pair<const StampedFile*, Known*>> toRead;
+    for (const StampedFile& file : files) {
         Known& known = current[file.name];
         const auto earlier = known_.find(file.name);
         if (earlier != known_.end() && earlier->second.size == file.size &&
@@ -78,7 +35,7 @@ std::vector<TrackingCache::Entry> TrackingCache::Refresh(const fs::path& folder,
     known_ = std::move(current);
     std::vector<Entry> entries;
     entries.reserve(files.size());
-    for (const Listed& file : files)
+    for (const StampedFile& file : files)
         entries.push_back({file.name, known_.find(file.name)->second.story});
     return entries;
 }

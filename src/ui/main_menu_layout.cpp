@@ -157,9 +157,9 @@ constexpr std::string_view kEditionButtons[] = {"Bold",     "Italic", "Underline
                                                 "SepInter", "Inter",  "QA"};
 
 constexpr std::string_view kToolsButtons[] = {
-    "Informations",     "Story",   "Zoom",     "Images",       "Logs",
-    "Preferences",      "SendFTP", "SendMail", "SendWorkflow", "ReceiveWorkflow",
-    "InterceptWorkflow"};
+    "Informations",      "Story",      "Zoom",     "Images",       "Logs",
+    "Preferences",       "SendFTP",    "SendMail", "SendWorkflow", "ReceiveWorkflow",
+    "InterceptWorkflow", "NewsService"};
 
 constexpr ToolbarLayout kToolbars[] = {
     {"ToolbarFile", kFileButtons},
@@ -208,6 +208,7 @@ constexpr ButtonCaption kButtonCaptions[] = {
     {"SendFTP", "FTP"},
     {"SendMail", "Mail"},
     {"SendWorkflow", "Send"},
+    {"NewsService", "News"},
     {"ReceiveWorkflow", "Receive"},
     {"InterceptWorkflow", "Intercept"},
 };

@@ -26,6 +26,7 @@
 #include "ui/main_window_chrome.h"
 #include "ui/my_stories_dialog.h"
 #include "ui/panel_proportions.h"
+#include "ui/news_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/receive_dialog.h"
@@ -171,6 +172,37 @@ void MainWindow::ConnectCommands() {
     });
 }
 
+void MainWindow::AddNewsServiceMenu() {
+    QAction* button = findChild<QAction*>(QStringLiteral("NewsService"));
+    if (button == nullptr) return;
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("mnuNewsService"));
+    const std::vector<NewsServiceEntry>& services = session_.configuration.newsServices.services;
+    for (std::size_t index = 0; index < services.size(); ++index) {
+        QAction* entry = menu->addAction(QString::fromStdString(services[index].name));
+        entry->setObjectName(QStringLiteral("k%1").arg(index + 1));
+        connect(entry, &QAction::triggered, this,
+                [this, index] { OpenNews(static_cast<int>(index)); });
+    }
+    button->setMenu(menu);
+    connect(button, &QAction::triggered, this, [this] { OpenNews(0); });
+}
+
+NewsWindow* MainWindow::OpenNews(int service) {
+    std::erase_if(newsWindows_, [](const QPointer<NewsWindow>& window) { return window.isNull(); });
+    if (newsWindows_.size() >= static_cast<std::size_t>(NewsWindow::kMaxWindows) ||
+        static_cast<std::size_t>(service) >= session_.configuration.newsServices.services.size()) {
+        QApplication::beep();
+        return nullptr;
+    }
+    auto* window = new NewsWindow(session_, service, this);
+    connect(window, &NewsWindow::storyChanged, this, &MainWindow::RefreshAll);
+    newsWindows_.emplace_back(window);
+    window->show();
+    window->Search();
+    return window;
+}
+
 // Each style sheet of the XSLT folder gets its entry mnuExportXSL in the export menu, below a
 // separator, named after its file.
 void MainWindow::AddStyleSheetEntries() {
@@ -211,6 +243,7 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
     }
     if (result.state == StartState::EndProgram) return kExitRefused;
     AddStyleSheetEntries();
+    AddNewsServiceMenu();
     ApplyStoredGeometry();
     KeepPanelProportions(*this, session_.preferences.MainWindow,
                          ToolTipText(session_.configuration.interface.CaptionOr(

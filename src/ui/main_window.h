@@ -2,6 +2,7 @@
 
 #include <QLockFile>
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,6 +19,7 @@ namespace tessarin {
 
 class InboxWatcher;
 class MainStatusBar;
+class NewsWindow;
 class SessionView;
 class WindowChrome;
 
@@ -42,6 +44,10 @@ class MainWindow : public QMainWindow {
     // Shows the session's state in every part of the window.
     void RefreshAll();
 
+    // Opens a news window on the news service of that index (from 0), unless five are open
+    // already; the window opened, else null.
+    NewsWindow* OpenNews(int service);
+
   signals:
     // The first activation's work is done: the window shows the new story.
     void firstActivationDone();
@@ -56,6 +62,7 @@ class MainWindow : public QMainWindow {
     void ComposeViews();  // the views in the tabs, with the menu entries that act on them
     void ConnectCommands();
     void AddStyleSheetEntries();
+    void AddNewsServiceMenu();  // the NewsService button's menu: one entry per service
     void AddView(SessionView* view, const QString& pageName);
     void ApplyStoredGeometry();
     MainWindowSection CurrentGeometry() const;
@@ -87,6 +94,7 @@ class MainWindow : public QMainWindow {
     QTimer* backupTimer_;
     InboxWatcher* inbox_;
     bool firstActivation_ = true;
+    std::vector<QPointer<NewsWindow>> newsWindows_;
 };
 
 }  // namespace tessarin

@@ -1,0 +1,106 @@
+#include "ui/editor_session_qt.h"  // first: before any header that includes the session
+
+#include <QAction>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include "config/story_section.h"
+#include "editing/panel_session.h"
+#include "news/news_samples.h"
+#include "ui/find_control.h"
+#include "ui/news_window.h"
+#include "ui/ui_test_registry.h"
+
+namespace tessarin {
+namespace {
+
+using namespace testing;
+
+// A session whose one news service reads wires/ under its folder.
+struct NewsDesk {
+    NewsDesk() {
+        std::filesystem::create_directories(bench.session.paths.appDir);
+        XmlDocument story;
+        story.LoadBytes("<Story/>");
+        XmlDocument services;
+        services.LoadBytes(
+            "<NewsServices Name=\"Wires\"><NewsService Name=\"North wire\" "
+            "Repository=\"" +
+            (bench.folder / "wires").string() + "\"/></NewsServices>");
+        ReadStoryAndNewsServices(story.DocumentElement(), services.DocumentElement(),
+                                 bench.session.configuration, bench.session.window);
+        bench.session.configuration.identity.author = "Ann Lee";
+        bench.session.preferences.NewsBookmark = false;
+        bench.session.preferences.NewsAutoTypography = false;
+        SampleItem urgent;
+        urgent.date = "20260307T120000";
+        urgent.priority = "1";
+        urgent.headline = "Urgent: bridge closed";
+        urgent.body = "<p>The bridge is closed.</p><p>Traffic goes round.</p>";
+        bench.folder.Write("wires/urgent.xml", NitfItem(urgent));
+        SampleItem withheld;
+        withheld.status = "Withheld";
+        withheld.headline = "Withdrawn report";
+        bench.folder.Write("wires/withheld.xml", NitfItem(withheld));
+    }
+    PanelSession bench;
+};
+
+// Scans and waits until the list holds every row.
+void Scan(NewsWindow& window) {
+    QSignalSpy finished(&window, &NewsWindow::scanFinished);
+    Find<QPushButton>(window, "cmdSearch")->click();
+    QVERIFY(finished.wait(10000));
+}
+
+class NewsWindowTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void ListsItemsShowsTheTextAndCopiesASelection() {
+        NewsDesk desk;
+        NewsWindow window(desk.bench.session, 0, nullptr);
+        QSignalSpy changed(&window, &NewsWindow::storyChanged);
+        window.show();
+        QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        Scan(window);
+        auto* list = Find<QTreeWidget>(window, "lvNewsML");
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("Urgent: bridge closed"));
+        QVERIFY(list->topLevelItem(0)->font(1).bold());
+        QVERIFY(!list->topLevelItem(1)->font(1).bold());
+        QVERIFY(!list->topLevelItem(1)->icon(0).isNull());
+        list->setCurrentItem(list->topLevelItem(0));
+        auto* text = Find<QTextEdit>(window, "rtfNewsML");
+        QCOMPARE(text->toPlainText(), QStringLiteral("The bridge is closed.\nTraffic goes round."));
+
+        // "Traffic" on the second line: offset 22 in the pane, 23 in the item's text.
+        QTextCursor cursor(text->document());
+        cursor.setPosition(22);
+        cursor.setPosition(29, QTextCursor::KeepAnchor);
+        text->setTextCursor(cursor);
+        Find<QPushButton>(window, "cmdCopySelection")->click();
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(QString::fromStdU16String(desk.bench.session.story.boxes[6].Text()),
+                 QStringLiteral("Traffic"));
+        QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("!!Urgent: bridge closed"));
+        QCOMPARE(list->topLevelItem(0)->foreground(1).color(), QColor(0, 0, 255));
+        QVERIFY(ReadBytes(desk.bench.folder / "wires/urgent.log").ends_with("\\23 7\r\n"));
+
+        // The withheld row copies nothing and says nothing.
+        list->setCurrentItem(list->topLevelItem(1));
+        text->selectAll();
+        window.findChild<QAction*>(QStringLiteral("mnuCopyAll"))->trigger();
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(desk.bench.user.questions.empty());
+    }
+};
+
+TESSARIN_UI_TEST(NewsWindowTest);
+
+}  // namespace
+}  // namespace tessarin
+
+#include "news_window_test.moc"
