@@ -166,9 +166,9 @@ constexpr ToolbarLayout kToolbars[] = {
 };
 
 constexpr std::string_view kCommandsNotBuiltYet[] = {
-    "FilePrint",        "DisplayTextZoom", "DisplayParagraphs",  "DisplayTeleprompter",
-    "ToolsInternet1",   "ToolsInternet2",  "ToolsInternet3",     "ToolsApplications",
-    "ToolsApplication", "ToolsFTP",        "ToolsConfiguration", "TipOfTheDay",
+    "FilePrint",        "DisplayTextZoom", "DisplayParagraphs", "DisplayTeleprompter",
+    "ToolsInternet1",   "ToolsInternet2",  "ToolsInternet3",    "ToolsApplications",
+    "ToolsApplication", "TipOfTheDay",
 };
 
 struct ButtonCaption {
