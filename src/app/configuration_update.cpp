@@ -106,6 +106,14 @@ UpdateResult UpdateConfigurationFromFolder(EditorSession& session) {
     return result;
 }
 
+UpdateResult UpdateConfigurationAtStart(EditorSession& session) {
+    const WorkflowSettings& workflow = session.configuration.workflow;
+    if (!workflow.Visible || workflow.ForceLogin) return {};
+    UpdateResult result = UpdateConfigurationFromFolder(session);
+    if (!result.status.empty()) session.window.Status().text = result.status;
+    return result;
+}
+
 UpdateResult UpdateConfigurationFromFtp(EditorSession& session, FtpClient& ftp,
                                         std::string_view serverDirectory) {
     const std::string path = FtpUpdatePath(serverDirectory, session.configuration.identity.author);

@@ -47,6 +47,10 @@ struct UpdateResult {
 // there, so that the message comes again at the next start.
 UpdateResult UpdateConfigurationFromFolder(EditorSession& session);
 
+// The check of the first activation: only on a workstation with the workflow visible and
+// without a forced login. An update's status goes to the status panel.
+UpdateResult UpdateConfigurationAtStart(EditorSession& session);
+
 // The check at each FTP connection, on a connected client, against the server's
 // FTPDirectory: as above, the document downloaded instead of copied.
 UpdateResult UpdateConfigurationFromFtp(EditorSession& session, FtpClient& ftp,

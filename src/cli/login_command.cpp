@@ -5,6 +5,7 @@
 #include "app/first_login.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
+#include "cli/cli_session.h"
 #include "config/load_configuration.h"
 #include "config/preferences.h"
 
@@ -51,18 +52,14 @@ int RunLoginCommand(CliContext& context, const Arguments& arguments) {
     }
     LoginRequest request = *parsed;
     CliInteraction user(context.answer, context.err);
-    // The login installs the application directory's own document, never the one --config
-    // names.
-    AppPaths paths = context.paths;
-    paths.preferencesFile = context.preferencesFile;
-    EditorSession session(paths, user);
+    EditorSession session(InstallPaths(context), user);
     session.preferences = ReadPreferences(session.profile);
     std::error_code error;
-    if (std::filesystem::exists(paths.configurationFile, error)) {
+    if (std::filesystem::exists(session.paths.configurationFile, error)) {
         Configuration inPlace;
         WindowState window;
-        LoadConfiguration(paths.configurationFile, session.profile, session.preferences, inPlace,
-                          window);
+        LoadConfiguration(session.paths.configurationFile, session.profile, session.preferences,
+                          inPlace, window);
         request.forced = inPlace.workflow.ForceLogin;
     }
     FtpClient ftp;

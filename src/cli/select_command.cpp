@@ -4,6 +4,7 @@
 #include "app/configuration_selection.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
+#include "cli/cli_session.h"
 #include "config/preferences.h"
 
 namespace tessarin::cli {
@@ -62,11 +63,7 @@ int RunSelectCommand(CliContext& context, const Arguments& arguments) {
     }
     if (!request->configuration) return kExitDone;
     CliInteraction user(context.answer, context.err);
-    // The selection replaces the application directory's own document, never the one
-    // --config names.
-    AppPaths paths = context.paths;
-    paths.preferencesFile = context.preferencesFile;
-    EditorSession session(paths, user);
+    EditorSession session(InstallPaths(context), user);
     session.preferences = ReadPreferences(session.profile);
     std::string problem;
     const bool loaded = SelectConfiguration(session, *request->configuration, problem);

@@ -124,5 +124,31 @@ TEST(ConfigurationUpdate, FromTheUpdatesFolder) {
     }
 }
 
+// At the first activation the check runs only with the workflow visible and no forced login;
+// its status goes to the status panel.
+TEST(ConfigurationUpdate, AtStartOnlyWithTheWorkflowAndNoForcedLogin) {
+    const struct {
+        bool visible, forced;
+        UpdateOutcome outcome;
+    } cases[] = {
+        {true, false, UpdateOutcome::Updated},
+        {true, true, UpdateOutcome::NoUpdate},
+        {false, false, UpdateOutcome::NoUpdate},
+    };
+    for (const auto& c : cases) {
+        Workstation desk;
+        WorkflowSettings& workflow = desk.session.configuration.workflow;
+        workflow.UpdatesDirectory = (desk.folder / "updates").string();
+        workflow.Visible = c.visible;
+        workflow.ForceLogin = c.forced;
+        const fs::path waiting =
+            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml", Document("Courier"));
+        EXPECT_EQ(UpdateConfigurationAtStart(desk.session).outcome, c.outcome);
+        EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::NoUpdate);
+        EXPECT_EQ(desk.session.window.Status().text,
+                  c.outcome == UpdateOutcome::Updated ? "Updated: " + waiting.string() : "");
+    }
+}
+
 }  // namespace
 }  // namespace tessarin
