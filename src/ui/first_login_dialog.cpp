@@ -11,38 +11,28 @@
 
 #include "app/editor_session.h"
 #include "app/first_login.h"
+#include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
-namespace {
-
-template <typename Widget, typename... Arguments>
-Widget* Named(const char* name, Arguments&&... arguments) {
-    auto* widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-}  // namespace
-
 // The captions are fixed English texts: at a first login no configuration gives them.
 FirstLoginDialog::FirstLoginDialog(EditorSession& session, bool forced, QWidget* parent)
     : QDialog(parent),
       session_(session),
       forced_(forced),
-      ftpServer_(Named<QRadioButton>("optServer0", QStringLiteral("FTP server"))),
-      fileServer_(Named<QRadioButton>("optServer1", QStringLiteral("File server"))),
-      serverLabel_(Named<QLabel>("lblServer")),
-      server_(Named<QLineEdit>("txtServer")),
-      user_(Named<QLineEdit>("txtUser")),
-      passwordLabel_(Named<QLabel>("lblPassword", QStringLiteral("Password"))),
-      password_(Named<QLineEdit>("txtPassword")),
-      browse_(Named<QPushButton>("cmdBrowse", QStringLiteral("..."))) {
+      ftpServer_(Named(new QRadioButton(QStringLiteral("FTP server")), "optServer0")),
+      fileServer_(Named(new QRadioButton(QStringLiteral("File server")), "optServer1")),
+      serverLabel_(Named(new QLabel, "lblServer")),
+      server_(Named(new QLineEdit, "txtServer")),
+      user_(Named(new QLineEdit, "txtUser")),
+      passwordLabel_(Named(new QLabel(QStringLiteral("Password")), "lblPassword")),
+      password_(Named(new QLineEdit, "txtPassword")),
+      browse_(Named(new QPushButton(QStringLiteral("...")), "cmdBrowse")) {
     setObjectName(QStringLiteral("frmFirstLogin"));
     setWindowTitle(QStringLiteral("Tessarin " TESSARIN_VERSION " - Login"));
     password_->setEchoMode(QLineEdit::Password);
-    auto* ok = Named<QPushButton>("cmdOK", QStringLiteral("OK"));
-    auto* cancel = Named<QPushButton>("cmdCancel", QStringLiteral("Cancel"));
+    auto* ok = Named(new QPushButton(QStringLiteral("OK")), "cmdOK");
+    auto* cancel = Named(new QPushButton(QStringLiteral("Cancel")), "cmdCancel");
     ok->setDefault(true);
 
     auto* options = new QHBoxLayout;

@@ -25,6 +25,7 @@
 #include "transmission/remove_story.h"
 #include "transmission/send_list.h"
 #include "transmission/send_preview.h"
+#include "ui/named_widget.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -34,13 +35,6 @@ namespace {
 constexpr int kWidth = 820;
 constexpr int kHeight = 600;
 constexpr int kProgressSteps = 1000;
-
-template <typename Widget, typename... Arguments>
-Widget* Named(const char* name, Arguments&&... arguments) {
-    auto* widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 // The connection's buttons, captioned by the configuration's Interface section; the send
 // list's buttons take the captions of the send window.
@@ -61,27 +55,27 @@ constexpr ButtonCaption kButtonCaptions[] = {
 FtpDialog::FtpDialog(EditorSession& session, QWidget* parent)
     : QDialog(parent),
       session_(session),
-      servers_(Named<QListWidget>("lstServers")),
-      user_(Named<QLineEdit>("txtUser")),
-      password_(Named<QLineEdit>("txtPassword")),
-      format_(Named<QLabel>("lblFormat")),
-      connect_(Named<QPushButton>("cmdConnect")),
-      disconnect_(Named<QPushButton>("cmdDisconnect")),
-      refresh_(Named<QPushButton>("cmdRefresh")),
-      directory_(Named<QLabel>("lblDir")),
-      remote_(Named<QTreeWidget>("lv")),
+      servers_(Named(new QListWidget, "lstServers")),
+      user_(Named(new QLineEdit, "txtUser")),
+      password_(Named(new QLineEdit, "txtPassword")),
+      format_(Named(new QLabel, "lblFormat")),
+      connect_(Named(new QPushButton, "cmdConnect")),
+      disconnect_(Named(new QPushButton, "cmdDisconnect")),
+      refresh_(Named(new QPushButton, "cmdRefresh")),
+      directory_(Named(new QLabel, "lblDir")),
+      remote_(Named(new QTreeWidget, "lv")),
       upload_(new SessionTreeWidget(QStringLiteral("treeUpload"), nullptr)),
-      stories_(Named<QGroupBox>("FrameStories")),
-      addCurrent_(Named<QPushButton>("cmdAddCurrent")),
-      addStory_(Named<QPushButton>("cmdAddStory")),
-      remove_(Named<QPushButton>("cmdRemoveStory")),
-      send_(Named<QPushButton>("cmdUpload")),
-      story_(Named<QTextEdit>("txtStory")),
-      image_(Named<QLabel>("Image1")),
-      progress_(Named<QProgressBar>("pb")),
-      sentFile_(Named<QLabel>("lblSentFile")),
-      status_(Named<QStatusBar>("StatusBar1")),
-      panel_(Named<QLabel>("StatusPanel1")) {
+      stories_(Named(new QGroupBox, "FrameStories")),
+      addCurrent_(Named(new QPushButton, "cmdAddCurrent")),
+      addStory_(Named(new QPushButton, "cmdAddStory")),
+      remove_(Named(new QPushButton, "cmdRemoveStory")),
+      send_(Named(new QPushButton, "cmdUpload")),
+      story_(Named(new QTextEdit, "txtStory")),
+      image_(Named(new QLabel, "Image1")),
+      progress_(Named(new QProgressBar, "pb")),
+      sentFile_(Named(new QLabel, "lblSentFile")),
+      status_(Named(new QStatusBar, "StatusBar1")),
+      panel_(Named(new QLabel, "StatusPanel1")) {
     setObjectName(QStringLiteral("frmFTP"));
     resize(kWidth, kHeight);
     password_->setEchoMode(QLineEdit::Password);
@@ -151,8 +145,8 @@ void FtpDialog::reject() {
 
 QWidget* FtpDialog::BuildConnection() {
     const InterfaceSettings& interface = session_.configuration.interface;
-    auto* frame = Named<QGroupBox>("FrameConnexion",
-                                   ToQString(interface.CaptionOr("Connexion", "Connection")));
+    auto* frame = Named(new QGroupBox(ToQString(interface.CaptionOr("Connexion", "Connection"))),
+                        "FrameConnexion");
     auto* form = new QFormLayout;
     form->addRow(ToQString(interface.CaptionOr("ServerLabel", "Server")), servers_);
     form->addRow(ToQString(interface.CaptionOr("UserLabel", "User")), user_);

@@ -9,20 +9,14 @@
 
 #include "app/configuration_selection.h"
 #include "app/editor_session.h"
+#include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
 namespace {
 
-template <typename Widget, typename... Arguments>
-Widget* Named(const char* name, Arguments&&... arguments) {
-    auto* widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
 QListWidget* NamesList(const char* name, const std::vector<std::string>& names) {
-    auto* list = Named<QListWidget>(name);
+    auto* list = Named(new QListWidget, name);
     for (const std::string& entry : names)
         list->addItem(ToQString(entry));
     return list;
@@ -38,16 +32,17 @@ SelectConfigurationDialog::SelectConfigurationDialog(EditorSession& session, QWi
     const NamedDocuments documents = ListNamedDocuments(session.paths.appDir);
     configurations_ = NamesList("lstTessarin", documents.configurations);
     tips_ = NamesList("lstTessarinTipOfTheDay", documents.tips);
-    auto* configurationLabel = Named<QLabel>(
-        "lblTessarin", ToQString(interface.CaptionOr("ToolsConfigurationTessarin",
-                                                     "Select Tessarin configuration file")));
+    auto* configurationLabel =
+        Named(new QLabel(ToQString(interface.CaptionOr("ToolsConfigurationTessarin",
+                                                       "Select Tessarin configuration file"))),
+              "lblTessarin");
     auto* tipLabel =
-        Named<QLabel>("lblTipOfTheDay",
-                      ToQString(interface.CaptionOr("ToolsConfigurationTipOfTheDay",
-                                                    "Select 'Tip of the Day' configuration file")));
-    ok_ = Named<QPushButton>("cmdOK", QStringLiteral("OK"));
+        Named(new QLabel(ToQString(interface.CaptionOr(
+                  "ToolsConfigurationTipOfTheDay", "Select 'Tip of the Day' configuration file"))),
+              "lblTipOfTheDay");
+    ok_ = Named(new QPushButton(QStringLiteral("OK")), "cmdOK");
     auto* cancel =
-        Named<QPushButton>("cmdCancel", ToQString(interface.CaptionOr("Cancel", "Cancel")));
+        Named(new QPushButton(ToQString(interface.CaptionOr("Cancel", "Cancel"))), "cmdCancel");
     ok_->setEnabled(false);
 
     auto* lists = new QGridLayout;
