@@ -4,7 +4,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -23,7 +22,6 @@
 #include "transmission/ftp_send.h"
 #include "transmission/ftp_server_connection.h"
 #include "transmission/remove_story.h"
-#include "transmission/send_list.h"
 #include "transmission/send_preview.h"
 #include "ui/named_widget.h"
 #include "ui/session_tree_widget.h"
