@@ -29,21 +29,13 @@ std::string Text(const EditorSession& session, std::string_view key) {
     return session.Message(key);
 }
 
-bool Reload(EditorSession& session) {
-    const bool loaded =
-        LoadConfiguration(session.paths.configurationFile, session.profile, session.preferences,
-                          session.configuration, session.window);
-    if (loaded) session.storyModified = false;
-    return loaded;
-}
-
 // Puts the backup back over a document that did not do.
 void RollBack(EditorSession& session) {
     const fs::path document = session.paths.configurationFile;
     std::error_code ignored;
     fs::remove(document, ignored);
     fs::rename(ConfigurationBackupPath(document), document, ignored);
-    Reload(session);
+    ReloadConfiguration(session);
 }
 
 void SetAside(const fs::path& document) {
@@ -71,10 +63,19 @@ fs::path FolderUpdatePath(const fs::path& updates, std::string_view user) {
     return updates / UpdateInitial(user, false) / (std::string(user) + ".xml");
 }
 
-std::string FtpUpdatePath(std::string_view serverDirectory, std::string_view user) {
+bool ReloadConfiguration(EditorSession& session) {
+    const bool loaded =
+        LoadConfiguration(session.paths.configurationFile, session.profile, session.preferences,
+                          session.configuration, session.window);
+    if (loaded) session.storyModified = false;
+    return loaded;
+}
+
+std::string FtpUpdatePath(std::string_view serverDirectory, std::string_view user,
+                          bool foldAccents) {
     std::string base(serverDirectory);
     if (!base.empty() && !base.ends_with('/')) base += '/';
-    return base + "Updates/" + UpdateInitial(user, true) + "/" + std::string(user) + ".xml";
+    return base + "Updates/" + UpdateInitial(user, foldAccents) + "/" + std::string(user) + ".xml";
 }
 
 fs::path ConfigurationBackupPath(const fs::path& document) {
@@ -90,7 +91,7 @@ UpdateResult UpdateConfigurationFromFolder(EditorSession& session) {
     if (!fs::is_regular_file(source, error)) return {};
     const fs::path document = session.paths.configurationFile;
     SetAside(document);
-    if (!CopyFileWhole(source, document).empty() || !Reload(session))
+    if (!CopyFileWhole(source, document).empty() || !ReloadConfiguration(session))
         return Invalid(session, source.string());
     fs::remove(source, error);
     if (!fs::exists(source, error)) {
@@ -102,6 +103,14 @@ UpdateResult UpdateConfigurationFromFolder(EditorSession& session) {
                         Text(session, "ConfigurationUpdated") + ":\n" + source.string() + "\n" +
                             Text(session, "ConfigurationUpdatedNoDelete")};
     session.user.Tell(result.message, MessageIcon::Exclamation);
+    return result;
+}
+
+UpdateResult UpdateConfigurationAtStart(EditorSession& session) {
+    const WorkflowSettings& workflow = session.configuration.workflow;
+    if (!workflow.Visible || workflow.ForceLogin) return {};
+    UpdateResult result = UpdateConfigurationFromFolder(session);
+    if (!result.status.empty()) session.window.Status().text = result.status;
     return result;
 }
 
@@ -120,7 +129,7 @@ UpdateResult UpdateConfigurationFromFtp(EditorSession& session, FtpClient& ftp,
         RollBack(session);
         return result;
     }
-    if (!Reload(session)) return Invalid(session, path);
+    if (!ReloadConfiguration(session)) return Invalid(session, path);
     if (ftp.DeleteFTPFile(path)) {
         session.user.Beep();
         return {UpdateOutcome::Updated, path + " " + Text(session, "ConfigurationUpdated"), ""};

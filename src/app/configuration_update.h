@@ -16,10 +16,16 @@ namespace tessarin {
 
 std::string UpdateInitial(std::string_view user, bool foldAccents);
 std::filesystem::path FolderUpdatePath(const std::filesystem::path& updates, std::string_view user);
-std::string FtpUpdatePath(std::string_view serverDirectory, std::string_view user);
+// At a login the initial is taken as it is, at an update it is folded.
+std::string FtpUpdatePath(std::string_view serverDirectory, std::string_view user,
+                          bool foldAccents = true);
 
 // The backup of the document in use: its path followed by " BAK".
 std::filesystem::path ConfigurationBackupPath(const std::filesystem::path& document);
+
+// Loads the document in place, as at start; a document that loads leaves the open story
+// counted as unchanged.
+bool ReloadConfiguration(EditorSession& session);
 
 enum class UpdateOutcome {
     NoUpdate,         // no document waits for the user
@@ -40,6 +46,10 @@ struct UpdateResult {
 // document that loads is removed from the folder; one that does not is rolled back and left
 // there, so that the message comes again at the next start.
 UpdateResult UpdateConfigurationFromFolder(EditorSession& session);
+
+// The check of the first activation: only on a workstation with the workflow visible and
+// without a forced login. An update's status goes to the status panel.
+UpdateResult UpdateConfigurationAtStart(EditorSession& session);
 
 // The check at each FTP connection, on a connected client, against the server's
 // FTPDirectory: as above, the document downloaded instead of copied.

@@ -41,6 +41,8 @@ int RunLinguisticsCommand(CliContext& context, const std::string& command,
 int RunFtpCommand(CliContext& context, const Arguments& arguments);
 int RunMailCommand(CliContext& context, const Arguments& arguments);
 int RunUpdateCommand(CliContext& context, const Arguments& arguments);
+int RunLoginCommand(CliContext& context, const Arguments& arguments);
+int RunSelectCommand(CliContext& context, const Arguments& arguments);
 int RunInboxCommand(CliContext& context, const Arguments& arguments);
 int RunReceiveCommand(CliContext& context, const Arguments& arguments);
 int RunInterceptCommand(CliContext& context, const Arguments& arguments);

@@ -12,6 +12,12 @@ AppPaths SessionPaths(const CliContext& context) {
     return paths;
 }
 
+AppPaths InstallPaths(const CliContext& context) {
+    AppPaths paths = context.paths;
+    paths.preferencesFile = context.preferencesFile;
+    return paths;
+}
+
 bool StartSession(EditorSession& session, const CliContext& context, CliInteraction& user) {
     session.preferences = ReadPreferences(session.profile);
     const bool loaded =

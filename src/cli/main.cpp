@@ -57,6 +57,10 @@ constexpr const char* kHelp =
     "            [--server HOST] [--port N] [--verbose] [TEXT]\n"
     "                      mail a text, or a story with its files uuencoded\n"
     "  update              the configuration update of start-up from UpdatesDirectory\n"
+    "  login --user NAME (--ftp SERVER [--ftp-user U --ftp-password P] | --folder DIR)\n"
+    "                      the first login: fetch and install the user's configuration\n"
+    "  select NAME [--tip TIP] | select --tip TIP | select --list\n"
+    "                      choose a named configuration or tip of the day\n"
     "  inbox               one pass of the inbox watcher: message, or the inboxes waiting\n"
     "  receive list | receive get NAME [--group] | receive all\n"
     "                      list or take the stories waiting in the user's inboxes\n"
@@ -157,6 +161,8 @@ int main(int argc, char** argv) {
     if (command == "ftp") return tessarin::cli::RunFtpCommand(context, rest);
     if (command == "mail") return tessarin::cli::RunMailCommand(context, rest);
     if (command == "update") return tessarin::cli::RunUpdateCommand(context, rest);
+    if (command == "login") return tessarin::cli::RunLoginCommand(context, rest);
+    if (command == "select") return tessarin::cli::RunSelectCommand(context, rest);
     if (command == "inbox") return tessarin::cli::RunInboxCommand(context, rest);
     if (command == "receive") return tessarin::cli::RunReceiveCommand(context, rest);
     if (command == "intercept") return tessarin::cli::RunInterceptCommand(context, rest);

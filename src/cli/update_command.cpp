@@ -15,10 +15,7 @@ int RunUpdateCommand(CliContext& context, const Arguments& arguments) {
     CliInteraction user(context.answer, context.err);
     EditorSession session(SessionPaths(context), user);
     if (!StartSession(session, context, user)) return kExitRefused;
-    // As at start: only a workstation with the workflow and without a forced login checks.
-    const WorkflowSettings& workflow = session.configuration.workflow;
-    if (!workflow.Visible || workflow.ForceLogin) return kExitDone;
-    const UpdateResult result = UpdateConfigurationFromFolder(session);
+    const UpdateResult result = UpdateConfigurationAtStart(session);
     if (!result.status.empty()) user.ShowStatus(result.status);
     return result.outcome == UpdateOutcome::Invalid ? kExitRefused : kExitDone;
 }

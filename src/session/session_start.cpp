@@ -4,6 +4,7 @@
 #include <optional>
 #include <system_error>
 
+#include "app/configuration_update.h"
 #include "config/load_configuration.h"
 #include "config/text_trim.h"
 #include "editing/story_forms.h"
@@ -107,6 +108,7 @@ StartResult StartEditor(EditorSession& session, const StartOptions& options) {
 }
 
 void FirstActivation(EditorSession& session) {
+    UpdateConfigurationAtStart(session);
     if (session.storyFileName.empty()) ChooseForm(session, 0);
 }
 

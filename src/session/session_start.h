@@ -61,7 +61,8 @@ struct StartResult {
 //    unlocked and the story counts as unchanged.
 StartResult StartEditor(EditorSession& session, const StartOptions& options = {});
 
-// The first activation of the main window: with no story open, the first form is chosen and
+// The first activation of the main window: the configuration update from the updates folder
+// (UpdateConfigurationAtStart); then, with no story open, the first form is chosen and
 // the story panel built for it, which shows the new story.
 void FirstActivation(EditorSession& session);
 

@@ -36,15 +36,20 @@ class StoryControl {
     }
 
     AddResult Run() {
-        if (!DirectoryAllowed() || !ListAccepts() || !Load()) return Refused();
+        if (!DirectoryAllowed()) return Refused();
+        const FtpTransmissionSettings& settings = session_.configuration.ftpTransmission;
+        if (window_.ftp && settings.AddInitialsToFilenames)
+            name_ =
+                NameWithInitials(name_, session_.preferences.Identification.Initials.value_or(""));
+        if (!ListAccepts() || !Load()) return Refused();
         XmlNode root = document_.DocumentElement();
+        if (window_.ftp && !ResendConfirmed(root)) return Refused();
         const XmlNode metadata = root.SelectSingleNode("Metadata");
         if (metadata && !StatusConfirmed(metadata)) return Refused();
         const FormOfStory form = FormOf(metadata);
         ReplaceOriginalPath(root);
-        const bool controlled =
-            window_.ControlOn() &&
-            session_.configuration.ftpTransmission.ControlStoryBeforeTransmission;
+        const bool withoutControl = !window_.ftp && !window_.ControlOn();
+        const bool controlled = !withoutControl && settings.ControlStoryBeforeTransmission;
         if (metadata && form.form != nullptr && controlled) {
             if (auto result = CheckPublicationDate(metadata)) return *result;
             if (auto result = CheckCharacters(root, *form.form)) return *result;
@@ -52,7 +57,7 @@ class StoryControl {
         if (root.SelectSingleNode("Images") && controlled) {
             if (auto result = CheckImageCounts(root, form)) return *result;
         }
-        const StagingStory story{path_, name_, root, controlled, !window_.ControlOn()};
+        const StagingStory story{path_, name_, root, controlled, withoutControl};
         if (auto result = StageAttachments(session_, story)) return *result;
         if (!SaveStagedStory(session_, story, document_)) return Refused();
         SetTreeUpload(session_, window_);
@@ -66,7 +71,8 @@ class StoryControl {
 
     bool DirectoryAllowed() {
         const fs::path directory = path_.parent_path();
-        const fs::path allowed = ApplyPersonalDirectoryRule(session_, directory);
+        const fs::path allowed =
+            window_.ftp ? directory : ApplyPersonalDirectoryRule(session_, directory);
         if (allowed != directory) {
             session_.lastStoryDirectory = allowed;
             return false;
@@ -101,6 +107,14 @@ class StoryControl {
             ExportParseErrorText(path_.string(), document_.ParseError().value_or(XmlParseError{})));
         SetTreeUpload(session_, window_);
         return false;
+    }
+
+    // A story that already has a log (of any kind) is sent again only when the user says so.
+    bool ResendConfirmed(const XmlNode& root) {
+        if (!root.SelectSingleNode("Logs/Log")) return true;
+        return session_.user.Ask(
+                   session_.Message("StoryAlreadySent") + "\n" + session_.Message("StoryResend"),
+                   false, MessageIcon::Question) == Answer::Yes;
     }
 
     bool StatusConfirmed(const XmlNode& metadata) {

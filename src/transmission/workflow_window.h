@@ -66,6 +66,12 @@ struct WorkflowWindow {
 
     std::string message;  // txtMessage
 
+    // The list as the FTP window adds to it: no personal directory rule, the staged story
+    // named with the user's initials when AddInitialsToFilenames is on, a question before a
+    // story that has a log is added again, and the control as ControlStoryBeforeTransmission
+    // says, never without it.
+    bool ftp = false;
+
     bool ControlOn() const;       // optControl0 is chosen
     bool PreferredShown() const;  // optPreferred0 is chosen
 };

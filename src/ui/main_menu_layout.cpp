@@ -168,9 +168,8 @@ constexpr ToolbarLayout kToolbars[] = {
 };
 
 constexpr std::string_view kCommandsNotBuiltYet[] = {
-    "FilePrint",      "DisplayTextZoom",    "DisplayParagraphs", "ToolsInternet1",
-    "ToolsInternet2", "ToolsInternet3",     "ToolsApplications", "ToolsApplication",
-    "ToolsFTP",       "ToolsConfiguration",
+    "FilePrint",      "DisplayTextZoom", "DisplayParagraphs", "ToolsInternet1",
+    "ToolsInternet2", "ToolsInternet3",  "ToolsApplications", "ToolsApplication",
 };
 
 struct ButtonCaption {

@@ -20,6 +20,8 @@
 #include "story/import_document.h"
 #include "tracking/tracking_window.h"
 #include "ui/check_logs_dialog.h"
+#include "ui/first_login_dialog.h"
+#include "ui/ftp_dialog.h"
 #include "ui/inbox_watcher.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_status_bar.h"
@@ -31,6 +33,7 @@
 #include "ui/qt_user_interaction.h"
 #include "ui/receive_dialog.h"
 #include "ui/search_stories_dialog.h"
+#include "ui/select_configuration_dialog.h"
 #include "ui/session_view.h"
 #include "ui/smtp_dialog.h"
 #include "ui/story_panel.h"
@@ -162,6 +165,8 @@ void MainWindow::ConnectCommands() {
     on("ToolsWordStatistics", [this] { WordStatisticsDialog(session_, this).exec(); });
     on("SearchStories", [this] { SearchStoriesDialog(session_, this).exec(); });
     on("ToolsSMTP", [this] { SmtpDialog(session_, this).exec(); });
+    on("ToolsFTP", [this] { FtpDialog(session_, this).exec(); });
+    on("ToolsConfiguration", [this] { SelectConfigurationDialog(session_, this).exec(); });
     on("FileMyStories", [this] { MyStoriesDialog(session_, this).exec(); });
     ConnectTools();
     connect(chrome_->Entry(QStringLiteral("FileExit")), &QAction::triggered, this, &QWidget::close);
@@ -233,13 +238,19 @@ std::optional<int> MainWindow::Start(const std::string& commandLineConfiguration
     options.loadSynonyms = [this](const Configuration&, WindowState&) {
         findChild<StoryPanel*>()->LoadSynonyms();
     };
-    // The login window does not exist yet: a configuration that forces a login goes on
-    // with the configuration in place.
-    options.forcedLogin = [](EditorSession&) { return true; };
-    const StartResult result = StartEditor(session_, options);
+    options.forcedLogin = [this](EditorSession& session) {
+        return FirstLoginDialog(session, true, this).exec() == QDialog::Accepted;
+    };
+    StartResult result = StartEditor(session_, options);
     if (result.state == StartState::FirstLoginNeeded) {
-        session_.user.Tell(MissingConfigurationMessage(session_.paths), MessageIcon::Critical);
-        return kExitRefused;
+        // A new workstation fetches its document at the first login, then starts on it; a
+        // login given up tells where the document goes and how to try the demo newsroom.
+        if (FirstLoginDialog(session_, false, this).exec() != QDialog::Accepted) {
+            session_.user.Tell(MissingConfigurationMessage(session_.paths), MessageIcon::Critical);
+            return kExitRefused;
+        }
+        options.commandLine.clear();
+        result = StartEditor(session_, options);
     }
     if (result.state == StartState::EndProgram) return kExitRefused;
     AddStyleSheetEntries();

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QStringList>
+#include <QThread>
 
 namespace tessarin {
 namespace {
@@ -42,6 +43,17 @@ QString WithoutPatterns(QString text) {
     return text;
 }
 
+// Boxes belong to the application's thread: a question or message that comes from an exchange
+// running beside the event loop is shown there, and the exchange waits for its answer.
+template <typename Show>
+void OnApplicationThread(Show show) {
+    if (QThread::currentThread() == qApp->thread()) {
+        show();
+    } else {
+        QMetaObject::invokeMethod(qApp, show, Qt::BlockingQueuedConnection);
+    }
+}
+
 }  // namespace
 
 QString MessageBoxTitle() {
@@ -65,6 +77,12 @@ QString DialogNameFilter(std::string_view filter) {
 }
 
 Answer QtUserInteraction::Ask(std::string_view text, bool withCancel, MessageIcon icon) {
+    Answer answer = Answer::No;
+    OnApplicationThread([&] { answer = AskHere(text, withCancel, icon); });
+    return answer;
+}
+
+Answer QtUserInteraction::AskHere(std::string_view text, bool withCancel, MessageIcon icon) {
     QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No;
     if (withCancel) buttons |= QMessageBox::Cancel;
     QMessageBox box(BoxIcon(icon), MessageBoxTitle(), FromUtf8(text), buttons, parent_);
@@ -81,8 +99,10 @@ Answer QtUserInteraction::Ask(std::string_view text, bool withCancel, MessageIco
 }
 
 void QtUserInteraction::Tell(std::string_view text, MessageIcon icon) {
-    QMessageBox box(BoxIcon(icon), MessageBoxTitle(), FromUtf8(text), QMessageBox::Ok, parent_);
-    box.exec();
+    OnApplicationThread([&] {
+        QMessageBox box(BoxIcon(icon), MessageBoxTitle(), FromUtf8(text), QMessageBox::Ok, parent_);
+        box.exec();
+    });
 }
 
 std::optional<std::filesystem::path> QtUserInteraction::ChooseFileToOpen(
@@ -105,7 +125,7 @@ std::optional<std::filesystem::path> QtUserInteraction::ChooseFolder(
 }
 
 void QtUserInteraction::Beep() {
-    QApplication::beep();
+    OnApplicationThread([] { QApplication::beep(); });
 }
 
 }  // namespace tessarin

@@ -10,6 +10,8 @@ namespace tessarin {
 
 // The core's questions and messages as the desktop editor shows them: message boxes titled
 // "Tessarin" and the version, the platform's file and folder dialogs, the system beep.
+// Questions, messages and beeps may come from any thread; they are shown on the
+// application's.
 class QtUserInteraction : public UserInteraction {
   public:
     // parent: the window the dialogs belong to; may be null.
@@ -29,6 +31,8 @@ class QtUserInteraction : public UserInteraction {
     void Beep() override;
 
   private:
+    Answer AskHere(std::string_view text, bool withCancel, MessageIcon icon);
+
     QWidget* parent_;
 };
 

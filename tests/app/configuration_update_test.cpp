@@ -1,4 +1,5 @@
 #include "app/configuration_update.h"
+#include "app/first_login.h"
 
 #include <gtest/gtest.h>
 
@@ -120,6 +121,127 @@ TEST(ConfigurationUpdate, FromTheUpdatesFolder) {
         EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::Invalid);
         if (c.outcome == UpdateOutcome::Updated) {
             EXPECT_EQ(result.status, "Updated: " + waiting.string());
+        }
+    }
+}
+
+// At the first activation the check runs only with the workflow visible and no forced login;
+// its status goes to the status panel.
+TEST(ConfigurationUpdate, AtStartOnlyWithTheWorkflowAndNoForcedLogin) {
+    const struct {
+        bool visible, forced;
+        UpdateOutcome outcome;
+    } cases[] = {
+        {true, false, UpdateOutcome::Updated},
+        {true, true, UpdateOutcome::NoUpdate},
+        {false, false, UpdateOutcome::NoUpdate},
+    };
+    for (const auto& c : cases) {
+        Workstation desk;
+        WorkflowSettings& workflow = desk.session.configuration.workflow;
+        workflow.UpdatesDirectory = (desk.folder / "updates").string();
+        workflow.Visible = c.visible;
+        workflow.ForceLogin = c.forced;
+        const fs::path waiting =
+            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml", Document("Courier"));
+        EXPECT_EQ(UpdateConfigurationAtStart(desk.session).outcome, c.outcome);
+        EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::NoUpdate);
+        EXPECT_EQ(desk.session.window.Status().text,
+                  c.outcome == UpdateOutcome::Updated ? "Updated: " + waiting.string() : "");
+    }
+}
+
+constexpr const char* kBroken = "<Tessarin><Metadata></Tessarin>";
+
+// A new workstation: no configuration document yet.
+struct NewWorkstation {
+    NewWorkstation() {
+        CreateStartDirectories(session.paths);
+        session.preferences = ReadPreferences(session.profile);
+        session.storyModified = true;
+    }
+    TempDir folder;
+    ScriptedInteraction user;
+    EditorSession session{MakeAppPaths(folder / "app"), user};
+};
+
+// The user émile's document waits in Updates/É/ (the initial upper-cased, not folded); at
+// login it is removed from the server whatever it holds.
+TEST(FirstLogin, FromAnFtpServer) {
+    const std::string remote = "Updates/\xC3\x89/\xC3\xA9mile.xml";
+    const struct {
+        const char* waiting;  // nullptr: none
+        const char* password;
+        bool done, loaded;
+        const char* messageStart;
+    } cases[] = {
+        {"valid", "wrong", false, false,
+         "Not connected. Please verify the following:\n- FTP server name or number\n- user "
+         "name\n- password"},
+        {nullptr, "secret", false, false,
+         "Unknown parameters file on FTP Server @:\nUpdates/\xC3\x89/\xC3\xA9mile.xml\n"},
+        {"valid", "secret", true, true, ""},
+        {kBroken, "secret", true, false, ""},
+    };
+    for (const auto& c : cases) {
+        LocalFtpServer server;
+        if (c.waiting != nullptr)
+            server.home.Write(remote,
+                              c.waiting == std::string("valid") ? Document("Courier") : c.waiting);
+        NewWorkstation desk;
+        FtpClient ftp;
+        const LoginResult result = RunFirstLogin(desk.session, ftp,
+                                                 {LoginSource::FtpServer, server.Address(),
+                                                  "\xC3\xA9mile", "reporter", c.password, false});
+        SCOPED_TRACE(c.messageStart);
+        EXPECT_EQ(result.done, c.done);
+        EXPECT_EQ(result.loaded, c.loaded);
+        std::string start = c.messageStart;
+        if (const auto at = start.find('@'); at != std::string::npos)
+            start.replace(at, 1, server.Address());
+        EXPECT_TRUE(result.message.starts_with(start)) << result.message;
+        EXPECT_EQ(fs::exists(server.home / remote), c.waiting != nullptr && !c.done);
+        EXPECT_EQ(fs::exists(desk.session.paths.configurationFile), c.done);
+        if (c.loaded) {
+            EXPECT_EQ(desk.session.Message("AddStory"), "Courier");
+            EXPECT_FALSE(desk.session.storyModified);
+        }
+    }
+}
+
+// From an updates folder: the trimmed folder and user must be given; a forced login leaves
+// the document for the next day.
+TEST(FirstLogin, FromAFileServer) {
+    const struct {
+        const char* folder;  // below the test folder; nullptr: blanks only
+        const char* user;
+        bool waiting, forced, done;
+        const char* message;  // "@" stands for the document's path
+    } cases[] = {
+        {nullptr, "ann", true, false, false,
+         "Please verify the following:\n- File Server UPDATES folder\n- user name"},
+        {"updates", "bob", true, false, false, "Unknown configuration file on File Server:\n@"},
+        {"updates", " ann ", true, false, true, ""},
+        {"updates", "ann", true, true, true, ""},
+    };
+    for (const auto& c : cases) {
+        NewWorkstation desk;
+        desk.folder.Write("updates/A/ann.xml", Document("Courier"));
+        const fs::path waiting = desk.folder / "updates/A/ann.xml";
+        const std::string folder =
+            c.folder == nullptr ? std::string("   ") : " " + (desk.folder / c.folder).string();
+        FtpClient ftp;
+        const LoginResult result = RunFirstLogin(
+            desk.session, ftp, {LoginSource::FileServer, folder, c.user, "", "", c.forced});
+        SCOPED_TRACE(c.user);
+        EXPECT_EQ(result.done, c.done);
+        std::string expected = c.message;
+        if (const auto at = expected.find('@'); at != std::string::npos)
+            expected.replace(at, 1, (desk.folder / "updates/B/bob.xml").string());
+        EXPECT_EQ(result.message, expected);
+        EXPECT_EQ(fs::exists(waiting), !c.done || c.forced);
+        if (c.done) {
+            EXPECT_EQ(desk.session.Message("AddStory"), "Courier");
         }
     }
 }

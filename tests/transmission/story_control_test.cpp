@@ -205,6 +205,33 @@ TEST(StoryControl, StagingNamesTheFilesAndMarksTheSource) {
     EXPECT_EQ(NameWithInitials("notes", "JD"), "notes (JD)");
 }
 
+// The FTP window's list: the staged story takes the initials, no directory rule holds, a
+// story with a log asks before it goes again, and a list left uncontrolled by the send window
+// does not make the story uncontrolled.
+TEST(StoryControl, TheFtpWindowNamesAndAsksOtherwise) {
+    WorkflowDesk desk("AddInitialsToFilenames=\"true\"",
+                      "PersonalTextsDirectory=\"/home/desk/Stories\"");
+    desk.folder.Write("app/Tessarin.ini", "[Identification]\r\nInitials=JD\r\n");
+    desk.session.preferences = ReadPreferences(desk.session.profile);
+    ChooseControl(desk.session, desk.window, false);
+    desk.window.ftp = true;
+    const std::string logged = "<Logs><Log Type=\"U\">to Ann</Log></Logs>";
+    const std::string body = R"(<TextBox6 CharCount="1500">Fire</TextBox6>)";
+    desk.user.QueueAnswer(Answer::No);
+    desk.window.preparedStory = desk.Story("fire.xml", kBrief, body, logged);
+    EXPECT_EQ(AddStory(desk.session, desk.window).outcome, AddOutcome::Refused);
+    EXPECT_EQ(desk.user.questions,
+              std::vector<std::string>{"Story already sent\nDo you want to resend it"});
+
+    desk.window.preparedStory = desk.Story("fire.xml", kBrief, body, logged);
+    EXPECT_EQ(AddStory(desk.session, desk.window).outcome, AddOutcome::Staged);
+    EXPECT_TRUE(fs::exists(desk.session.paths.uploadDir / "fire (JD).xml"));
+    EXPECT_FALSE(fs::exists(desk.session.paths.uploadDir / "fire (JD).nc"));
+    desk.window.preparedStory = desk.folder / "stories/fire.xml";
+    EXPECT_EQ(AddStory(desk.session, desk.window).outcome, AddOutcome::Refused);
+    EXPECT_EQ(desk.window.state.Status().text, "Story already in send list: fire (JD).xml");
+}
+
 TEST(StoryControl, CurrentStoryIsClosedAndAddedAndAnEditOpensIt) {
     WorkflowDesk desk;
     const fs::path story =
