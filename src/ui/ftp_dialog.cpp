@@ -17,12 +17,13 @@
 #include <QVBoxLayout>
 
 #include "app/configuration_update.h"
-#include "session/editor_session.h"
 #include "common/date_format.h"
+#include "session/editor_session.h"
 #include "transmission/ftp_send.h"
 #include "transmission/ftp_server_connection.h"
 #include "transmission/remove_story.h"
 #include "transmission/send_preview.h"
+#include "ui/configured_caption.h"
 #include "ui/named_widget.h"
 #include "ui/session_tree_widget.h"
 #include "ui/window_state_binding.h"
@@ -83,11 +84,10 @@ FtpDialog::FtpDialog(EditorSession& session, QWidget* parent)
     progress_->setVisible(false);
     sentFile_->setVisible(false);
     status_->addWidget(panel_, 1);
-    const InterfaceSettings& interface = session.configuration.interface;
-    remote_->setHeaderLabels({ToQString(interface.CaptionOr("Name", "Name")),
-                              ToQString(interface.CaptionOr("Size", "Size")),
-                              ToQString(interface.CaptionOr("LastAccessed", "Last Accessed")),
-                              ToQString(interface.CaptionOr("Directory", "Folder"))});
+    // The column captions are settings of the FTP section, not Interface keys.
+    const FtpTransmissionSettings& ftp = session.configuration.ftpTransmission;
+    remote_->setHeaderLabels({ToQString(ftp.Name), ToQString(ftp.Size), ToQString(ftp.LastAccessed),
+                              ToQString(ftp.Directory)});
     remote_->setRootIsDecorated(false);
     auto* columns = new QHBoxLayout;
     columns->addWidget(BuildConnection(), 2);
@@ -108,7 +108,7 @@ FtpDialog::FtpDialog(EditorSession& session, QWidget* parent)
     layout->addWidget(status_);
     for (const ButtonCaption& button : kButtonCaptions) {
         findChild<QPushButton*>(QLatin1String(button.control))
-            ->setText(ToQString(interface.CaptionOr(button.key, button.design)));
+            ->setText(ConfiguredCaption(session, button.key, button.design));
     }
 
     for (const FtpServer& server : session.configuration.ftpTransmission.servers)

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "tools/tips_of_the_day.h"
+#include "ui/configured_caption.h"
 #include "ui/named_widget.h"
 
 namespace tessarin {
@@ -46,7 +47,10 @@ TipOfTheDayDialog::TipOfTheDayDialog(EditorSession& session, std::vector<std::st
     auto* previous =
         Named(buttons->addButton(tr("Previous"), QDialogButtonBox::ActionRole), "cmdPreviousTip");
     auto* next = Named(buttons->addButton(tr("Next"), QDialogButtonBox::ActionRole), "cmdNextTip");
-    auto* close = Named(buttons->addButton(QDialogButtonBox::Close), "cmdClose");
+    // Closing the tips is worded as the newsroom words closing a story.
+    auto* close = Named(buttons->addButton(ConfiguredTitle(session, "FileClose", "Close"),
+                                           QDialogButtonBox::RejectRole),
+                        "cmdClose");
     next->setDefault(true);
     connect(previous, &QPushButton::clicked, this,
             [this] { Show(TipInRing(static_cast<std::int64_t>(shown_) - 1, tips_.size())); });

@@ -223,10 +223,10 @@ std::set<QString> EnglishOfKeys(const EditorSession& designed,
 // Controls whose English text matches a key's although no key names them: what the Metadata
 // and Story sections name (their labels, the metadata button and the window behind it, the
 // signature buttons, the notes' tool tip), and what has no key (the mail window's send
-// button, the story list's columns).
+// button, the story list's columns), and the FTP listing's columns, which the FTP section names.
 constexpr const char* kNamedElsewhere[] = {"lblClassification", "lblInitials",   "cmdMetadata",
                                            "frmMetadata",       "cmdSignature1", "treeNotes",
-                                           "cmdSend",           "lvStories"};
+                                           "cmdSend",           "lvStories",     "lv"};
 
 bool NamedElsewhere(const QString& window, const QString& place) {
     const QString control = place.section(QLatin1Char('/'), -1).section(QLatin1Char('#'), 0, 0);

@@ -3,29 +3,33 @@
 #include <filesystem>
 #include <vector>
 
-#include "session/editor_session.h"
 #include "common/clock.h"
 #include "common/file_io.h"
 #include "linguistics/synonyms.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_message.h"
 #include "transmission/workflow_inbox.h"
 #include "transmission/workflow_message.h"
 #include "ui/check_logs_dialog.h"
 #include "ui/empty_words_dialog.h"
+#include "ui/ftp_dialog.h"
 #include "ui/insert_characters_dialog.h"
 #include "ui/iptc_dialog.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/metadata_dialog.h"
 #include "ui/my_stories_dialog.h"
+#include "ui/news_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/questions_answers_dialog.h"
 #include "ui/receive_dialog.h"
 #include "ui/search_dialog.h"
 #include "ui/search_publications_dialog.h"
 #include "ui/search_stories_dialog.h"
+#include "ui/select_configuration_dialog.h"
 #include "ui/smtp_dialog.h"
 #include "ui/spelling_dialog.h"
 #include "ui/synonyms_dialog.h"
+#include "ui/tip_of_the_day_dialog.h"
 #include "ui/tracking_dialog.h"
 #include "ui/word_statistics_dialog.h"
 #include "ui/workflow_dialog.h"
@@ -107,6 +111,18 @@ const std::vector<CataloguedWindow> kWindows = {
     {"frmSynonyms", Synonyms},
     {"frmWordStatistics", Plain<WordStatisticsDialog>},
     {"frmEmptyWordsList", Plain<EmptyWordsDialog>},
+    {"frmFTP", Plain<FtpDialog>},
+    {"frmSelectConfiguration", Plain<SelectConfigurationDialog>},
+    {"frmNews",
+     [](EditorSession& s, QWidget* p) -> Window { return std::make_unique<NewsWindow>(s, 0, p); }},
+    {"frmSortSelectedNews",
+     [](EditorSession& s, QWidget* p) -> Window {
+         return std::make_unique<SortSelectedNewsDialog>(s, std::vector<NewsCopySource>{}, p);
+     }},
+    {"frmTipOfTheDay",
+     [](EditorSession& s, QWidget* p) -> Window {
+         return std::make_unique<TipOfTheDayDialog>(s, std::vector<std::string>{"A tip."}, p);
+     }},
 };
 
 }  // namespace
