@@ -10,8 +10,8 @@
 
 #include "app/app_paths.h"
 #include "app/user_interaction.h"
-#include "session/editor_session.h"
 #include "cat_comparison.h"
+#include "session/editor_session.h"
 #include "tracking/tracking_window.h"
 
 namespace {

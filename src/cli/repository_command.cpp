@@ -4,7 +4,6 @@
 #include <string>
 #include <system_error>
 
-#include "session/editor_session.h"
 #include "cli/cli_context.h"
 #include "cli/cli_interaction.h"
 #include "cli/cli_session.h"
@@ -15,6 +14,7 @@
 #include "export/session_export_context.h"
 #include "repository/export_copy.h"
 #include "repository/repository_store.h"
+#include "session/editor_session.h"
 
 namespace fs = std::filesystem;
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "session/editor_session.h"
 #include "common/clock.h"
 #include "news/news_log.h"
+#include "session/editor_session.h"
 
 namespace tessarin {
 

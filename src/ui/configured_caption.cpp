@@ -3,8 +3,8 @@
 #include <QtGlobal>
 #include <algorithm>
 
-#include "session/editor_session.h"
 #include "config/interface_section.h"
+#include "session/editor_session.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {

@@ -9,8 +9,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "session/editor_session.h"
 #include "app/first_login.h"
+#include "session/editor_session.h"
 #include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 

@@ -22,11 +22,11 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "session/editor_session.h"
 #include "common/clock.h"
 #include "common/date_format.h"
 #include "common/utf8.h"
 #include "config/profile_values.h"
+#include "session/editor_session.h"
 #include "ui/named_widget.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"

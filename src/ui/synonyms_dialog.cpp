@@ -8,7 +8,6 @@
 
 #include "common/text_replace.h"
 #include "session/editor_session.h"
-#include "session/editor_session.h"
 #include "ui/configured_caption.h"
 #include "ui/window_state_binding.h"
 

@@ -8,8 +8,8 @@
 #include <filesystem>
 
 #include "app/app_paths.h"
-#include "session/editor_session.h"
 #include "config/configuration_document.h"
+#include "session/editor_session.h"
 #include "support/local_server.h"
 #include "support/temp_dir.h"
 #include "ui/find_control.h"
