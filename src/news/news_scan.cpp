@@ -44,9 +44,10 @@ std::string FormatWordCount(std::string_view words) {
     return digits;
 }
 
-std::vector<std::string> NewsRowCells(const NewsRow& row, int dateOrder) {
+std::vector<std::string> NewsRowCells(const NewsRow& row, int dateOrder,
+                                      const NewsDateFormats& dateForms) {
     const NewsEntry& entry = row.entry;
-    return {ShownNewsDate(entry.rawDate, dateOrder) + " " + ShownNewsTime(entry.rawDate),
+    return {NewsDateCell(entry.rawDate, dateOrder, dateForms),
             row.ShownHeadline(),
             entry.slug,
             entry.subject,

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "news/news_item.h"
+#include "news/news_list_preferences.h"
 #include "news/news_log.h"
 
 namespace tessarin {
@@ -32,10 +33,11 @@ struct NewsRow {
     bool Bold() const { return entry.priority < 3; }
 };
 
-// The cells of a row in the list's order: the shown date, a blank and the time; then the
-// headline as shown, slug, subject, priority, revision, the words count as four digits (more
-// when it is larger) and the raw date.
-std::vector<std::string> NewsRowCells(const NewsRow& row, int dateOrder);
+// The cells of a row in the list's order: the date cell in the forms asked; then the headline
+// as shown, slug, subject, priority, revision, the words count as four digits (more when it
+// is larger) and the raw date.
+std::vector<std::string> NewsRowCells(const NewsRow& row, int dateOrder,
+                                      const NewsDateFormats& dateForms = {});
 
 // The words count of an item as the list shows it: "0000" form, its leading number.
 std::string FormatWordCount(std::string_view words);
