@@ -1,6 +1,7 @@
 #include "ui/news_window.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -14,13 +15,19 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSplitter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
+#include <tuple>
 
 #include "common/clock.h"
 #include "common/date_format.h"
@@ -28,13 +35,13 @@
 #include "config/profile_values.h"
 #include "session/editor_session.h"
 #include "ui/named_widget.h"
+#include "ui/news_printout.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 
 namespace tessarin {
 namespace {
 
-constexpr std::string_view kNewsSection = "NewsWindow";
 constexpr int kRowIndexRole = Qt::UserRole;
 constexpr int kRawDateColumn = 7;
 
@@ -117,9 +124,10 @@ NewsWindow::NewsWindow(EditorSession& session, int service, QWidget* parent)
     layout->addWidget(splitter, 1);
     layout->addWidget(status_);
 
-    placement_ = {kNewsSection, {1000, 650}, splitter, "SizeBarV"};
+    placement_ = {kNewsWindowSection, {1000, 650}, splitter, "SizeBarV"};
     RestoreWindowPlacement(*this, session.profile.Load(), placement_);
     CheckColumns();
+    SetSizeColumns();
 }
 
 NewsWindow::~NewsWindow() {
@@ -164,6 +172,7 @@ QWidget* NewsWindow::BuildList() {
     list_->setColumnHidden(kRawDateColumn, true);
     list_->setSortingEnabled(true);
     list_->sortByColumn(kRawDateColumn, Qt::DescendingOrder);
+    list_->setMouseTracking(true);
 
     auto* choices = new QHBoxLayout;
     choices->addWidget(live_);
@@ -186,6 +195,10 @@ QWidget* NewsWindow::BuildList() {
     connect(search_, &QLineEdit::returnPressed, this, &NewsWindow::Search);
     connect(list_, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* item) { ShowRow(item); });
+    connect(list_, &QTreeWidget::itemEntered, this, [this](QTreeWidgetItem* item) {
+        if (choice_ == NewsRowChoice::OnHover && item != list_->currentItem())
+            list_->setCurrentItem(item);
+    });
     return column;
 }
 
@@ -239,7 +252,8 @@ void NewsWindow::BuildMenu() {
             &QAction::triggered, this, [this] {
                 std::string text;
                 for (const NewsRow& row : rows_) {
-                    const std::vector<std::string> cells = NewsRowCells(row, DateOrder());
+                    const std::vector<std::string> cells =
+                        NewsRowCells(row, DateOrder(), dateForms_);
                     for (std::size_t i = 0; i < cells.size(); ++i)
                         text += (i ? "\t" : "") + cells[i];
                     text += "\r\n";
@@ -252,7 +266,7 @@ void NewsWindow::BuildMenu() {
         QAction* action = entry(columns, column.entry, column.caption, column.design);
         action->setCheckable(true);
         connect(action, &QAction::triggered, this, [this, key = column.key](bool checked) {
-            session_.profile.Write(kNewsSection, key, FlagText(checked));
+            session_.profile.Write(kNewsWindowSection, key, FlagText(checked));
             CheckColumns();
         });
     }
@@ -260,19 +274,68 @@ void NewsWindow::BuildMenu() {
     QAction* headlines = entry(columns, "mnuCopyHeadlines", "NewsCopyHeadlines", "Copy headlines");
     headlines->setCheckable(true);
     connect(headlines, &QAction::triggered, this, [this](bool checked) {
-        session_.profile.Write(kNewsSection, "CopyHeadlines", FlagText(checked));
+        session_.profile.Write(kNewsWindowSection, "CopyHeadlines", FlagText(checked));
     });
+
+    // Each choice below is written at once and the list follows it.
+    const auto preference = [this](QAction* action, const char* key, bool value) {
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, key, value](bool checked) {
+            session_.profile.Write(kNewsWindowSection, key, FlagText(checked == value));
+            CheckColumns();
+        });
+    };
+    columns->addSeparator();
+    preference(entry(columns, "mnuDateFormat", "", "Long date"), "DateFormat", true);
+    preference(entry(columns, "mnuTimeFormat", "", "Time with seconds"), "TimeFormat", true);
+    columns->addSeparator();
+    auto* choice = new QActionGroup(this);
+    for (const auto& [name, key, design, hover] :
+         {std::tuple{"mnuSelectOnClick", "NewsSelectOnClick", "Select on click", false},
+          std::tuple{"mnuSelectHover", "NewsSelectHover", "Select on hover", true}}) {
+        QAction* action = choice->addAction(entry(columns, name, key, design));
+        preference(action, "Select", hover);
+    }
+
+    QMenu* print = bar->addMenu(ToQString(Caption("FilePrint", "Print")));
+    connect(entry(print, "mnuPrint", "", "Print the item"), &QAction::triggered, this,
+            &NewsWindow::PrintCurrentStory);
+    connect(entry(print, "mnuPrintListView", "", "Print the list"), &QAction::triggered, this,
+            &NewsWindow::PrintListView);
 }
 
 void NewsWindow::CheckColumns() {
     const ProfileContents stored = session_.profile.Load();
+    const auto check = [this](const char* entry, bool checked) {
+        findChild<QAction*>(QLatin1String(entry))->setChecked(checked);
+    };
     for (const ColumnEntry& column : kColumnEntries) {
-        const bool shown = FlagFromText(stored.Read(kNewsSection, column.key).value_or(""), true);
+        const bool shown = ReadFlag(stored, kNewsWindowSection, column.key, true);
         list_->setColumnHidden(column.column, !shown);
-        findChild<QAction*>(QLatin1String(column.entry))->setChecked(shown);
+        check(column.entry, shown);
     }
-    findChild<QAction*>(QStringLiteral("mnuCopyHeadlines"))
-        ->setChecked(FlagFromText(stored.Read(kNewsSection, "CopyHeadlines").value_or(""), false));
+    check("mnuCopyHeadlines", ReadFlag(stored, kNewsWindowSection, "CopyHeadlines", false));
+
+    const NewsListPreferences list = ReadNewsListPreferences(stored);
+    check("mnuDateFormat", list.dates.longDate);
+    check("mnuTimeFormat", list.dates.seconds);
+    check(list.choice == NewsRowChoice::OnHover ? "mnuSelectHover" : "mnuSelectOnClick", true);
+    choice_ = list.choice;
+    if (list.dates.longDate == dateForms_.longDate && list.dates.seconds == dateForms_.seconds)
+        return;
+    dateForms_ = list.dates;
+    const int order = DateOrder();
+    for (int i = 0; i < list_->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* item = list_->topLevelItem(i);
+        const NewsRow& row = rows_[item->data(0, kRowIndexRole).toULongLong()];
+        item->setText(0, ToQString(NewsDateCell(row.entry.rawDate, order, dateForms_)));
+    }
+}
+
+void NewsWindow::SetSizeColumns() {
+    for (const auto& [column, width] :
+         ReadNewsListPreferences(session_.profile.Load()).columnWidths)
+        list_->setColumnWidth(column, width);
 }
 
 std::filesystem::path NewsWindow::Folder() const {
@@ -315,7 +378,7 @@ void NewsWindow::Search() {
 void NewsWindow::AddRows(const std::vector<NewsRow>& rows) {
     QList<QTreeWidgetItem*> items;
     for (const NewsRow& row : rows) {
-        const std::vector<std::string> cells = NewsRowCells(row, DateOrder());
+        const std::vector<std::string> cells = NewsRowCells(row, DateOrder(), dateForms_);
         QStringList texts;
         for (const std::string& cell : cells)
             texts << ToQString(cell);
@@ -461,7 +524,7 @@ void NewsWindow::CopyAll() {
     NewsRow* row = CurrentRow();
     if (row == nullptr) return;
     const bool headlines =
-        FlagFromText(session_.profile.Read(kNewsSection, "CopyHeadlines").value_or(""), false);
+        ReadFlag(session_.profile.Load(), kNewsWindowSection, "CopyHeadlines", false);
     AfterCopy(*row, CopyWholeNewsItem(session_, SourceOf(*row), headlines, Now()));
 }
 
@@ -482,8 +545,52 @@ void NewsWindow::SortSelectedNews() {
         AfterCopy(*row, {NewsCopyOutcome::Copied, NewsCopyState::Copied});
 }
 
+bool NewsWindow::Print(Printout what, QPrinter& printer) const {
+    std::unique_ptr<QTextDocument> document;
+    if (what == Printout::CurrentItem) {
+        const QTreeWidgetItem* item = list_->currentItem();
+        if (item == nullptr || !shown_.read) return false;
+        const NewsEntry& entry = rows_[item->data(0, kRowIndexRole).toULongLong()].entry;
+        std::string dateLine = NewsDateCell(entry.rawDate, DateOrder(), dateForms_);
+        if (!entry.slug.empty()) dateLine += " - " + entry.slug;
+        document = NewsItemDocument(ToQString(entry.headline), ToQString(dateLine),
+                                    ToQString(shown_.PaneText()));
+    } else {
+        QStringList headers;
+        QList<QStringList> rows(list_->topLevelItemCount());
+        for (int column = 0; column < kRawDateColumn; ++column) {
+            if (list_->isColumnHidden(column)) continue;
+            headers << list_->headerItem()->text(column);
+            for (int i = 0; i < list_->topLevelItemCount(); ++i)
+                rows[i] << list_->topLevelItem(i)->text(column);
+        }
+        document = NewsListDocument(windowTitle(), headers, rows);
+    }
+    document->print(&printer);
+    return true;
+}
+
+void NewsWindow::AskPrinterAndPrint(Printout what) {
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted) Print(what, printer);
+}
+
+void NewsWindow::PrintCurrentStory() {
+    if (list_->currentItem() != nullptr && shown_.read) AskPrinterAndPrint(Printout::CurrentItem);
+}
+
+void NewsWindow::PrintListView() {
+    AskPrinterAndPrint(Printout::List);
+}
+
 void NewsWindow::done(int result) {
-    session_.profile.Write(WindowPlacementEntries(*this, placement_));
+    std::vector<ProfileEntry> kept = WindowPlacementEntries(*this, placement_);
+    std::vector<int> widths;
+    for (int column = 0; column < kNewsListColumns; ++column)
+        widths.push_back(list_->isColumnHidden(column) ? 0 : list_->columnWidth(column));
+    std::ranges::move(NewsColumnWidthEntries(widths), std::back_inserter(kept));
+    session_.profile.Write(kept);
     QDialog::done(result);
 }
 

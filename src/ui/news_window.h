@@ -17,6 +17,7 @@ class QDateEdit;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QPrinter;
 class QPushButton;
 class QRadioButton;
 class QTextEdit;
@@ -34,6 +35,8 @@ struct EditorSession;
 // lblLocation, its organisations and its log's comments in txtOrganisation and txtNewsLog.
 // cmdCopySelection and mnuCopySelection, mnuCopyAll take text into the open story;
 // cmdSortSelectedNews and mnuSortSelectedNews open frmSortSelectedNews on the chosen rows.
+// The Columns menu writes each of the list's preferences as soon as it is chosen and applies
+// it; mnuPrint and mnuPrintListView print the current item and the list.
 class NewsWindow : public QDialog {
     Q_OBJECT
   public:
@@ -51,6 +54,19 @@ class NewsWindow : public QDialog {
     void CopyAll();
     void SortSelectedNews();
 
+    // Shows the columns, the date forms and the way of choosing a row that the preferences
+    // ask for.
+    void CheckColumns();
+    // Gives the list's columns the widths kept when a news window last closed.
+    void SetSizeColumns();
+
+    // mnuPrint and mnuPrintListView: ask for a printer, then print.
+    void PrintCurrentStory();
+    void PrintListView();
+    enum class Printout { CurrentItem, List };
+    // Prints into printer as it is set up; false, printing nothing, when no item is shown.
+    bool Print(Printout what, QPrinter& printer) const;
+
     // The rows in the list's order, and the chosen ones.
     const std::vector<NewsRow>& Rows() const { return rows_; }
 
@@ -67,7 +83,7 @@ class NewsWindow : public QDialog {
     QWidget* BuildList();
     QWidget* BuildItem();
     void BuildMenu();
-    void CheckColumns();
+    void AskPrinterAndPrint(Printout what);
     void AddRows(const std::vector<NewsRow>& rows);
     void FinishScan(NewsScanResult result);
     void ShowRow(QTreeWidgetItem* item);
@@ -85,6 +101,8 @@ class NewsWindow : public QDialog {
     std::jthread scan_;
     std::atomic<bool> scanning_{false};
     std::vector<NewsRow> rows_;
+    NewsDateFormats dateForms_;
+    NewsRowChoice choice_ = NewsRowChoice::OnClick;
     ShownNewsItem shown_;
     std::u16string shownText_;  // the item's text in the code units of its log
 

@@ -1,15 +1,19 @@
 #include "ui/editor_session_qt.h"  // first: before any header that includes the session
 
 #include <QAction>
+#include <QPrinter>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <QtTest>
 
+#include "common/scoped_environment.h"
 #include "config/story_section.h"
 #include "editing/panel_session.h"
 #include "news/news_samples.h"
+#include "support/shell_quote.h"
+#include "support/tool_run.h"
 #include "ui/find_control.h"
 #include "ui/news_window.h"
 #include "ui/ui_test_registry.h"
@@ -95,6 +99,69 @@ class NewsWindowTest : public QObject {
         window.findChild<QAction*>(QStringLiteral("mnuCopyAll"))->trigger();
         QCOMPARE(changed.count(), 1);
         QVERIFY(desk.bench.user.questions.empty());
+    }
+
+    // Each choice is written at once and followed; the shown columns' widths come back.
+    void ListPreferencesApplyAtOnceAndWidthsComeBack() {
+        NewsDesk desk;
+        ScopedEnvironment longDate("TESSARIN_LONG_DATE", "yyyy-MM-dd");
+        ProfileFile& profile = desk.bench.session.profile;
+        profile.Write("NewsWindow", "ColumnWidth_2", "90");
+        {
+            NewsWindow window(desk.bench.session, 0, nullptr);
+            window.setAttribute(Qt::WA_DeleteOnClose, false);
+            Scan(window);
+            auto* list = Find<QTreeWidget>(window, "lvNewsML");
+            const auto menu = [&](const char* name) { Find<QAction>(window, name)->trigger(); };
+            menu("mnuDateFormat");
+            QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("2026-03-07 12:00"));
+            menu("mnuTimeFormat");
+            QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("2026-03-07 12:00:00"));
+            QVERIFY(profile.Read("NewsWindow", "TimeFormat") == "1");
+            // On hover the row under the mouse becomes current; on click it does not.
+            menu("mnuSelectHover");
+            QVERIFY(profile.Read("NewsWindow", "Select") == "1");
+            emit list->itemEntered(list->topLevelItem(1), 0);
+            QCOMPARE(list->currentItem(), list->topLevelItem(1));
+            menu("mnuSelectOnClick");
+            emit list->itemEntered(list->topLevelItem(0), 0);
+            QCOMPARE(list->currentItem(), list->topLevelItem(1));
+
+            list->setColumnWidth(1, 310);
+            menu("mnuSlugLine");
+            window.reject();
+        }
+        QVERIFY(profile.Read("NewsWindow", "ColumnWidth_2") == "90");
+        NewsWindow again(desk.bench.session, 0, nullptr);
+        QCOMPARE(Find<QTreeWidget>(again, "lvNewsML")->columnWidth(1), 310);
+    }
+
+    // The item prints its headline, date line and text; the list, its shown columns.
+    void PrintsTheItemAndTheListIntoPdf() {
+        NewsDesk desk;
+        NewsWindow window(desk.bench.session, 0, nullptr);
+        Scan(window);
+        const auto printed = [&](NewsWindow::Printout what, const char* name) {
+            QPrinter printer(QPrinter::HighResolution);
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            const std::string pdf = (desk.bench.folder / name).string();
+            printer.setOutputFileName(QString::fromStdString(pdf));
+            if (!window.Print(what, printer)) return std::string("(nothing printed)");
+            return RunTool("pdftotext -enc UTF-8 " + Quoted(pdf) + " -").output;
+        };
+        QVERIFY(printed(NewsWindow::Printout::CurrentItem, "none.pdf") == "(nothing printed)");
+        auto* list = Find<QTreeWidget>(window, "lvNewsML");
+        list->setCurrentItem(list->topLevelItem(0));
+        const std::string item = printed(NewsWindow::Printout::CurrentItem, "item.pdf");
+        for (const char* part :
+             {"Urgent: bridge closed", "harbour", "The bridge is closed.", "goes round."})
+            QVERIFY2(item.find(part) != std::string::npos, item.c_str());
+        Find<QAction>(window, "mnuSlugLine")->trigger();
+        const std::string rows = printed(NewsWindow::Printout::List, "list.pdf");
+        for (const char* part : {"North wire", "Headline", "Urgent: bridge closed",
+                                 "Withdrawn report", "Category", "0057"})
+            QVERIFY2(rows.find(part) != std::string::npos, rows.c_str());
+        QVERIFY2(rows.find("harbour") == std::string::npos, rows.c_str());
     }
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+class QTextDocument;
+
+namespace tessarin {
+
+// The printed page of a news item: its headline, under it the line of its date and slug,
+// then its text, one paragraph a line.
+std::unique_ptr<QTextDocument> NewsItemDocument(const QString& headline, const QString& dateLine,
+                                                const QString& text);
+
+// The printed news list: its title, then a table of the rows under the columns' captions.
+std::unique_ptr<QTextDocument> NewsListDocument(const QString& title, const QStringList& headers,
+                                                const QList<QStringList>& rows);
+
+}  // namespace tessarin
