@@ -56,7 +56,7 @@ TEST(ConfigurationUpdate, TheInitialIsFoldedOnlyOnAnFtpServer) {
 
 // At each FTP connection: a document that loads replaces the one in use and leaves the
 // server; one that does not parse is rolled back to the backup and stays on the server; with
-// none nothing happens.
+// none nothing happens. One server serves every case.
 TEST(ConfigurationUpdate, FromAnFtpServer) {
     const struct {
         const char* waiting;  // nullptr: no document waits
@@ -68,8 +68,9 @@ TEST(ConfigurationUpdate, FromAnFtpServer) {
         {"valid", UpdateOutcome::Updated, "Courier", false},
         {"<Tessarin><broken></Tessarin>", UpdateOutcome::Invalid, "Herald", true},
     };
+    LocalFtpServer server;
     for (const auto& c : cases) {
-        LocalFtpServer server;
+        fs::remove(server.home / "Updates/E/\xC3\x89mile.xml");
         Workstation desk;
         const std::string former = ReadBytes(desk.session.paths.configurationFile);
         if (c.waiting != nullptr) {
@@ -166,7 +167,7 @@ struct NewWorkstation {
 };
 
 // The user émile's document waits in Updates/É/ (the initial upper-cased, not folded); at
-// login it is removed from the server whatever it holds.
+// login it is removed from the server whatever it holds. One server serves every case.
 TEST(FirstLogin, FromAnFtpServer) {
     const std::string remote = "Updates/\xC3\x89/\xC3\xA9mile.xml";
     const struct {
@@ -183,8 +184,9 @@ TEST(FirstLogin, FromAnFtpServer) {
         {"valid", "secret", true, true, ""},
         {kBroken, "secret", true, false, ""},
     };
+    LocalFtpServer server;
     for (const auto& c : cases) {
-        LocalFtpServer server;
+        fs::remove(server.home / remote);
         if (c.waiting != nullptr)
             server.home.Write(remote,
                               c.waiting == std::string("valid") ? Document("Courier") : c.waiting);

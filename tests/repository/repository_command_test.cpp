@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string>
 
-#include "repository/basex_session.h"
 #include "support/local_basex.h"
 #include "support/shell_quote.h"
 #include "support/temp_dir.h"
@@ -50,10 +49,7 @@ class RepositoryCommand : public ::testing::Test {
     void SetUp() override {
         LocalBaseXServer& server = LocalBaseXServer::Shared();
         ASSERT_TRUE(server.running());
-        BaseXSession session(std::chrono::seconds(10));
-        ASSERT_TRUE(session.Open(RepositoryAddressOf(server.address()), "admin", "admin"));
-        ASSERT_TRUE(session.Execute("CREATE DB CliTracking"));
-        ASSERT_TRUE(session.Execute("CREATE DB CliExport"));
+        ASSERT_TRUE(server.CreateDatabases({"CliTracking", "CliExport"}));
     }
 
     RepositoryCommand() {
@@ -100,9 +96,7 @@ TEST_F(RepositoryCommand, StoresAsASaveAndALayoutSendDo) {
     EXPECT_NE(run.output.find("TextML Server not defined or not running:\n" + down + "\n"),
               std::string::npos)
         << run.output;
-    BaseXSession session(std::chrono::seconds(10));
-    ASSERT_TRUE(session.Open(RepositoryAddressOf(up), "admin", "admin"));
-    ASSERT_TRUE(session.Execute("CREATE DB CliExport"));
+    ASSERT_TRUE(LocalBaseXServer::Shared().CreateDatabases({"CliExport"}));
     ASSERT_EQ(Run(up, "workflow add " + story).exitStatus, 0);
     run = Run(up, "workflow send Page");
     EXPECT_EQ(run.exitStatus, 0) << run.output;

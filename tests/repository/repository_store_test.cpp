@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "repository/basex_session.h"
 #include "support/local_basex.h"
 #include "support/temp_dir.h"
 
@@ -30,10 +29,8 @@ class RepositoryStoreTest : public ::testing::Test {
         settings.ServerName = server.address();
         settings.TrackingDocBaseName = "Tracking" + suffix;
         settings.ExportDocBaseName = "Export" + suffix;
-        BaseXSession session(std::chrono::seconds(10));
-        ASSERT_TRUE(session.Open(RepositoryAddressOf(server.address()), "admin", "admin"));
-        ASSERT_TRUE(session.Execute("CREATE DB " + settings.TrackingDocBaseName));
-        ASSERT_TRUE(session.Execute("CREATE DB " + settings.ExportDocBaseName));
+        ASSERT_TRUE(
+            server.CreateDatabases({settings.TrackingDocBaseName, settings.ExportDocBaseName}));
         messages.Set("SavedStoryTextML", "Saved on TextML");
     }
 

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <thread>
 
+#include "repository/basex_session.h"
 #include "support/shell_quote.h"
 #include "support/tool_run.h"
 
@@ -84,6 +85,15 @@ LocalBaseXServer::~LocalBaseXServer() {
 LocalBaseXServer& LocalBaseXServer::Shared() {
     static LocalBaseXServer server;
     return server;
+}
+
+bool LocalBaseXServer::CreateDatabases(std::initializer_list<std::string_view> names) const {
+    BaseXSession session(std::chrono::seconds(10));
+    if (!session.Open(RepositoryAddressOf(address()), "admin", "admin")) return false;
+    for (std::string_view name : names) {
+        if (!session.Execute("CREATE DB " + std::string(name))) return false;
+    }
+    return true;
 }
 
 std::string LocalBaseXServer::ClientQuery(const std::string& query) const {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "support/temp_dir.h"
 
@@ -17,6 +19,9 @@ class LocalBaseXServer {
 
     bool running() const { return pid_ > 0 && port_ > 0; }
     std::string address() const { return "127.0.0.1:" + std::to_string(port_); }
+    // Makes each database anew, empty, through the program's own session; false when one
+    // cannot be made.
+    bool CreateDatabases(std::initializer_list<std::string_view> names) const;
     // What BaseX's own client prints for the query.
     std::string ClientQuery(const std::string& query) const;
 

@@ -5,53 +5,28 @@
 #include <filesystem>
 #include <string>
 
-#include "support/local_server.h"
-#include "transmission/story_staging.h"
-#include "workflow_desk.h"
+#include "ftp_desk.h"
 
 namespace fs = std::filesystem;
 
 namespace tessarin {
 namespace {
 
-using testing::LocalFtpServer;
+using testing::FtpDesk;
 using testing::ReadBytes;
-using testing::WorkflowDesk;
 
-// A desk whose FTP server 1 is the local one (TessarinML stories to texts/, pictures to
-// photos/, daily logs to logs/), with two stories listed, each with a picture.
-struct FtpDesk : WorkflowDesk {
-    explicit FtpDesk(std::size_t pictureSize = 64 * 1024) {
-        FtpServer& record = session.configuration.ftpTransmission.servers.at(0);
-        record.IPNumber = server.Address();
-        record.User = "reporter";
-        record.Password = "secret";
-        record.TextsDirectory = "texts";
-        record.ImagesDirectory = "photos";
-        record.LogsDirectory = "logs";
-        for (const char* folderName : {"texts", "photos", "logs"})
-            fs::create_directories(server.home / folderName);
-        for (const char* name : {"alpha", "beta"}) {
-            pictures.push_back(std::string(pictureSize, name[0]));
-            const fs::path picture =
-                folder.Write(std::string("stories/") + name + ".jpg", pictures.back());
-            sources.push_back(Story(std::string(name) + ".xml", "<Form>Brief</Form>",
-                                    R"(<TextBox6 CharCount="1500">Fire</TextBox6>)",
-                                    Images({picture})));
-            window.preparedStory = sources.back();
-            EXPECT_EQ(AddStory(session, window).outcome, AddOutcome::Staged);
-        }
-        EXPECT_TRUE(ftp.OpenConnection(record.IPNumber, record.User, record.Password));
+// Two stories listed, each with a picture, and a connection open on the desk's server.
+struct ConnectedDesk : FtpDesk {
+    explicit ConnectedDesk(std::size_t pictureSize = 64 * 1024) {
+        for (const char* name : {"alpha", "beta"})
+            EXPECT_TRUE(Stage(name, pictureSize));
+        EXPECT_TRUE(ftp.OpenConnection(server.Address(), "reporter", "secret"));
     }
-
-    LocalFtpServer server;
     FtpClient ftp;
-    std::vector<fs::path> sources;
-    std::vector<std::string> pictures;
 };
 
 TEST(FtpSend, SendsEveryItemAndEmptiesTheList) {
-    FtpDesk desk;
+    ConnectedDesk desk;
     ASSERT_EQ(SendFtp(desk.session, desk.window, desk.ftp, 1), FtpSendOutcome::Sent)
         << desk.window.state.Status().text;
     EXPECT_TRUE(desk.window.stories.empty());
@@ -75,7 +50,7 @@ TEST(FtpSend, SendsEveryItemAndEmptiesTheList) {
 // An upload that fails stops the walk; the item that failed and those after it stay listed
 // as they were staged, and their sources keep their names.
 TEST(FtpSend, AFailedUploadLeavesItsItemListed) {
-    FtpDesk desk(8 << 20);
+    ConnectedDesk desk(8 << 20);
     const std::string stagedBeta = ReadBytes(desk.session.paths.uploadDir / "beta.xml");
     bool killed = false;
     desk.ftp.SetProgress([&](std::int64_t done, std::int64_t total) {

@@ -84,7 +84,6 @@ class AttachmentsPanelTest : public QObject {
   private slots:
     void aPictureChosenInTheDialogIsShownWithItsIptcValues() {
         Bench bench;
-        QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [0]"));
         QVERIFY(!bench.Find<QLineEdit>("txtImageCaption")->isEnabled());
 
         bench.bench.user.QueuePath(bench.picture);
@@ -92,8 +91,6 @@ class AttachmentsPanelTest : public QObject {
 
         QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [1]"));
         QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
-        QCOMPARE(bench.Tree("treeImages")->currentItem()->toolTip(0),
-                 QString::fromStdString(bench.picture.string()));
         QCOMPARE(bench.Text("txtImageCaption"), QStringLiteral("Harbour at dawn"));
         QCOMPARE(bench.Text("txtImageCredit"), QStringLiteral("Agency"));
         QVERIFY(bench.Find<QLabel>("lblImageInfo")
@@ -106,6 +103,7 @@ class AttachmentsPanelTest : public QObject {
         QVERIFY(bench.session.storyModified);
     }
 
+    // Drops reach the core, which decides what a list takes (tested there); Del removes.
     void droppedFilesAreLinkedOrRefusedAndDelRemovesThem() {
         Bench bench;
         QTreeWidget* files = bench.Tree("treeOtherFiles");
@@ -115,10 +113,6 @@ class AttachmentsPanelTest : public QObject {
         QCOMPARE(files->currentItem()->toolTip(0), QString::fromStdString(notes.string()));
         QTest::keyClicks(bench.Find<QLineEdit>("txtOtherFileDescription"), QStringLiteral("Notes"));
         QCOMPARE(bench.session.story.files[0].description, std::string("Notes"));
-
-        bench.Drop(*files->viewport(), bench.picture);
-        QCOMPARE(bench.session.story.files.size(), std::size_t{1});
-        QCOMPARE(bench.bench.user.messages.back(), std::string("harbour.jpg: Photo not allowed"));
 
         bench.Drop(*bench.Find<QLabel>("picImage"), bench.picture);
         QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));

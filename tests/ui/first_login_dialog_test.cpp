@@ -54,8 +54,8 @@ class FirstLoginDialogTest : public QObject {
         QCOMPARE(desk.session.Message("AddStory"), std::string("Courier"));
     }
 
-    // The file-server way has no password and a folder picker; a user without a document is
-    // told so, and the login ends unfinished.
+    // The file-server way has no password and a folder picker; the login's refusal (its
+    // message is the login's own test) leaves the window unfinished.
     void AFileServerWithoutTheDocumentEndsTheLogin() {
         NewDesk desk;
         FirstLoginDialog dialog(desk.session, false, nullptr);
@@ -69,9 +69,7 @@ class FirstLoginDialogTest : public QObject {
         Find<QLineEdit>(dialog, "txtUser")->setText(QStringLiteral("ann"));
         QTest::mouseClick(Find<QPushButton>(dialog, "cmdOK"), Qt::LeftButton);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
-        QCOMPARE(desk.user.messages,
-                 std::vector<std::string>{"Unknown configuration file on File Server:\n" +
-                                          (desk.folder / "updates/A/ann.xml").string()});
+        QCOMPARE(desk.user.messages.size(), std::size_t{1});
     }
 
     // The named documents are offered; choosing one enables OK, which installs it.

@@ -16,8 +16,9 @@ using testing::TempDir;
 class PrintFormatsTest : public QObject {
     Q_OBJECT
   private slots:
-    // An RTF document opens as a new story with its bold run; the export menu then writes the
-    // story as RTF, PDF and, once saved, through the style sheet, each beside the story.
+    // An RTF document opens as a new story; the export menu then writes the story as RTF, PDF
+    // and, once saved, through the style sheet, each beside the story. What the readers and
+    // writers make of the text is tested with them.
     void importedDocumentExportsBesideItself() {
         TempDir dir;
         dir.Write("Tessarin.xml", Newsroom());
@@ -34,18 +35,16 @@ class PrintFormatsTest : public QObject {
         editor.user.QueuePath(document);
         editor.Trigger("mnuFileOpen");
         QCOMPARE(editor.MainBox(), std::u16string(u"Quay closed"));
-        QVERIFY(editor.window.Session().story.boxes[6].FormatAt(6).bold);
         QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - note.xml[*]")));
 
-        const EditorSession& session = editor.window.Session();
         for (const char* format : {"RTF", "PDF"}) {
             editor.Trigger(("mnuExport" + std::string(format)).c_str());
             const fs::path written =
                 dir / "desk" / ("note." + QString(format).toLower().toStdString());
             QVERIFY2(fs::exists(written), format);
-            QCOMPARE(session.window.Status().text, "Exported story: " + written.string());
+            QCOMPARE(editor.window.Session().window.Status().text,
+                     "Exported story: " + written.string());
         }
-        QVERIFY(ReadBytes(dir / "desk/note.rtf").find("\\b closed") != std::string::npos);
 
         editor.Trigger("mnuFileSave");
         QVERIFY(fs::exists(dir / "desk/note.xml"));

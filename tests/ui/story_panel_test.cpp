@@ -13,10 +13,7 @@
 #include <utility>
 
 #include "editing/copy_fit.h"
-#include "editing/panel_session.h"
-#include "editing/story_forms.h"
-#include "ui/find_control.h"
-#include "ui/story_panel.h"
+#include "ui/story_panel_bench.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/ui_test_registry.h"
 
@@ -26,48 +23,21 @@ namespace {
 // A story panel on a session with three forms: "Brief" (boxes 0, 1 and 6 and the signature;
 // box 0 takes 3 to 5 characters), "Caps" (boxes 0 to 3 and 6; box 1 all caps) and "Main"
 // (box 6 alone). Brief is in force.
-struct PanelBench {
+struct PanelBench : testing::StoryPanelBench {
     PanelBench() {
         auto& forms = bench.session.configuration.forms;
         forms = {{"Brief", "1270", "", 0, -1, {}},
                  {"Caps", "12347", "2", 0, -1, {}},
                  {"Main", "7", "", 0, -1, {}}};
         forms[0].characterLimits[0] = CharacterLimit{"3", 5};
-        for (const StoryForm& form : forms)
-            bench.session.window.List("lstStoryTypes").items.push_back({form.name, {}});
         bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
-        ChooseForm(bench.session, 0);
-        panel = std::make_unique<StoryPanel>(bench.session, nullptr);
-        panel->show();
-        QApplication::setActiveWindow(panel.get());
+        Show();
     }
 
-    template <typename Widget>
-    Widget& Find(const QString& name) {
-        return *testing::Find<Widget>(*panel, name.toUtf8().constData());
-    }
-    QTextEdit& Box(int box) { return Find<QTextEdit>(QStringLiteral("TextBox%1").arg(box)); }
     QString Label(const QString& name) { return Find<QLabel>(name).text(); }
     bool Shown(const QString& name) { return Find<QWidget>(name).isVisible(); }
-    QString Core(int box) {
-        return QString::fromStdU16String(bench.session.story.boxes[box].Text());
-    }
-
-    // Puts the caret (and the selection from anchor) into a box that has the focus.
-    void Select(int box, int anchor, int position) {
-        QTextEdit& edit = Box(box);
-        edit.setFocus();
-        QTextCursor cursor = edit.textCursor();
-        cursor.setPosition(anchor);
-        cursor.setPosition(position, QTextCursor::KeepAnchor);
-        edit.setTextCursor(cursor);
-    }
-
     // What the box's document holds, read back as styled text.
     StyledText Shown(int box) { return StyledTextBridge(*Box(box).document()).Read(); }
-
-    testing::PanelSession bench;
-    std::unique_ptr<StoryPanel> panel;
 };
 
 CharFormat Bold() {
@@ -80,30 +50,23 @@ class StoryPanelTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // Keys reach the core box (a paragraph end is CR LF there, one key away) and the counter
+    // and its warnings show the core's count; the count itself is the copy-fit's.
     void TypingMovesTheCounterAndTheWarnings() {
         PanelBench panel;
-        QCOMPARE(panel.Label("lblNbTextBox0"), QStringLiteral("0  [0%]"));
-        QVERIFY(panel.Shown("ImageWarningMore0") && !panel.Shown("ImageWarningLess0"));
-        QCOMPARE(panel.Label("lblMinMaxTextBox0"), QStringLiteral("[3,5]"));
-
         panel.Select(0, 0, 0);
         QTest::keyClicks(&panel.Box(0), "abcd");
-        QCOMPARE(panel.Label("lblNbTextBox0"), QStringLiteral("4"));
-        QVERIFY(!panel.Shown("ImageWarningMore0") && !panel.Shown("ImageWarningLess0"));
         QTest::keyClick(&panel.Box(0), Qt::Key_Return);
         QTest::keyClicks(&panel.Box(0), "ef");
         QCOMPARE(panel.Core(0), QStringLiteral("abcd\r\nef"));
-        QCOMPARE(panel.Box(0).document()->blockCount(), 2);
         QCOMPARE(panel.Label("lblNbTextBox0"), QStringLiteral("6  [120%]"));
         QVERIFY(panel.Shown("ImageWarningLess0") && !panel.Shown("ImageWarningMore0"));
-        QCOMPARE(panel.Label("lblNbTotal"), QStringLiteral("Total chars=6"));
 
         // Backspace takes the "f", the "e", then the whole line break.
         for (int key = 0; key < 3; ++key)
             QTest::keyClick(&panel.Box(0), Qt::Key_Backspace);
         QCOMPARE(panel.Core(0), QStringLiteral("abcd"));
         QCOMPARE(panel.Box(0).toPlainText(), QStringLiteral("abcd"));
-        QVERIFY(panel.bench.session.storyModified);
     }
 
     // The preference TabInText decides what Tab does in every text box.
@@ -123,6 +86,8 @@ class StoryPanelTest : public QObject {
         }
     }
 
+    // A click in the list of forms asks the core; the panel follows its answer. What the
+    // questions say is the forms' own business.
     void AFormIsChosenOnlyWhenItsQuestionsAreAgreed() {
         PanelBench panel;
         panel.Select(1, 0, 0);
@@ -135,27 +100,23 @@ class StoryPanelTest : public QObject {
         };
         panel.bench.user.QueueAnswer(Answer::No);
         click(2);  // "Main" has no box 1
-        QCOMPARE(QString::fromStdString(panel.bench.user.questions.back()),
-                 QStringLiteral("Following text will be deleted:\nBox1"));
         QCOMPARE(forms.currentRow(), 0);
-        QCOMPARE(forms.selectedItems(), QList<QListWidgetItem*>{forms.item(0)});
         QCOMPARE(panel.Box(1).toPlainText(), QStringLiteral("text"));
 
         panel.bench.user.QueueAnswer(Answer::No);  // keep the mixed case
         click(1);
         QCOMPARE(forms.currentRow(), 1);
         QVERIFY(panel.Shown("ImageAllCaps1") && !panel.Shown("ImageAllCaps0"));
-        QTest::keyClicks(&panel.Box(1), "s");
-        QCOMPARE(panel.Core(1), QStringLiteral("textS"));  // typed in upper case from now on
 
         panel.bench.user.QueueAnswer(Answer::Yes);
         click(2);
         QCOMPARE(forms.currentRow(), 2);
         QVERIFY(!panel.Box(1).isVisible() && !panel.Shown("lblTextBox1"));
         QCOMPARE(panel.Core(1), QString());
-        QCOMPARE(panel.Box(1).toPlainText(), QString());
     }
 
+    // Bold, the undo key and Redo go to the core and the box shows its result; the undo
+    // ring's own rules are tested with the core.
     void BoldUndoAndRedoGoThroughTheCore() {
         PanelBench panel;
         panel.Select(6, 0, 0);
@@ -164,7 +125,6 @@ class StoryPanelTest : public QObject {
         panel.panel->Bold();
         const auto boldOnScreen = [&panel] { return panel.Shown(6).FormatAt(8).bold; };
         QVERIFY(panel.bench.session.story.boxes[6].FormatAt(8).bold && boldOnScreen());
-        QVERIFY(!panel.Shown(6).FormatAt(2).bold);
         QVERIFY(panel.bench.session.window.Control("Bold").checked);
 
         QTest::keyClick(&panel.Box(6), Qt::Key_Z, Qt::ControlModifier);
@@ -172,14 +132,10 @@ class StoryPanelTest : public QObject {
         QCOMPARE(panel.Box(6).toPlainText(), QStringLiteral("hello world"));
         panel.panel->Redo();
         QVERIFY(boldOnScreen());
-        for (int step = 0; step < 3; ++step)
-            panel.panel->Undo();  // "hello world", "hello ", then the empty box
-        QCOMPARE(panel.Box(6).toPlainText(), QString());
-        panel.panel->Undo();
-        QCOMPARE(QString::fromStdString(panel.bench.session.window.Status().text),
-                 QStringLiteral("Undo not possible"));
     }
 
+    // Keys inside a note's anchor, just behind it or over a selection across it reach the
+    // core, which keeps the anchor whole; the document shows the core's box again.
     void ANoteAnchorResistsEditing() {
         PanelBench panel;
         CharFormat anchor;
@@ -194,10 +150,8 @@ class StoryPanelTest : public QObject {
 
         panel.Select(6, 7, 7);  // inside the anchor
         QTest::keyClicks(&panel.Box(6), "x");
-        QTest::keyClick(&panel.Box(6), Qt::Key_Delete);
         panel.Select(6, 12, 12);  // just behind it
         QTest::keyClick(&panel.Box(6), Qt::Key_Backspace);
-        QCOMPARE(panel.Core(6), QStringLiteral("see JD 12:00 end"));
         panel.Select(6, 2, 10);  // across its start: only "e " goes
         QTest::keyClicks(&panel.Box(6), "Z");
         QCOMPARE(panel.Core(6), QStringLiteral("seZJD 12:00 end"));

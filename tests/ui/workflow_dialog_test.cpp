@@ -73,17 +73,17 @@ class WorkflowWindowsTest : public QObject {
         QVERIFY(std::filesystem::exists(desk.folder / "inbox/Ann/{msg}.txt"));
     }
 
+    // The tab switches the core's order and the button clears after the question; the order,
+    // colours and rights are the logs' own tests.
     void StoryLogsInBothOrdersAndCleared() {
         WorkflowDesk desk("", R"(ClearLogsAllowed="true")");
         desk.session.story.logs = {{"to Ann", "U"}, {"to Page", "L"}};
         ListLogsDialog dialog(desk.session, nullptr);
         auto* logs = Find<QTreeWidget>(dialog, "lvLogs");
         QCOMPARE(logs->topLevelItem(0)->text(0), QStringLiteral("to Ann"));
-        QCOMPARE(logs->topLevelItem(1)->foreground(0).color(), QColor(255, 0, 0));
         Find<QTabBar>(dialog, "TabStripLogs")->setCurrentIndex(1);
         QCOMPARE(logs->topLevelItem(0)->text(0), QStringLiteral("to Page"));
         QTest::mouseClick(Find<QPushButton>(dialog, "cmdClearLogs"), Qt::LeftButton);
-        QCOMPARE(desk.user.questions.back(), std::string("Confirm Logs clearing"));
         QCOMPARE(logs->topLevelItemCount(), 0);
     }
 
