@@ -138,6 +138,10 @@ struct NewsServicesSettings {
     std::string name;      // Name: the button's tool tip
     std::int32_t headLineRecipient = 3;
     std::int32_t textRecipient = 6;
+    // CopiedColor and PartiallyCopiedColor: the marks of an item copied whole (red) and in
+    // part (blue), as colour numbers (blue * 65536 + green * 256 + red).
+    std::uint32_t copiedColour = 0x0000FFu;
+    std::uint32_t partiallyCopiedColour = 0xFF0000u;
     std::vector<NewsServiceEntry> services;  // at most kMaxNewsServices
     std::string categoriesName;              // Categories Name
     std::string allCategoriesName;           // Categories AllCategories

@@ -54,6 +54,11 @@ void ReadNewsServices(const XmlNode& section, NewsServicesSettings& settings, Wi
     settings.name = section.Attribute("Name");
     settings.headLineRecipient = NumberOr(section.Attribute("HeadLineRecipient"), 3);
     settings.textRecipient = NumberOr(section.Attribute("TextRecipient"), 6);
+    settings.copiedColour = static_cast<std::uint32_t>(NumberOr(
+        section.Attribute("CopiedColor"), static_cast<std::int32_t>(settings.copiedColour)));
+    settings.partiallyCopiedColour = static_cast<std::uint32_t>(
+        NumberOr(section.Attribute("PartiallyCopiedColor"),
+                 static_cast<std::int32_t>(settings.partiallyCopiedColour)));
     ControlState& button = window.Control("NewsService");
     button.visible = settings.visible;
     button.toolTip = settings.name;

@@ -34,6 +34,10 @@ std::filesystem::path CompanionLogPath(const std::filesystem::path& item) {
     return log.replace_extension(".log");
 }
 
+std::uint32_t MarkColour(NewsCopyState state, const NewsServicesSettings& settings) {
+    return state == NewsCopyState::Copied ? settings.copiedColour : settings.partiallyCopiedColour;
+}
+
 std::string_view CopyStateText(NewsCopyState state) {
     switch (state) {
         case NewsCopyState::Copied:

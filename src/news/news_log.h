@@ -1,13 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "app/window_state.h"
+#include "config/configuration.h"
 
 namespace tessarin {
 
@@ -24,10 +25,9 @@ std::filesystem::path CompanionLogPath(const std::filesystem::path& item);
 // How much of an item has been taken into stories.
 enum class NewsCopyState { NotCopied, CopiedInPart, Copied };
 
-// The colour of a marked row and of the copied ranges: red for an item copied whole, blue for
-// one copied in part.
-inline constexpr OleColour kCopiedColour = Rgb(255, 0, 0);
-inline constexpr OleColour kPartiallyCopiedColour = Rgb(0, 0, 255);
+// The colour of a marked row and of its copied ranges: the news section's colour of an item
+// copied whole, else of one copied in part.
+std::uint32_t MarkColour(NewsCopyState state, const NewsServicesSettings& settings);
 
 // The words of a copy state: "not copied", "copied in part", "copied".
 std::string_view CopyStateText(NewsCopyState state);

@@ -399,8 +399,7 @@ void NewsWindow::PaintRow(QTreeWidgetItem& item, const NewsRow& row) const {
         item.setFont(column, font);
         if (row.state != NewsCopyState::NotCopied) {
             item.setForeground(
-                column, ToQColor(row.state == NewsCopyState::Copied ? kCopiedColour
-                                                                    : kPartiallyCopiedColour));
+                column, ToQColor(MarkColour(row.state, session_.configuration.newsServices)));
         }
     }
     struct StatusIcon {
@@ -473,8 +472,7 @@ void NewsWindow::ShowMarks() {
     }
     if (!shown_.log) return;
     QTextCharFormat marked;
-    marked.setForeground(
-        ToQColor(shown_.state == NewsCopyState::Copied ? kCopiedColour : kPartiallyCopiedColour));
+    marked.setForeground(ToQColor(MarkColour(shown_.state, session_.configuration.newsServices)));
     for (const NewsMark& mark : shown_.log->marks) {
         Colour(*text_, static_cast<int>(PaneOffset(shownText_, mark.start)),
                static_cast<int>(PaneOffset(shownText_, mark.start + mark.length)), marked);
@@ -484,7 +482,8 @@ void NewsWindow::ShowMarks() {
         comments += comment + "\n";
     log_->setPlainText(ToQString(comments));
     QPalette palette = log_->palette();
-    palette.setColor(QPalette::Text, ToQColor(kPartiallyCopiedColour));
+    palette.setColor(QPalette::Text,
+                     ToQColor(session_.configuration.newsServices.partiallyCopiedColour));
     log_->setPalette(palette);
 }
 

@@ -89,6 +89,8 @@ TEST(NewsServices, MissingOrHiddenSectionHidesTheButton) {
         EXPECT_FALSE(bench.Control("NewsService").visible);
         EXPECT_EQ(news.headLineRecipient, 3);
         EXPECT_EQ(news.textRecipient, 6);
+        EXPECT_EQ(news.copiedColour, 0x0000FFu);           // red
+        EXPECT_EQ(news.partiallyCopiedColour, 0xFF0000u);  // blue
         EXPECT_TRUE(bench.Tree("mnuNewsService").Empty());
     }
 }
@@ -97,7 +99,8 @@ TEST(NewsServices, ReadsAtMostFiveServicesAndTheCategories) {
     LoadBench bench;
     ASSERT_TRUE(bench.Load(
         Document().With(&Document::newsServices,
-                        R"(<NewsServices Name="Wires" HeadLineRecipient="2" TextRecipient="7">
+                        R"(<NewsServices Name="Wires" HeadLineRecipient="2" TextRecipient="7"
+                            CopiedColor="32768" PartiallyCopiedColor="8388736">
         <NewsService Name="One" Repository="C:\Wires\One" ArchivesRepository="C:\Wires\Old\"/>
         <NewsService Name="Two" Repository="/srv/two" ArchivesRepository="/srv/two-old/"/>
         <NewsService Name="Three" Repository="wires"/>
@@ -115,8 +118,9 @@ TEST(NewsServices, ReadsAtMostFiveServicesAndTheCategories) {
     EXPECT_TRUE(bench.Control("NewsService").visible);
     EXPECT_EQ(
         Joined({bench.Control("NewsService").toolTip, std::to_string(news.headLineRecipient),
-                std::to_string(news.textRecipient), news.categoriesName, news.allCategoriesName}),
-        "Wires|2|7|Category|All");
+                std::to_string(news.textRecipient), news.categoriesName, news.allCategoriesName,
+                std::to_string(news.copiedColour), std::to_string(news.partiallyCopiedColour)}),
+        "Wires|2|7|Category|All|32768|8388736");
     EXPECT_THAT(
         NodeLines(bench.Tree("mnuNewsService")),
         ElementsAre(R"(k1|One|C:\Wires\One\|C:\Wires\Old\)", "k2|Two|/srv/two/|/srv/two-old/",

@@ -31,8 +31,8 @@ struct NewsDesk {
         story.LoadBytes("<Story/>");
         XmlDocument services;
         services.LoadBytes(
-            "<NewsServices Name=\"Wires\"><NewsService Name=\"North wire\" "
-            "Repository=\"" +
+            "<NewsServices Name=\"Wires\" PartiallyCopiedColor=\"32768\">"
+            "<NewsService Name=\"North wire\" Repository=\"" +
             (bench.folder / "wires").string() + "\"/></NewsServices>");
         ReadStoryAndNewsServices(story.DocumentElement(), services.DocumentElement(),
                                  bench.session.configuration, bench.session.window);
@@ -90,7 +90,7 @@ class NewsWindowTest : public QObject {
         QCOMPARE(QString::fromStdU16String(desk.bench.session.story.boxes[6].Text()),
                  QStringLiteral("Traffic"));
         QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("!!Urgent: bridge closed"));
-        QCOMPARE(list->topLevelItem(0)->foreground(1).color(), QColor(0, 0, 255));
+        QCOMPARE(list->topLevelItem(0)->foreground(1).color(), QColor(0, 128, 0));  // configured
         QVERIFY(ReadBytes(desk.bench.folder / "wires/urgent.log").ends_with("\\23 7\r\n"));
 
         // The withheld row copies nothing and says nothing.
