@@ -142,14 +142,13 @@ void FtpDialog::reject() {
 }
 
 QWidget* FtpDialog::BuildConnection() {
-    const InterfaceSettings& interface = session_.configuration.interface;
-    auto* frame = Named(new QGroupBox(ToQString(interface.CaptionOr("Connexion", "Connection"))),
+    auto* frame = Named(new QGroupBox(ConfiguredCaption(session_, "Connexion", "Connection")),
                         "FrameConnexion");
     auto* form = new QFormLayout;
-    form->addRow(ToQString(interface.CaptionOr("ServerLabel", "Server")), servers_);
-    form->addRow(ToQString(interface.CaptionOr("UserLabel", "User")), user_);
-    form->addRow(ToQString(interface.CaptionOr("PasswordLabel", "Password")), password_);
-    form->addRow(ToQString(interface.CaptionOr("FormatLabel", "Format")), format_);
+    form->addRow(ConfiguredCaption(session_, "ServerLabel", "Server"), servers_);
+    form->addRow(ConfiguredCaption(session_, "UserLabel", "User"), user_);
+    form->addRow(ConfiguredCaption(session_, "PasswordLabel", "Password"), password_);
+    form->addRow(ConfiguredCaption(session_, "FormatLabel", "Format"), format_);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {connect_, disconnect_, refresh_})
         buttons->addWidget(button);
@@ -267,9 +266,8 @@ void FtpDialog::ListRemote() {
 }
 
 void FtpDialog::ShowRemoteListing() {
-    std::string label = session_.configuration.interface.CaptionOr("CurrentDirectoryLabel", "");
-    if (label.empty()) label = "Current directory";
-    directory_->setText(ToQString(label + ": " + ftp_.GetFTPDirectory()));
+    directory_->setText(ConfiguredCaption(session_, "CurrentDirectoryLabel", "Current directory") +
+                        QStringLiteral(": ") + ToQString(ftp_.GetFTPDirectory()));
     remote_->clear();
     new QTreeWidgetItem(remote_, {QStringLiteral("..")});
     for (const FtpDirItem& entry : ftp_.Directory()) {

@@ -34,6 +34,7 @@
 #include "common/utf8.h"
 #include "config/profile_values.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/named_widget.h"
 #include "ui/news_printout.h"
 #include "ui/styled_text_bridge.h"
@@ -134,14 +135,10 @@ NewsWindow::~NewsWindow() {
     if (scan_.joinable()) scan_.join();
 }
 
-std::string NewsWindow::Caption(std::string_view key, std::string_view design) const {
-    return session_.configuration.interface.CaptionOr(key, design);
-}
-
 QWidget* NewsWindow::BuildList() {
     const NewsServicesSettings& news = session_.configuration.newsServices;
-    live_->setText(ToQString(Caption("NewsCurrent", "Current")));
-    archive_->setText(ToQString(Caption("NewsArchives", "Archives")));
+    live_->setText(ConfiguredCaption(session_, "NewsCurrent", "Current"));
+    archive_->setText(ConfiguredCaption(session_, "NewsArchives", "Archives"));
     live_->setChecked(true);
     auto* repository = new QButtonGroup(this);
     repository->addButton(live_);
@@ -150,21 +147,21 @@ QWidget* NewsWindow::BuildList() {
         ToQString(news.allCategoriesName.empty() ? std::string("*") : news.allCategoriesName));
     for (const NewsCategory& category : news.categories)
         categories_->addItem(ToQString(category.text), ToQString(category.formalName));
-    dates_->setText(ToQString(Caption("NewsDateTime", "Date")));
+    dates_->setText(ConfiguredCaption(session_, "NewsDateTime", "Date"));
     for (QDateEdit* date : {from_, to_}) {
         date->setCalendarPopup(true);
         date->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
         date->setDate(QDate::currentDate());
     }
-    searchButton_->setText(ToQString(Caption("NewsSearchList", "Search")));
+    searchButton_->setText(ConfiguredCaption(session_, "NewsSearchList", "Search"));
 
-    const QStringList headers = {ToQString(Caption("NewsDateTime", "Date")),
-                                 ToQString(Caption("NewsHeadLine", "Headline")),
-                                 ToQString(Caption("NewsSlugLine", "Slug")),
-                                 ToQString(Caption("NewsCategory", "Category")),
-                                 ToQString(Caption("NewsPriority", "Priority")),
-                                 ToQString(Caption("NewsRevision", "Revision")),
-                                 ToQString(Caption("NewsWordCount", "Words")),
+    const QStringList headers = {ConfiguredCaption(session_, "NewsDateTime", "Date"),
+                                 ConfiguredCaption(session_, "NewsHeadLine", "Headline"),
+                                 ConfiguredCaption(session_, "NewsSlugLine", "Slug"),
+                                 ConfiguredCaption(session_, "NewsCategory", "Category"),
+                                 ConfiguredCaption(session_, "NewsPriority", "Priority"),
+                                 ConfiguredCaption(session_, "NewsRevision", "Revision"),
+                                 ConfiguredCaption(session_, "NewsWordCount", "Words"),
                                  QString()};
     list_->setHeaderLabels(headers);
     list_->setRootIsDecorated(false);
@@ -208,9 +205,9 @@ QWidget* NewsWindow::BuildItem() {
     log_->setReadOnly(true);
     location_->setWordWrap(true);
     auto* copy = Named(new QPushButton, "cmdCopySelection");
-    copy->setText(ToQString(Caption("NewsCopySelection", "Copy selection")));
+    copy->setText(ConfiguredCaption(session_, "NewsCopySelection", "Copy selection"));
     auto* sort = Named(new QPushButton, "cmdSortSelectedNews");
-    sort->setText(ToQString(Caption("NewsSort", "Sort the selected news")));
+    sort->setText(ConfiguredCaption(session_, "NewsSort", "Sort the selected news"));
     connect(copy, &QPushButton::clicked, this, &NewsWindow::CopySelection);
     connect(sort, &QPushButton::clicked, this, &NewsWindow::SortSelectedNews);
 
@@ -223,9 +220,9 @@ QWidget* NewsWindow::BuildItem() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(location_);
     layout->addWidget(text_, 4);
-    layout->addWidget(new QLabel(ToQString(Caption("NewsOrganization", "Organisations"))));
+    layout->addWidget(new QLabel(ConfiguredCaption(session_, "NewsOrganization", "Organisations")));
     layout->addWidget(organisations_, 1);
-    layout->addWidget(new QLabel(ToQString(Caption("NewsLog", "Log"))));
+    layout->addWidget(new QLabel(ConfiguredCaption(session_, "NewsLog", "Log")));
     layout->addWidget(log_, 1);
     layout->addLayout(buttons);
     return side;
@@ -234,10 +231,10 @@ QWidget* NewsWindow::BuildItem() {
 void NewsWindow::BuildMenu() {
     auto* bar = new QMenuBar(this);
     layout()->setMenuBar(bar);
-    QMenu* copy = bar->addMenu(ToQString(Caption("NewsCopy", "Copy")));
+    QMenu* copy = bar->addMenu(ConfiguredCaption(session_, "NewsCopy", "Copy"));
     const auto entry = [this](QMenu* menu, const char* name, std::string_view key,
                               std::string_view design) {
-        QAction* action = menu->addAction(ToQString(Caption(key, design)));
+        QAction* action = menu->addAction(ConfiguredCaption(session_, key, design));
         action->setObjectName(QLatin1String(name));
         return action;
     };
@@ -261,7 +258,7 @@ void NewsWindow::BuildMenu() {
                 QApplication::clipboard()->setText(ToQString(text));
             });
 
-    QMenu* columns = bar->addMenu(ToQString(Caption("NewsColumns", "Columns")));
+    QMenu* columns = bar->addMenu(ConfiguredCaption(session_, "NewsColumns", "Columns"));
     for (const ColumnEntry& column : kColumnEntries) {
         QAction* action = entry(columns, column.entry, column.caption, column.design);
         action->setCheckable(true);
@@ -297,7 +294,7 @@ void NewsWindow::BuildMenu() {
         preference(action, "Select", hover);
     }
 
-    QMenu* print = bar->addMenu(ToQString(Caption("FilePrint", "Print")));
+    QMenu* print = bar->addMenu(ConfiguredCaption(session_, "FilePrint", "Print"));
     connect(entry(print, "mnuPrint", "", "Print the item"), &QAction::triggered, this,
             &NewsWindow::PrintCurrentStory);
     connect(entry(print, "mnuPrintListView", "", "Print the list"), &QAction::triggered, this,
@@ -413,7 +410,7 @@ void NewsWindow::PaintRow(QTreeWidgetItem& item, const NewsRow& row) const {
           StatusIcon{"Canceled", "NewsCanceled", QStyle::SP_DialogCancelButton}}) {
         if (row.entry.status != status.status) continue;
         item.setIcon(0, style()->standardIcon(status.icon));
-        item.setToolTip(0, ToQString(Caption(status.key, status.status)));
+        item.setToolTip(0, ConfiguredCaption(session_, status.key, status.status));
     }
 }
 
@@ -600,8 +597,7 @@ SortSelectedNewsDialog::SortSelectedNewsDialog(EditorSession& session,
       items_(std::move(items)),
       list_(Named(new QTreeWidget, "lvNewsSelected")) {
     setObjectName(QStringLiteral("frmSortSelectedNews"));
-    const InterfaceSettings& captions = session.configuration.interface;
-    setWindowTitle(ToQString(captions.CaptionOr("NewsSort", "Sort the selected news")));
+    setWindowTitle(ConfiguredTitle(session, "NewsSort", "Sort the selected news"));
     list_->setHeaderHidden(true);
     list_->setRootIsDecorated(false);
     list_->setDragDropMode(QAbstractItemView::InternalMove);
@@ -613,7 +609,7 @@ SortSelectedNewsDialog::SortSelectedNewsDialog(EditorSession& session,
     }
     auto* ok = Named(new QPushButton(QStringLiteral("OK")), "cmdOK");
     auto* cancel =
-        Named(new QPushButton(ToQString(captions.CaptionOr("Cancel", "Cancel"))), "cmdCancel");
+        Named(new QPushButton(ConfiguredCaption(session, "Cancel", "Cancel")), "cmdCancel");
     connect(ok, &QPushButton::clicked, this, &SortSelectedNewsDialog::Copy);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
@@ -621,9 +617,8 @@ SortSelectedNewsDialog::SortSelectedNewsDialog(EditorSession& session,
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(
-        Named(new QLabel(ToQString(captions.CaptionOr("NewsSortLabel", "Drag to sort"))),
-              "lblNewsSortLabel"));
+    layout->addWidget(Named(new QLabel(ConfiguredCaption(session, "NewsSortLabel", "Drag to sort")),
+                            "lblNewsSortLabel"));
     layout->addWidget(list_, 1);
     layout->addLayout(buttons);
 }

@@ -93,7 +93,6 @@ class NewsWindow : public QDialog {
     void AfterCopy(NewsRow& row, const NewsCopyResult& result);
     void PaintRow(QTreeWidgetItem& item, const NewsRow& row) const;
     std::filesystem::path Folder() const;
-    std::string Caption(std::string_view key, std::string_view design) const;
 
     EditorSession& session_;
     int service_;

@@ -9,6 +9,7 @@
 
 #include "app/configuration_selection.h"
 #include "session/editor_session.h"
+#include "ui/configured_caption.h"
 #include "ui/named_widget.h"
 #include "ui/window_state_binding.h"
 
@@ -27,22 +28,21 @@ QListWidget* NamesList(const char* name, const std::vector<std::string>& names) 
 SelectConfigurationDialog::SelectConfigurationDialog(EditorSession& session, QWidget* parent)
     : QDialog(parent), session_(session) {
     setObjectName(QStringLiteral("frmSelectConfiguration"));
-    const InterfaceSettings& interface = session.configuration.interface;
-    setWindowTitle(ToQString(interface.CaptionOr("ToolsConfiguration", "Configuration")));
+    setWindowTitle(ConfiguredTitle(session, "ToolsConfiguration", "Configuration"));
     const NamedDocuments documents = ListNamedDocuments(session.paths.appDir);
     configurations_ = NamesList("lstTessarin", documents.configurations);
     tips_ = NamesList("lstTessarinTipOfTheDay", documents.tips);
     auto* configurationLabel =
-        Named(new QLabel(ToQString(interface.CaptionOr("ToolsConfigurationTessarin",
-                                                       "Select Tessarin configuration file"))),
+        Named(new QLabel(ConfiguredCaption(session, "ToolsConfigurationTessarin",
+                                           "Select Tessarin configuration file")),
               "lblTessarin");
     auto* tipLabel =
-        Named(new QLabel(ToQString(interface.CaptionOr(
-                  "ToolsConfigurationTipOfTheDay", "Select 'Tip of the Day' configuration file"))),
+        Named(new QLabel(ConfiguredCaption(session, "ToolsConfigurationTipOfTheDay",
+                                           "Select 'Tip of the Day' configuration file")),
               "lblTipOfTheDay");
     ok_ = Named(new QPushButton(QStringLiteral("OK")), "cmdOK");
     auto* cancel =
-        Named(new QPushButton(ToQString(interface.CaptionOr("Cancel", "Cancel"))), "cmdCancel");
+        Named(new QPushButton(ConfiguredCaption(session, "Cancel", "Cancel")), "cmdCancel");
     ok_->setEnabled(false);
 
     auto* lists = new QGridLayout;

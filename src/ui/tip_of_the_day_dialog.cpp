@@ -16,14 +16,6 @@ namespace {
 constexpr int kTipWidth = 420;
 constexpr int kTipHeight = 120;
 
-// The menu entry's caption as a window title: without its "&" and trailing points.
-QString TitleOf(const std::string& caption) {
-    QString title = QString::fromStdString(caption).remove(QLatin1Char('&'));
-    while (title.endsWith(QLatin1Char('.')))
-        title.chop(1);
-    return title;
-}
-
 }  // namespace
 
 TipOfTheDayDialog::TipOfTheDayDialog(EditorSession& session, std::vector<std::string> tips,
@@ -35,8 +27,7 @@ TipOfTheDayDialog::TipOfTheDayDialog(EditorSession& session, std::vector<std::st
       showAtStartup_(Named(new QCheckBox(tr("Show tips at startup")), "chkShowTipsAtStartup")) {
     setObjectName(QStringLiteral("frmTipOfTheDay"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(
-        TitleOf(session.configuration.interface.CaptionOr("TipOfTheDay", "Tip of the day")));
+    setWindowTitle(ConfiguredTitle(session, "TipOfTheDay", "Tip of the day"));
     tip_->setWordWrap(true);
     tip_->setTextFormat(Qt::PlainText);
     tip_->setMinimumSize(kTipWidth, kTipHeight);
