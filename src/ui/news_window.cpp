@@ -65,11 +65,7 @@ constexpr ColumnEntry kColumnEntries[] = {
 // The pane shows each CR LF of an item's text as one line break: offsets move between the
 // two forms.
 std::size_t PaneOffset(std::u16string_view text, std::size_t offset) {
-    std::size_t pane = 0;
-    for (std::size_t i = 0; i < offset && i < text.size(); ++i) {
-        if (!(text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')) ++pane;
-    }
-    return pane;
+    return DocumentLength(text.substr(0, std::min(offset, text.size())));
 }
 
 std::size_t TextOffset(std::u16string_view text, std::size_t pane) {
