@@ -6,6 +6,7 @@
 #include <charconv>
 
 #include "common/file_io.h"
+#include "config/configuration.h"
 
 namespace tessarin {
 namespace {

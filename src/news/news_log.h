@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "config/configuration.h"
-
 namespace tessarin {
+
+struct NewsServicesSettings;
 
 // The companion log of an agency item: "<item name without extension>.log" beside it. Each
 // copy from the item appends one line, so colleagues on other workstations see at their next
