@@ -324,6 +324,16 @@ bool ButtonAllowed(const InterfaceSettings& settings, std::string_view button) {
     return true;
 }
 
+// The Internet entries open their URL and the application entry starts its Path: without
+// one they have nothing to do, and the Applications menu holds only that entry.
+bool HasWhatItOpens(const InterfaceSettings& settings, std::string_view key) {
+    if (key.starts_with("ToolsInternet")) return !settings.Entry(key).URL.empty();
+    if (key == "ToolsApplications" || key == "ToolsApplication") {
+        return !settings.Entry("ToolsApplication").Path.empty();
+    }
+    return true;
+}
+
 // Captions the menu entries, gives their buttons the caption as tool tip, and shows or hides
 // both. An empty caption leaves the design-time caption.
 void ApplyToWindow(const InterfaceSettings& settings, WindowState& window) {
@@ -331,7 +341,7 @@ void ApplyToWindow(const InterfaceSettings& settings, WindowState& window) {
         const InterfaceEntry& entry = settings.Entry(key);
         const std::string menuName = "mnu" + std::string(key);
         window.Control(menuName).caption = entry.caption;
-        SetVisible(window, menuName, entry.Visible);
+        SetVisible(window, menuName, entry.Visible && HasWhatItOpens(settings, key));
         const std::span<const std::string_view> buttons = ToolbarButtonsOf(key);
         for (std::string_view button : buttons) {
             SetVisible(window, button, entry.Visible && ButtonAllowed(settings, button));

@@ -61,7 +61,9 @@ std::span<const std::string_view> ToolbarButtonsOf(std::string_view key);
 // Reads Interface and applies it to the main window: a caption goes to the menu entry
 // "mnu" + key and becomes the tool tip of its tool-bar button; Visible "false" hides the
 // entry with its button and separator; MetadataVisible, TextZoomVisible and ImagesVisible
-// "false" hide the Informations, Zoom and Images buttons. A missing section leaves every
+// "false" hide the Informations, Zoom and Images buttons. The Internet entries without a URL
+// and the application entry without a Path are withdrawn, the Applications menu with the
+// latter. A missing section leaves every
 // caption as designed and allows several instances.
 void ReadInterface(const XmlNode& section, InterfaceSettings& settings, WindowState& window);
 

@@ -28,6 +28,7 @@ constexpr std::string_view kReleasedControls[] = {"Bold",
                                                   "mnuDisplayLogs",
                                                   "Logs",
                                                   "cmdSignature",
+                                                  "mnuDisplayTextZoom",
                                                   "Zoom"};
 
 void UncheckAll(std::list<TreeNode>& nodes) {

@@ -167,11 +167,6 @@ constexpr ToolbarLayout kToolbars[] = {
     {"ToolbarTools", kToolsButtons},
 };
 
-constexpr std::string_view kCommandsNotBuiltYet[] = {
-    "FilePrint",      "DisplayTextZoom", "DisplayParagraphs", "ToolsInternet1",
-    "ToolsInternet2", "ToolsInternet3",  "ToolsApplications", "ToolsApplication",
-};
-
 struct ButtonCaption {
     std::string_view button;
     std::string_view caption;
@@ -216,11 +211,6 @@ constexpr ButtonCaption kButtonCaptions[] = {
 
 std::span<const MenuLayout> MainMenuLayout() {
     return kMenus;
-}
-
-bool CommandNotBuiltYet(std::string_view key) {
-    return std::find(std::begin(kCommandsNotBuiltYet), std::end(kCommandsNotBuiltYet), key) !=
-           std::end(kCommandsNotBuiltYet);
 }
 
 QList<QKeySequence> StandardShortcuts(QKeySequence::StandardKey key) {

@@ -31,11 +31,6 @@ struct MenuLayout {
 
 std::span<const MenuLayout> MainMenuLayout();
 
-// The commands whose windows or actions are not built yet, by their menu entry key ("Search"
-// for the search button): their menu entries and tool-bar buttons are disabled, never silent.
-// The work that builds one takes its key out of this list.
-bool CommandNotBuiltYet(std::string_view key);
-
 // The shortcuts of a standard key on this desktop; where the desktop defines none for quitting
 // or saving under a new name, the usual Ctrl+Q and Ctrl+Shift+S.
 QList<QKeySequence> StandardShortcuts(QKeySequence::StandardKey key);

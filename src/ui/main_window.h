@@ -79,6 +79,9 @@ class MainWindow : public QMainWindow {
     // The small tools of the Display and Help menus (main_window_tools.cpp).
     void ConnectTools();
     void ShowTipsOfTheDay(bool atStart);
+    void PrintStory();                          // mnuFilePrint
+    void OpenInternetAddress(const char* key);  // ToolsInternet1 to 3: the entry's URL
+    void StartApplication();                    // ToolsApplication: the entry's Path
     bool AnotherInstanceRunning();
 
     std::unique_ptr<UserInteraction> ownUser_;

@@ -55,10 +55,9 @@ QString TextOr(const std::string& configured, const QAction& action) {
                               : QString::fromStdString(configured);
 }
 
-// A command that is not built yet stays disabled whatever the state says.
-void ApplyState(QAction& action, const ControlState& state, bool built) {
+void ApplyState(QAction& action, const ControlState& state) {
     action.setVisible(state.visible);
-    action.setEnabled(state.enabled && built);
+    action.setEnabled(state.enabled);
     if (action.isCheckable()) action.setChecked(state.checked);
 }
 
@@ -152,24 +151,15 @@ void WindowChrome::BuildToolbars(QMainWindow& window) {
 void WindowChrome::Refresh(const EditorSession& session) {
     const WindowState& window = session.window;
     for (const auto& [key, action] : entries_) {
-        // A menu's own title stays enabled: its entries answer for themselves.
-        const bool built = action->menu() != nullptr || !CommandNotBuiltYet(ToStd(key));
         const ControlState* state = window.FindControl(ToStd(action->objectName()));
-        if (state == nullptr) {
-            action->setEnabled(built);
-            continue;
-        }
+        if (state == nullptr) continue;
         action->setText(TextOr(state->caption, *action));
-        ApplyState(*action, *state, built);
+        ApplyState(*action, *state);
     }
     for (QAction* button : buttons_) {
-        const bool built = !CommandNotBuiltYet(ToStd(button->property(kMenuKey).toString()));
         const ControlState* state = window.FindControl(ToStd(button->objectName()));
-        if (state == nullptr) {
-            button->setEnabled(built);
-            continue;
-        }
-        ApplyState(*button, *state, built);
+        if (state == nullptr) continue;
+        ApplyState(*button, *state);
         if (button->isSeparator()) continue;
         button->setToolTip(state->toolTip.empty() ? TextOr(state->toolTip, *button)
                                                   : ToolTipText(state->toolTip));

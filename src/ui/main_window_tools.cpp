@@ -1,9 +1,17 @@
-// The main window's small tools: the teleprompter, the tips of the day and the user guide.
+// The main window's small tools: printing, the teleprompter, the tips of the day, the user
+// guide, and the Internet addresses and the application that the newsroom configures.
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QMenu>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProcess>
+#include <QTextDocument>
 #include <QUrl>
+
+#include "export/story_print.h"
 
 #include "tools/teleprompter.h"
 #include "tools/tips_of_the_day.h"
@@ -11,6 +19,7 @@
 #include "ui/main_status_bar.h"
 #include "ui/main_window.h"
 #include "ui/main_window_chrome.h"
+#include "ui/printouts.h"
 #include "ui/teleprompter_window.h"
 #include "ui/tip_of_the_day_dialog.h"
 
@@ -31,6 +40,19 @@ void MainWindow::ConnectTools() {
         (new TeleprompterWindow(text, session_.preferences, this))->showFullScreen();
     });
     on("TipOfTheDay", [this] { ShowTipsOfTheDay(false); });
+    on("FilePrint", [this] { PrintStory(); });
+    for (const char* key : {"ToolsInternet1", "ToolsInternet2", "ToolsInternet3"}) {
+        on(key, [this, key] { OpenInternetAddress(key); });
+    }
+    on("ToolsApplication", [this] { StartApplication(); });
+    // The application's entry stands in the Applications menu.
+    QAction* applications = chrome_->Entry(QStringLiteral("ToolsApplications"));
+    QAction* application = chrome_->Entry(QStringLiteral("ToolsApplication"));
+    chrome_->Entry(QStringLiteral("Tools"))->menu()->removeAction(application);
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("mnuToolsApplicationsMenu"));
+    menu->addAction(application);
+    applications->setMenu(menu);
     on("HelpContents", [this] {
         const auto guide = FindUserGuide(session_.paths.appDir,
                                          QCoreApplication::applicationDirPath().toStdString());
@@ -40,6 +62,31 @@ void MainWindow::ConnectTools() {
         }
         QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(guide->string())));
     });
+}
+
+// The story is prepared first (named if it never was), then the printer asked for.
+void MainWindow::PrintStory() {
+    const std::optional<StoryPrintout> printout = PrepareStoryPrint(session_);
+    if (!printout) return;
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted) StoryDocument(*printout)->print(&printer);
+}
+
+void MainWindow::OpenInternetAddress(const char* key) {
+    const std::string& address = session_.configuration.interface.Entry(key).URL;
+    if (!QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(address)))) {
+        session_.user.Tell("The address " + address + " cannot be opened.",
+                           MessageIcon::Exclamation);
+    }
+}
+
+void MainWindow::StartApplication() {
+    const std::string& program = session_.configuration.interface.Entry("ToolsApplication").Path;
+    if (!QProcess::startDetached(QString::fromStdString(program), {})) {
+        session_.user.Tell("The program " + program + " cannot be started.",
+                           MessageIcon::Exclamation);
+    }
 }
 
 // At start a missing or empty tip file shows nothing; asked for from the menu, the user is

@@ -36,7 +36,7 @@
 #include "session/editor_session.h"
 #include "ui/configured_caption.h"
 #include "ui/named_widget.h"
-#include "ui/news_printout.h"
+#include "ui/printouts.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/window_state_binding.h"
 

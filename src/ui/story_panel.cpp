@@ -20,6 +20,7 @@
 #include "editing/copy_fit.h"
 #include "editing/multiple_clipboard.h"
 #include "editing/signature.h"
+#include "editing/story_display_aids.h"
 #include "ui/clipboard_tree.h"
 #include "ui/configured_caption.h"
 #include "ui/notes_tree.h"
@@ -35,6 +36,8 @@ namespace {
 constexpr int kShortBoxHeight = 64;
 constexpr int kFormListWidth = 170;
 constexpr int kIconSize = 16;
+// The enlarged text of the Zoom button, as a factor of the box's own size.
+constexpr double kZoomFactor = 2.0;
 constexpr const char* kAllCapsMark = "ABC";
 constexpr const char* kNameSignatureCaption = "Signature";
 constexpr const char* kInitialsSignatureCaption = "Initials";
@@ -315,9 +318,16 @@ void StoryPanel::ShowForms() {
 
 void StoryPanel::ShowBox(int box) {
     BoxWidgets& widgets = boxes_[static_cast<std::size_t>(box)];
-    const QFont font = PreferenceFont(session_.preferences, static_cast<std::size_t>(box));
-    if (widgets.edit->document()->defaultFont() != font) {
-        widgets.edit->document()->setDefaultFont(font);
+    QTextDocument& document = *widgets.edit->document();
+    QFont font = PreferenceFont(session_.preferences, static_cast<std::size_t>(box));
+    if (StoryTextZoomed(session_.window)) font.setPointSizeF(font.pointSizeF() * kZoomFactor);
+    if (document.defaultFont() != font) document.setDefaultFont(font);
+    QTextOption option = document.defaultTextOption();
+    option.setFlags(ParagraphMarksShown(session_.window)
+                        ? option.flags() | QTextOption::ShowLineAndParagraphSeparators
+                        : option.flags() & ~QTextOption::ShowLineAndParagraphSeparators);
+    if (option.flags() != document.defaultTextOption().flags()) {
+        document.setDefaultTextOption(option);
     }
     widgets.bridge->Show(session_.story.boxes[static_cast<std::size_t>(box)]);
     ShowBoxControls(box);

@@ -15,6 +15,7 @@
 #include "editing/formatting.h"
 #include "editing/multiple_clipboard.h"
 #include "editing/selection_state.h"
+#include "editing/story_display_aids.h"
 #include "editing/story_forms.h"
 #include "editing/typography_rules.h"
 #include "metadata/metadata_changed.h"
@@ -73,6 +74,18 @@ void StoryPanel::ConnectCommands(const std::function<QAction*(const QString& key
     for (const auto& [key, command] : commands) {
         if (QAction* action = entry(QLatin1String(key))) {
             connect(action, &QAction::triggered, this, command);
+        }
+    }
+    // The display aids stay pressed: the entry's state goes to the core, the boxes follow.
+    const std::pair<const char*, void (*)(WindowState&, bool)> aids[] = {
+        {"DisplayParagraphs", &ShowParagraphMarks}, {"DisplayTextZoom", &ZoomStoryText}};
+    for (const auto& [key, apply] : aids) {
+        if (QAction* action = entry(QLatin1String(key))) {
+            connect(action, &QAction::triggered, this, [this, apply](bool pressed) {
+                apply(session_.window, pressed);
+                ShowAllBoxes();
+                Changed();
+            });
         }
     }
 }

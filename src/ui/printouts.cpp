@@ -1,8 +1,11 @@
-#include "ui/news_printout.h"
+#include "ui/printouts.h"
 
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextTable>
+
+#include "export/story_print.h"
+#include "ui/styled_text_bridge.h"
 
 namespace tessarin {
 namespace {
@@ -22,6 +25,16 @@ void InsertTitle(QTextCursor& cursor, const QString& title) {
     cursor.insertText(title, TextFormat(16, true));
 }
 
+// The line under a title, in small italics, with a space under it.
+void InsertDetails(QTextCursor& cursor, const QString& details) {
+    QTextBlockFormat spaced;
+    spaced.setBottomMargin(12);
+    QTextCharFormat small = TextFormat(9, false);
+    small.setFontItalic(true);
+    cursor.insertBlock(spaced, small);
+    cursor.insertText(details, small);
+}
+
 }  // namespace
 
 std::unique_ptr<QTextDocument> NewsItemDocument(const QString& headline, const QString& dateLine,
@@ -29,12 +42,7 @@ std::unique_ptr<QTextDocument> NewsItemDocument(const QString& headline, const Q
     auto document = std::make_unique<QTextDocument>();
     QTextCursor cursor(document.get());
     InsertTitle(cursor, headline);
-    QTextBlockFormat spaced;
-    spaced.setBottomMargin(12);
-    QTextCharFormat dated = TextFormat(9, false);
-    dated.setFontItalic(true);
-    cursor.insertBlock(spaced, dated);
-    cursor.insertText(dateLine, dated);
+    InsertDetails(cursor, dateLine);
     QString body = text;
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     cursor.insertBlock(QTextBlockFormat(), TextFormat(11, false));
@@ -63,6 +71,26 @@ std::unique_ptr<QTextDocument> NewsListDocument(const QString& title, const QStr
     fill(0, headers, TextFormat(9, true));
     for (int row = 0; row < rows.size(); ++row)
         fill(row + 1, rows[row], TextFormat(9, false));
+    return document;
+}
+
+std::unique_ptr<QTextDocument> StoryDocument(const StoryPrintout& printout) {
+    auto document = std::make_unique<QTextDocument>();
+    StyledTextBridge(*document).Load(printout.draft.text);
+    if (printout.draft.signatureStart != std::string::npos) {
+        const std::u16string before = printout.draft.text.Text(0, printout.draft.signatureStart);
+        QTextCursor signature(document->findBlock(static_cast<int>(DocumentLength(before))));
+        QTextBlockFormat right = signature.blockFormat();
+        right.setAlignment(Qt::AlignRight);
+        signature.setBlockFormat(right);
+    }
+    // The heading goes in blocks of its own before the story's first paragraph.
+    QTextCursor cursor(document.get());
+    cursor.insertBlock();
+    cursor.movePosition(QTextCursor::Start);
+    cursor.setBlockFormat(QTextBlockFormat());
+    InsertTitle(cursor, QString::fromStdString(printout.title));
+    InsertDetails(cursor, QString::fromStdString(printout.details));
     return document;
 }
 
