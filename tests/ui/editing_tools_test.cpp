@@ -13,7 +13,6 @@
 #include <fstream>
 #include <memory>
 
-#include "config/story_section.h"
 #include "ui/notes_tree.h"
 #include "ui/story_panel_bench.h"
 #include "ui/ui_test_registry.h"
@@ -24,13 +23,7 @@ namespace {
 // A story panel with the title box and the main box.
 struct ToolsBench : testing::StoryPanelBench {
     ToolsBench() {
-        std::filesystem::create_directories(bench.session.paths.appDir);
-        XmlDocument story;
-        story.LoadBytes("<Story/>");
-        XmlDocument services;
-        services.LoadBytes("<NewsServices/>");
-        ReadStoryAndNewsServices(story.DocumentElement(), services.DocumentElement(),
-                                 bench.session.configuration, bench.session.window);
+        ReadNewsServices(bench, "<NewsServices/>");
         bench.session.configuration.forms = {{"Main", "17", "", 0, -1, {}}};
         Show();
     }
@@ -54,11 +47,14 @@ class EditingToolsTest : public QObject {
     Q_OBJECT
   private slots:
     // Each key goes through the typing rules of the core (tested there, rule by rule): here
-    // two blanks and a question mark become one non-breaking mark.
+    // two blanks and a question mark become one non-breaking mark, shown as a grey middle dot.
     void typingRulesActKeyByKey() {
         ToolsBench tools;
         tools.Type(6, QStringLiteral("Oui  ?"));
         QCOMPARE(tools.Text(6), QString::fromUtf16(u"Oui\u00B7?"));
+        QTextCursor dot(tools.Box(6).document());
+        dot.setPosition(4);
+        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
     }
 
     // The search window's buttons run the core's search and replace (whose matching is tested

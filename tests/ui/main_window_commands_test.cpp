@@ -36,8 +36,7 @@ class MainWindowCommandsTest : public QObject {
     // Save and close does both.
     void everyCommandRunsOrIsDisabled() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Newsroom());
-        Editor editor(dir);
+        Editor editor(dir, Newsroom());
         QVERIFY(editor.StartAndShow());
         for (const MenuLayout& menu : MainMenuLayout()) {
             for (const MenuEntryLayout& entry : menu.entries) {
@@ -86,8 +85,7 @@ class MainWindowCommandsTest : public QObject {
     // The commands' keys, shown in the menus, run them; the title marks unsaved changes.
     void theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Newsroom("", "<FileSaveAs Shortcut=\"F12\"/>"));
-        Editor editor(dir);
+        Editor editor(dir, Newsroom("", "<FileSaveAs Shortcut=\"F12\"/>"));
         QVERIFY(editor.StartAndShow());
 
         const std::pair<const char*, const char*> keys[] = {

@@ -21,15 +21,13 @@ class PrintFormatsTest : public QObject {
     // writers make of the text is tested with them.
     void importedDocumentExportsBesideItself() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Newsroom());
-        dir.Write("Tessarin.ini", "[Preferences]\r\nStartAutoExport=0\r\n");
         dir.Write("XSLT/Tessarin.xsl",
                   "<xsl:stylesheet version=\"1.0\" "
                   "xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\"><xsl:template "
                   "match=\"/\"><p><xsl:value-of select=\"//TextBox6\"/></p></xsl:template>"
                   "</xsl:stylesheet>");
         const fs::path document = dir.Write("desk/note.rtf", "{\\rtf1 Quay {\\b closed}\\par}");
-        Editor editor(dir);
+        Editor editor(dir, Newsroom(), "[Preferences]\r\nStartAutoExport=0\r\n");
         QVERIFY(editor.StartAndShow());
 
         editor.user.QueuePath(document);

@@ -41,11 +41,9 @@ class SmallToolsTest : public QObject {
   private slots:
     void panelsKeepTheirShareThroughResizeAndRestart() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Newsroom());
-        dir.Write("Tessarin.ini",
-                  "[MainWindow]\r\nWidth=900\r\nHeight=600\r\nSizeBarVImage=2500\r\n");
         {
-            Editor editor(dir);
+            Editor editor(dir, Newsroom(),
+                          "[MainWindow]\r\nWidth=900\r\nHeight=600\r\nSizeBarVImage=2500\r\n");
             QVERIFY(editor.StartAndShow());
             editor.Trigger("mnuDisplayImages");
             auto* splitter = Find<QSplitter>(editor.window, "SizeBarVImage");
@@ -78,12 +76,10 @@ class SmallToolsTest : public QObject {
     // through the core, whose ring and stored keys are tested there.
     void tipsLeafRoundAndRememberWhereTheUserIs() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Newsroom());
-        dir.Write("Tessarin.ini", "[TipOfTheDay]\r\nLastTipOfTheDay=1\r\n");
         dir.Write(
             "TipOfTheDay.xml",
             "<TipOfTheDay><Tip>One</Tip><Tip>Two\\nlines</Tip><Tip>Three</Tip></TipOfTheDay>");
-        Editor editor(dir);
+        Editor editor(dir, Newsroom(), "[TipOfTheDay]\r\nLastTipOfTheDay=1\r\n");
         QVERIFY(editor.StartAndShow());
         auto* tips = Find<QDialog>(editor.window, "frmTipOfTheDay");
         auto* tip = Find<QLabel>(*tips, "lblTipOfTheDay");
@@ -98,8 +94,7 @@ class SmallToolsTest : public QObject {
 
     void teleprompterRunsByTheKeys() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Newsroom());
-        Editor editor(dir);
+        Editor editor(dir, Newsroom());
         QVERIFY(editor.StartAndShow());
         editor.Trigger("mnuDisplayTeleprompter");
         QCOMPARE(editor.window.Session().window.Status().text, std::string("Empty story:"));
@@ -132,11 +127,10 @@ class SmallToolsTest : public QObject {
     // missing.
     void toolTipsOnSeveralLinesAndTheUserGuide() {
         TempDir dir;
-        dir.Write("Tessarin.xml",
-                  Newsroom("",
-                           "<EditionMultipleClipboard ToolTipText=\"Drag here\\nor there\"/>"
-                           "<FileSave>Save\\nthe story</FileSave>"));
-        Editor editor(dir);
+        Editor editor(dir,
+                      Newsroom("",
+                               "<EditionMultipleClipboard ToolTipText=\"Drag here\\nor there\"/>"
+                               "<FileSave>Save\\nthe story</FileSave>"));
         QVERIFY(editor.StartAndShow());
         QCOMPARE(Find<QWidget>(editor.window, "treeClipboard")->toolTip(),
                  QStringLiteral("Drag here\nor there"));

@@ -6,12 +6,25 @@
 #include <QtTest>
 #include <memory>
 
+#include "config/story_section.h"
 #include "editing/panel_session.h"
 #include "editing/story_forms.h"
 #include "ui/find_control.h"
 #include "ui/story_panel.h"
 
 namespace tessarin::testing {
+
+// Reads an empty story section and the news services given into the session's configuration,
+// as the start does, with the application folder made.
+inline void ReadNewsServices(PanelSession& bench, const std::string& services) {
+    std::filesystem::create_directories(bench.session.paths.appDir);
+    XmlDocument story;
+    story.LoadBytes("<Story/>");
+    XmlDocument read;
+    read.LoadBytes(services);
+    ReadStoryAndNewsServices(story.DocumentElement(), read.DocumentElement(),
+                             bench.session.configuration, bench.session.window);
+}
 
 // A story panel on a panel session, shown and active once the session's forms are set:
 // derived benches set them up, then call Show().

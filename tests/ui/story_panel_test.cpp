@@ -158,18 +158,6 @@ class StoryPanelTest : public QObject {
         QVERIFY(panel.Shown(6) == box);
     }
 
-    void TheNonBreakingMarkIsAGreyMiddleDot() {
-        PanelBench panel;
-        panel.Select(6, 0, 0);
-        QTest::keyClicks(&panel.Box(6), "50");
-        panel.panel->InsertNonBreakingSpace();
-        QTest::keyClicks(&panel.Box(6), "%");
-        QCOMPARE(panel.Box(6).toPlainText(), QString::fromUtf16(u"50\u00B7%"));
-        QTextCursor dot(panel.Box(6).document());
-        dot.setPosition(3);
-        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
-    }
-
     void TheSignatureButtonsSignAndRelease() {
         PanelBench panel;
         QLineEdit& field = panel.Find<QLineEdit>(QStringLiteral("txtSignature"));
