@@ -1,20 +1,40 @@
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTreeWidget>
 #include <QtTest>
 #include <filesystem>
 
+#include "app/app_paths.h"
+#include "support/local_server.h"
+#include "support/temp_dir.h"
 #include "transmission/ftp_desk.h"
 #include "ui/find_control.h"
 #include "ui/ftp_dialog.h"
+#include "ui/smtp_dialog.h"
 #include "ui/ui_test_registry.h"
 
 namespace tessarin {
 namespace {
 
 using namespace testing;
+
+// A session that mails to the local server given, from Ann to the desk.
+struct MailDesk {
+    explicit MailDesk(const LocalSmtpServer& server) {
+        session.configuration.smtpTransmission.SMTPServerName = server.server.address();
+        session.configuration.smtpTransmission.recipients = {{"desk@example.org", "Desk"}};
+        session.configuration.identity.email = "ann@example.org";
+        session.configuration.identity.author = "Ann Lee";
+    }
+    TempDir folder;
+    ScriptedInteraction user;
+    EditorSession session{MakeAppPaths(folder / "app"), user};
+};
 
 constexpr int kExchangeTimeout = 20000;
 
@@ -24,7 +44,8 @@ void ConnectAndWait(FtpDialog& dialog) {
     QTRY_VERIFY_WITH_TIMEOUT(!dialog.Busy(), kExchangeTimeout);
 }
 
-class FtpDialogTest : public QObject {
+// The FTP and mail windows against local servers, driven by their control names.
+class ServerDialogsTest : public QObject {
     Q_OBJECT
   private slots:
     // A refused login says why and leaves the window as it was. Connect lists the start
@@ -70,11 +91,31 @@ class FtpDialogTest : public QObject {
         QCOMPARE(Find<QTreeWidget>(dialog, "treeUpload")->topLevelItemCount(), 0);
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Not connected"));
     }
+
+    // The window hands the message to the mail dialogue and shows its status text; the
+    // dialogue's failures and their texts are tested with it.
+    void sendsTheMessageAndTellsWhereItWent() {
+        LocalSmtpServer server;
+        MailDesk desk(server);
+        SmtpDialog dialog(desk.session);
+        auto* send = dialog.findChild<QPushButton*>("cmdSend");
+        QVERIFY(!send->isEnabled());
+        QVERIFY(!dialog.findChild<QCheckBox*>("chkCurrentStory")->isEnabled());
+        dialog.findChild<QLineEdit*>("txtSubject")->setText("Fire");
+        dialog.findChild<QPlainTextEdit*>("txtMessage")->setPlainText("Flames\n.at dawn");
+        QVERIFY(send->isEnabled());
+        QTest::mouseClick(send, Qt::LeftButton);
+        QVERIFY(!send->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(send->isEnabled(), kExchangeTimeout);
+        const QString status = dialog.findChild<QStatusBar*>("StatusBarSMTP")->currentMessage();
+        QVERIFY2(status.endsWith(" - Sent to desk@example.org"), qPrintable(status));
+        QVERIFY(server.Message(1).find("\r\n\r\nFlames\r\n.at dawn\r\n") != std::string::npos);
+    }
 };
 
-TESSARIN_UI_TEST(FtpDialogTest);
+TESSARIN_UI_TEST(ServerDialogsTest);
 
 }  // namespace
 }  // namespace tessarin
 
-#include "ftp_dialog_test.moc"
+#include "server_dialogs_test.moc"

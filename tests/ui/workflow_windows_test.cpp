@@ -1,7 +1,9 @@
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
@@ -9,13 +11,19 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <QtTest>
+#include <filesystem>
 
 #include "logs/daily_log.h"
+#include "tracking/tracking_desk.h"
+#include "transmission/receive_desk.h"
 #include "transmission/workflow_desk.h"
 #include "ui/check_logs_dialog.h"
 #include "ui/find_control.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_window.h"
+#include "ui/receive_dialog.h"
+#include "ui/session_tree_widget.h"
+#include "ui/tracking_dialog.h"
 #include "ui/ui_test_registry.h"
 #include "ui/workflow_dialog.h"
 
@@ -119,6 +127,65 @@ class WorkflowWindowsTest : public QObject {
         QCOMPARE(opened.toLocalFile().toStdString(),
                  (desk.session.paths.logsDir / "Log Tessarin 2024-03-01.htm").string());
     }
+
+    // The window shows the core's inbox, preview and counts (tested with the core) and its
+    // buttons take one story or all.
+    void ReceivePreviewsAndTakesStories() {
+        ReceiveDesk desk;
+        desk.Wait("Ann", "a.xml", ReceiveDesk::Waiting("a.xml"));
+        desk.Wait("Ann", "b.xml", ReceiveDesk::Waiting("b.xml"));
+        ReceiveDialog dialog(desk.session, ReceiveKind::Receive, nullptr);
+        dialog.show();
+        auto* tree = Find<QTreeWidget>(dialog, "treeReceive");
+        QCOMPARE(Find<QLabel>(dialog, "StatusPanel1")->text(),
+                 QStringLiteral("Waiting stories: 2"));
+        emit tree->itemClicked(ItemNamed(*tree, QStringLiteral("a.xml")), 0);
+        QCOMPARE(Find<QPlainTextEdit>(dialog, "txtStory")->toPlainText(),
+                 QStringLiteral("Fire\tin\n"));
+        QCOMPARE(Find<QPlainTextEdit>(dialog, "txtLastLog")->toPlainText(),
+                 QStringLiteral("sent\nTotal chars=7 / Words=2"));
+
+        tree->setCurrentItem(ItemNamed(*tree, QStringLiteral("a.xml")));
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdGet"), Qt::LeftButton);
+        QVERIFY(std::filesystem::exists(desk.folder / "me/texts/a.xml"));
+        QVERIFY(ItemNamed(*tree, QStringLiteral("a.xml")) == nullptr);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdGetAll"), Qt::LeftButton);
+        QVERIFY(std::filesystem::exists(desk.folder / "me/texts/b.xml"));
+        QVERIFY(!Find<QPushButton>(dialog, "cmdGet")->isEnabled());
+        QCOMPARE(Find<QLabel>(dialog, "StatusPanel1")->text(),
+                 QStringLiteral("Waiting stories: 0"));
+    }
+
+    // Update, the layout choice, the preview and the popup's deletion reach the core, whose
+    // tree, filters and rights are tested there.
+    void TrackingUpdatesFiltersAndOffersThePopup() {
+        TrackingDesk desk;
+        desk.Track({.name = "a.xml"});
+        desk.Track({.name = "b.xml", .logType = "L"});
+        TrackingDialog dialog(desk.session, nullptr);
+        dialog.show();
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdUpdate"), Qt::LeftButton);
+        auto* tree = Find<QTreeWidget>(dialog, "treeTracking");
+        QVERIFY(ItemNamed(*tree, QStringLiteral("[a.xml] Fire")) != nullptr);
+        QCOMPARE(Find<QLabel>(dialog, "lblTreeTracking")->text(),
+                 QStringLiteral("Stories: 2, Photos: 0, Other files: 0"));
+
+        Find<QAction>(dialog, "mnuDisplayLayout")->trigger();
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdUpdate"), Qt::LeftButton);
+        QVERIFY(ItemNamed(*tree, QStringLiteral("[a.xml] Fire")) == nullptr);
+        QTreeWidgetItem* story = ItemNamed(*tree, QStringLiteral("[b.xml] Fire"));
+        QVERIFY(story != nullptr);
+
+        emit tree->itemClicked(story, 0);
+        QCOMPARE(Find<QPlainTextEdit>(dialog, "txtStory")->toPlainText(),
+                 QString::fromUtf8("Fire\nPrice 5\xE2\x82\xAC\nTotal chars=5 / Words=0"));
+        QMenu* popup = dialog.PopupFor(SessionTreeWidget::KeyOf(story));
+        QVERIFY(popup != nullptr);
+        QVERIFY(Find<QAction>(*popup, "mnuPopupSendMessage")->isVisible());
+        Find<QAction>(*popup, "mnuPopupDeleteStories")->trigger();
+        QVERIFY(!std::filesystem::exists(desk.folder / "track/texts/b.xml"));
+        QCOMPARE(tree->topLevelItemCount(), 0);
+    }
 };
 
 TESSARIN_UI_TEST(WorkflowWindowsTest);
@@ -126,4 +193,4 @@ TESSARIN_UI_TEST(WorkflowWindowsTest);
 }  // namespace
 }  // namespace tessarin
 
-#include "workflow_dialog_test.moc"
+#include "workflow_windows_test.moc"
