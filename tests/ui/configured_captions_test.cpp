@@ -160,9 +160,9 @@ std::string SecondLanguageMessages() {
     return entries;
 }
 
-// The editor on a newsroom where every part of the windows is switched on: a workflow with
-// the author's inbox and mail besides the shared newsroom; Interface entries (each with the
-// attributes given) and messages as given.
+// The editor on a newsroom where every part of the windows is switched on: the shared
+// newsroom with a workflow, the author's inbox and mail; Interface entries and messages as
+// given.
 struct Newsroom {
     Newsroom(std::string_view entries, std::string_view messages) {
         std::string configuration = testing::Newsroom("", entries, messages);

@@ -20,28 +20,7 @@
 namespace tessarin {
 namespace {
 
-// A story panel with the title box and the main box.
-struct ToolsBench : testing::StoryPanelBench {
-    ToolsBench() {
-        ReadNewsServices(bench, "<NewsServices/>");
-        bench.session.configuration.forms = {{"Main", "17", "", 0, -1, {}}};
-        Show();
-    }
-
-    // The box as the core holds it, when the panel shows the same.
-    QString Text(int box) {
-        const QString held = Core(box);
-        return Box(box).toPlainText() ==
-                       QString(held).replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-                   ? held
-                   : QStringLiteral("(the panel shows something else)");
-    }
-    void Type(int box, const QString& keys) {
-        Box(box).setFocus();
-        Box(box).moveCursor(QTextCursor::End);
-        QTest::keyClicks(&Box(box), keys);
-    }
-};
+using ToolsBench = testing::StoryPanelBench;
 
 class EditingToolsTest : public QObject {
     Q_OBJECT
@@ -91,7 +70,6 @@ class EditingToolsTest : public QObject {
 
     void notesTreeAddsBookmarksAndRemovesThemWithTheirAnchor() {
         ToolsBench tools;
-        tools.bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
         tools.Type(6, QStringLiteral("deux mots"));
         QTextCursor cursor = tools.Box(6).textCursor();
         cursor.setPosition(5);

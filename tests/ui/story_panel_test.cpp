@@ -20,25 +20,7 @@
 namespace tessarin {
 namespace {
 
-// A story panel on a session with three forms: "Brief" (boxes 0, 1 and 6 and the signature;
-// box 0 takes 3 to 5 characters), "Caps" (boxes 0 to 3 and 6; box 1 all caps) and "Main"
-// (box 6 alone). Brief is in force.
-struct PanelBench : testing::StoryPanelBench {
-    PanelBench() {
-        auto& forms = bench.session.configuration.forms;
-        forms = {{"Brief", "1270", "", 0, -1, {}},
-                 {"Caps", "12347", "2", 0, -1, {}},
-                 {"Main", "7", "", 0, -1, {}}};
-        forms[0].characterLimits[0] = CharacterLimit{"3", 5};
-        bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
-        Show();
-    }
-
-    QString Label(const QString& name) { return Find<QLabel>(name).text(); }
-    bool Shown(const QString& name) { return Find<QWidget>(name).isVisible(); }
-    // What the box's document holds, read back as styled text.
-    StyledText Shown(int box) { return StyledTextBridge(*Box(box).document()).Read(); }
-};
+using PanelBench = testing::StoryPanelBench;
 
 CharFormat Bold() {
     CharFormat format;
