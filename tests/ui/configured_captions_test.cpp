@@ -389,9 +389,8 @@ class ConfiguredCaptionsTest : public QObject {
             }
         }
         leftovers.removeDuplicates();
-        for (const QString& leftover : leftovers)
-            qInfo("left in English: %s", qPrintable(leftover));
-        QVERIFY(leftovers.isEmpty());
+        QVERIFY2(leftovers.isEmpty(), qPrintable(QStringLiteral("left in English:\n") +
+                                                 leftovers.join(QLatin1Char('\n'))));
     }
 
     // Visible="false" withdraws every menu entry, with its tool-bar button and separator.
