@@ -1,11 +1,15 @@
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTextEdit>
 #include <QTimer>
@@ -13,16 +17,22 @@
 #include <QtTest>
 #include <filesystem>
 
+#include "app/app_paths.h"
 #include "logs/daily_log.h"
+#include "support/local_server.h"
+#include "support/temp_dir.h"
 #include "tracking/tracking_desk.h"
+#include "transmission/ftp_desk.h"
 #include "transmission/receive_desk.h"
 #include "transmission/workflow_desk.h"
 #include "ui/check_logs_dialog.h"
 #include "ui/find_control.h"
+#include "ui/ftp_dialog.h"
 #include "ui/list_logs_dialog.h"
 #include "ui/main_window.h"
 #include "ui/receive_dialog.h"
 #include "ui/session_tree_widget.h"
+#include "ui/smtp_dialog.h"
 #include "ui/tracking_dialog.h"
 #include "ui/ui_test_registry.h"
 #include "ui/workflow_dialog.h"
@@ -32,7 +42,30 @@ namespace {
 
 using namespace testing;
 
-class WorkflowWindowsTest : public QObject {
+// A session that mails to the local server given, from Ann to the desk.
+struct MailDesk {
+    explicit MailDesk(const LocalSmtpServer& server) {
+        session.configuration.smtpTransmission.SMTPServerName = server.server.address();
+        session.configuration.smtpTransmission.recipients = {{"desk@example.org", "Desk"}};
+        session.configuration.identity.email = "ann@example.org";
+        session.configuration.identity.author = "Ann Lee";
+    }
+    TempDir folder;
+    ScriptedInteraction user;
+    EditorSession session{MakeAppPaths(folder / "app"), user};
+};
+
+constexpr int kExchangeTimeout = 20000;
+
+void ConnectAndWait(FtpDialog& dialog) {
+    QTest::mouseClick(Find<QPushButton>(dialog, "cmdConnect"), Qt::LeftButton);
+    QVERIFY(dialog.Busy());
+    QTRY_VERIFY_WITH_TIMEOUT(!dialog.Busy(), kExchangeTimeout);
+}
+
+// The windows that send, receive and track stories: the workflow, receive, tracking and logs
+// windows, and the FTP and mail windows against local servers.
+class TransmissionWindowsTest : public QObject {
     Q_OBJECT
   private slots:
     void AddSendAndReadTheReport() {
@@ -43,7 +76,6 @@ class WorkflowWindowsTest : public QObject {
             R"(<TextBox6 CharCount="1500">Fire</TextBox6>)", WorkflowDesk::Images({picture})));
         WorkflowDialog dialog(desk.session, nullptr);
         dialog.show();
-        QCOMPARE(Find<QTabBar>(dialog, "TabSend")->tabText(0), QStringLiteral("Stories && Photos"));
         QVERIFY(!Find<QPushButton>(dialog, "cmdUpload")->isEnabled());
 
         QTest::mouseClick(Find<QPushButton>(dialog, "cmdAddStory"), Qt::LeftButton);
@@ -186,11 +218,75 @@ class WorkflowWindowsTest : public QObject {
         QVERIFY(!std::filesystem::exists(desk.folder / "track/texts/b.xml"));
         QCOMPARE(tree->topLevelItemCount(), 0);
     }
+
+    // A refused login says why and leaves the window as it was. Connect lists the start
+    // directory; the send moves the progress bar while the event loop turns, empties the list
+    // and ends the connection. What a failed upload leaves is the send's own business.
+    void ConnectsListsAndSendsTheList() {
+        FtpDesk desk;
+        QVERIFY(desk.Stage("fire", 3 << 20));
+        FtpDialog dialog(desk.session, nullptr);
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Not connected"));
+        Find<QLineEdit>(dialog, "txtPassword")->setText(QStringLiteral("wrong"));
+        ConnectAndWait(dialog);
+        QCOMPARE(desk.user.messages.size(), std::size_t{1});
+        QVERIFY(QString::fromStdString(desk.user.messages[0]).endsWith(":\nNot connected"));
+        QVERIFY(!Find<QPushButton>(dialog, "cmdUpload")->isEnabled());
+
+        Find<QLineEdit>(dialog, "txtPassword")->setText(QStringLiteral("secret"));
+        ConnectAndWait(dialog);
+        auto* remote = Find<QTreeWidget>(dialog, "lv");
+        QCOMPARE(remote->topLevelItem(0)->text(0), QStringLiteral(".."));
+        QTreeWidgetItem* texts = ItemNamed(*remote, QStringLiteral("texts"));
+        QVERIFY(texts != nullptr);
+        QCOMPARE(texts->text(3), QStringLiteral(" D "));
+        QCOMPARE(Find<QLabel>(dialog, "lblDir")->text(), QStringLiteral("Current directory: /"));
+        QVERIFY(dialog.windowTitle().contains(QStringLiteral(" / reporter Connected to")));
+
+        QList<int> steps;
+        connect(Find<QProgressBar>(dialog, "pb"), &QProgressBar::valueChanged,
+                [&steps](int value) { steps << value; });
+        int turns = 0;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, [&turns] { ++turns; });
+        ticker.start(1);
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdUpload"), Qt::LeftButton);
+        QVERIFY(!Find<QPushButton>(dialog, "cmdConnect")->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(!dialog.Busy(), kExchangeTimeout);
+        QVERIFY2(steps.size() > 2 && steps.contains(1000),
+                 qPrintable(QString::number(steps.size())));
+        QVERIFY(turns > 0);
+        QVERIFY(std::filesystem::exists(desk.server.home / "texts/fire.xml"));
+        QVERIFY(std::filesystem::exists(desk.server.home / "photos/fire.jpg"));
+        QCOMPARE(Find<QTreeWidget>(dialog, "treeUpload")->topLevelItemCount(), 0);
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Not connected"));
+    }
+
+    // The window hands the message to the mail dialogue and shows its status text; the
+    // dialogue's failures and their texts are tested with it.
+    void sendsTheMessageAndTellsWhereItWent() {
+        LocalSmtpServer server;
+        MailDesk desk(server);
+        SmtpDialog dialog(desk.session);
+        auto* send = dialog.findChild<QPushButton*>("cmdSend");
+        QVERIFY(!send->isEnabled());
+        QVERIFY(!dialog.findChild<QCheckBox*>("chkCurrentStory")->isEnabled());
+        dialog.findChild<QLineEdit*>("txtSubject")->setText("Fire");
+        dialog.findChild<QPlainTextEdit*>("txtMessage")->setPlainText("Flames\n.at dawn");
+        QVERIFY(send->isEnabled());
+        QTest::mouseClick(send, Qt::LeftButton);
+        QVERIFY(!send->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(send->isEnabled(), kExchangeTimeout);
+        const QString status = dialog.findChild<QStatusBar*>("StatusBarSMTP")->currentMessage();
+        QVERIFY2(status.endsWith(" - Sent to desk@example.org"), qPrintable(status));
+        QVERIFY(server.Message(1).find("\r\n\r\nFlames\r\n.at dawn\r\n") != std::string::npos);
+    }
 };
 
-TESSARIN_UI_TEST(WorkflowWindowsTest);
+TESSARIN_UI_TEST(TransmissionWindowsTest);
 
 }  // namespace
 }  // namespace tessarin
 
-#include "workflow_windows_test.moc"
+#include "transmission_windows_test.moc"
