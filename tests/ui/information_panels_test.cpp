@@ -358,7 +358,7 @@ class InformationPanelsTest : public QObject {
     void addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows() {
         AttachmentsBench bench;
         auto* add = bench.Find<QPushButton>("cmdAddImage");
-        QCOMPARE(add->text(), QStringLiteral("Add Photo..."));
+        QCOMPARE(add->text(), QStringLiteral("Add Photo..."));  // made of two captions
         QVERIFY(bench.Find<QPushButton>("cmdAddOtherFile")->isVisible());
         QTreeWidget& pictures = *bench.Tree("treeImages");
         QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));

@@ -143,7 +143,6 @@ class SettingsDialogsTest : public QObject {
             {"DailyInterval", "7"},  {"CheckSpellingType", "1"}, {"UseXSLT", "0"}};
         for (const auto& [key, value] : stored)
             QVERIFY2(editor.Stored(key) == std::optional<std::string>(value), key);
-        QCOMPARE(editor.session.preferences.BackupAutoTime, 25);
         QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"), std::nullopt);
     }
 

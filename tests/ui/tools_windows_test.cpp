@@ -86,42 +86,10 @@ double FirstShare(const QSplitter& splitter) {
 class ToolsWindowsTest : public QObject {
     Q_OBJECT
   private slots:
-    void TheSpellingDialogReplacesIgnoresAndStops() {
-        LinguisticsDesk desk;
-        Editor editor(desk.dir);
-        QVERIFY(editor.StartAndShow());
-        editor.Type("A speling fault");
-        WindowAnswers replace("frmSpelling", {[](QWidget& dialog) {
-                                  auto* suggestions = Find<QListWidget>(dialog, "lstSuggestions");
-                                  const auto found = suggestions->findItems(
-                                      QStringLiteral("spelling"), Qt::MatchExactly);
-                                  QVERIFY(!found.isEmpty());
-                                  suggestions->setCurrentItem(found.front());
-                                  QCOMPARE(Find<QLineEdit>(dialog, "txtChangeTo")->text(),
-                                           QStringLiteral("spelling"));
-                                  Click(dialog, "cmdChange");
-                              }});
-        editor.Trigger("mnuToolsSpellChecker");
-        QCOMPARE(replace.answered, 1);
-        QCOMPARE(editor.MainBox(), std::u16string(u"A spelling fault"));
-
-        editor.Type(" zorkle zorkle blorf qwyx");
-        QStringList asked;
-        auto ask = [&asked](const char* button) {
-            return [&asked, button](QWidget& dialog) {
-                asked << Find<QLineEdit>(dialog, "txtNotInDictionary")->text();
-                Click(dialog, button);
-            };
-        };
-        WindowAnswers stop("frmSpelling", {ask("cmdIgnoreAll"), ask("cmdCancel")});
-        editor.Trigger("mnuToolsSpellChecker");
-        QCOMPARE(asked, (QStringList{QStringLiteral("zorkle"), QStringLiteral("blorf")}));
-        QCOMPARE(editor.MainBox(), std::u16string(u"A spelling fault zorkle zorkle blorf qwyx"));
-    }
-
-    // The list of synonyms and the word at the caret come from the core (tested there); the
-    // window puts the chosen word in place of it.
-    void FrmSynonymsReplacesTheWordAtTheCaret() {
+    // The synonyms window puts the chosen word in place of the word at the caret; the spelling
+    // window replaces, ignores and stops. Which words are wrong and which are synonyms is the
+    // core's business (tested there).
+    void TheSynonymsAndSpellingWindowsChangeTheMainBox() {
         LinguisticsDesk desk;
         Editor editor(desk.dir);
         QVERIFY(editor.StartAndShow());
@@ -140,6 +108,35 @@ class ToolsWindowsTest : public QObject {
         editor.Trigger("mnuToolsSynonyms");
         QCOMPARE(choose.answered, 1);
         QCOMPARE(editor.MainBox(), std::u16string(u"Two feline sleep"));
+
+        editor.Type(" A speling fault");
+        WindowAnswers replace("frmSpelling", {[](QWidget& dialog) {
+                                  auto* suggestions = Find<QListWidget>(dialog, "lstSuggestions");
+                                  const auto found = suggestions->findItems(
+                                      QStringLiteral("spelling"), Qt::MatchExactly);
+                                  QVERIFY(!found.isEmpty());
+                                  suggestions->setCurrentItem(found.front());
+                                  QCOMPARE(Find<QLineEdit>(dialog, "txtChangeTo")->text(),
+                                           QStringLiteral("spelling"));
+                                  Click(dialog, "cmdChange");
+                              }});
+        editor.Trigger("mnuToolsSpellChecker");
+        QCOMPARE(replace.answered, 1);
+        QCOMPARE(editor.MainBox(), std::u16string(u"Two feline sleep A spelling fault"));
+
+        editor.Type(" zorkle zorkle blorf qwyx");
+        QStringList asked;
+        auto ask = [&asked](const char* button) {
+            return [&asked, button](QWidget& dialog) {
+                asked << Find<QLineEdit>(dialog, "txtNotInDictionary")->text();
+                Click(dialog, button);
+            };
+        };
+        WindowAnswers stop("frmSpelling", {ask("cmdIgnoreAll"), ask("cmdCancel")});
+        editor.Trigger("mnuToolsSpellChecker");
+        QCOMPARE(asked, (QStringList{QStringLiteral("zorkle"), QStringLiteral("blorf")}));
+        QCOMPARE(editor.MainBox(),
+                 std::u16string(u"Two feline sleep A spelling fault zorkle zorkle blorf qwyx"));
     }
 
     // The counts are the core's; the window lists them, shows the story and filters.
