@@ -299,7 +299,6 @@ class MainWindowTest : public QObject {
         const QString help = QString::fromUtf8(editor.readAllStandardOutput());
         QVERIFY2(help.startsWith(QStringLiteral("usage: tessarin [--app-dir DIR]")),
                  qPrintable(help));
-        QVERIFY(help.contains(QStringLiteral("--screenshot FILE")));
     }
 };
 

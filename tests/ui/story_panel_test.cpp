@@ -28,12 +28,6 @@ namespace {
 
 using PanelBench = testing::StoryPanelBench;
 
-CharFormat Bold() {
-    CharFormat format;
-    format.bold = true;
-    return format;
-}
-
 // The story panel: keys and gestures handed to the core and shown again, the document in step
 // with the boxes, and the editing tools' windows.
 class StoryPanelTest : public QObject {
@@ -165,7 +159,9 @@ class StoryPanelTest : public QObject {
     void PositionsMapBetweenParagraphsAndLineBreaks() {
         QTextDocument document;
         StyledTextBridge bridge(document);
-        StyledText text(u"ab\r", Bold());
+        CharFormat bold;
+        bold.bold = true;
+        StyledText text(u"ab\r", bold);
         text.Insert(3, u"\n\r\ncd\ref", {});  // a line break whose CR and LF differ in format
         bridge.Load(text);
         QCOMPARE(document.blockCount(), 3);  // the lone CR is a line separator
