@@ -17,10 +17,8 @@
 #include <QtTest>
 #include <filesystem>
 
-#include "app/app_paths.h"
 #include "logs/daily_log.h"
 #include "support/local_server.h"
-#include "support/temp_dir.h"
 #include "tracking/tracking_desk.h"
 #include "transmission/ftp_desk.h"
 #include "transmission/receive_desk.h"
@@ -41,19 +39,6 @@ namespace tessarin {
 namespace {
 
 using namespace testing;
-
-// A session that mails to the local server given, from Ann to the desk.
-struct MailDesk {
-    explicit MailDesk(const LocalSmtpServer& server) {
-        session.configuration.smtpTransmission.SMTPServerName = server.server.address();
-        session.configuration.smtpTransmission.recipients = {{"desk@example.org", "Desk"}};
-        session.configuration.identity.email = "ann@example.org";
-        session.configuration.identity.author = "Ann Lee";
-    }
-    TempDir folder;
-    ScriptedInteraction user;
-    EditorSession session{MakeAppPaths(folder / "app"), user};
-};
 
 constexpr int kExchangeTimeout = 20000;
 
@@ -267,7 +252,10 @@ class TransmissionWindowsTest : public QObject {
     // dialogue's failures and their texts are tested with it.
     void sendsTheMessageAndTellsWhereItWent() {
         LocalSmtpServer server;
-        MailDesk desk(server);
+        WorkflowDesk desk;  // its author is Ann Lee
+        desk.session.configuration.smtpTransmission.SMTPServerName = server.server.address();
+        desk.session.configuration.smtpTransmission.recipients = {{"desk@example.org", "Desk"}};
+        desk.session.configuration.identity.email = "ann@example.org";
         SmtpDialog dialog(desk.session);
         auto* send = dialog.findChild<QPushButton*>("cmdSend");
         QVERIFY(!send->isEnabled());
