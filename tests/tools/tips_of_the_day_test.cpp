@@ -9,7 +9,9 @@ namespace {
 
 using testing::TempDir;
 
-TEST(TipsOfTheDay, ReadsTipsInOrderWithLineBreaks) {
+// The tips in order, trimmed, with their line breaks; blank tips and other elements left
+// out. No file is no problem; a broken file or another document is told and gives no tip.
+TEST(TipsOfTheDay, ReadsTipsAndTellsBrokenFiles) {
     TempDir dir;
     const auto file = dir.Write("TipOfTheDay.xml",
                                 "<TipOfTheDay>\n  <Tip>\n    Ctrl+S saves.\n  </Tip>\n"
@@ -18,12 +20,8 @@ TEST(TipsOfTheDay, ReadsTipsInOrderWithLineBreaks) {
     const TipsOfTheDay read = ReadTipsOfTheDay(file);
     EXPECT_EQ(read.problem, "");
     EXPECT_EQ(read.tips, (std::vector<std::string>{"Ctrl+S saves.", "First line\nSecond & last"}));
-}
 
-// No file is no problem; a broken file or another document is told and gives no tip.
-TEST(TipsOfTheDay, BrokenFilesAreTold) {
-    TempDir dir;
-    EXPECT_EQ(ReadTipsOfTheDay(dir / "TipOfTheDay.xml").problem, "");
+    EXPECT_EQ(ReadTipsOfTheDay(dir / "missing.xml").problem, "");
     const TipsOfTheDay broken =
         ReadTipsOfTheDay(dir.Write("broken.xml", "<TipOfTheDay><Tip>a</TipOfTheDay>"));
     EXPECT_TRUE(broken.tips.empty());

@@ -32,6 +32,9 @@ inline std::string Newsroom(std::string_view attributes = "", std::string_view e
 // would: menu entries and buttons by their names, typing into the story panel's boxes.
 struct Editor {
     explicit Editor(const TempDir& dir) : Editor(dir.path()) {}
+    // On a folder given the newsroom's configuration and, when not empty, its preferences.
+    Editor(const TempDir& dir, std::string_view configuration, std::string_view preferences = "")
+        : Editor(Installed(dir, configuration, preferences)) {}
     explicit Editor(const std::filesystem::path& appDir) : window(MakeAppPaths(appDir), &user) {}
 
     // Starts the window and waits for its first activation.
@@ -63,6 +66,13 @@ struct Editor {
         const std::u16string held = window.Session().story.boxes[6].Text();
         const QString shown = Box(6)->toPlainText();
         return shown.toStdU16String() == held ? held : u"(the panel shows something else)";
+    }
+
+    static std::filesystem::path Installed(const TempDir& dir, std::string_view configuration,
+                                           std::string_view preferences) {
+        dir.Write("Tessarin.xml", configuration);
+        if (!preferences.empty()) dir.Write("Tessarin.ini", preferences);
+        return dir.path();
     }
 
     ScriptedInteraction user{Answer::Yes};

@@ -1,6 +1,9 @@
+#include <algorithm>
+
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTextEdit>
@@ -10,6 +13,7 @@
 #include "app/missing_configuration.h"
 #include "support/temp_dir.h"
 #include "ui/editor_driver.h"
+#include "ui/main_menu_layout.h"
 #include "ui/main_window.h"
 #include "ui/qt_user_interaction.h"
 #include "ui/ui_test_registry.h"
@@ -17,41 +21,34 @@
 namespace tessarin {
 namespace {
 
-using testing::Editor;
-using testing::ReadBytes;
-using testing::TempDir;
+namespace fs = std::filesystem;
+using namespace testing;
 
-// The shared newsroom with a few configured captions: New is renamed, Print withdrawn, a new
-// story is "Untitled".
-std::string Configuration(std::string_view interfaceAttributes = "") {
-    return testing::Newsroom(interfaceAttributes,
-                             "<FileNew>New story</FileNew>"
-                             "<FilePrint Visible=\"false\">Print the story</FilePrint>",
-                             "<NewStory>Untitled</NewStory>");
+// How many receivers a signal of any object has: the count is protected in QObject, and a
+// pointer to it, taken through a class that makes it public, reaches it on every object.
+struct ReceiverCount : QObject {
+    using QObject::receivers;
+};
+int TriggerReceivers(const QAction& action) {
+    int (QObject::*receivers)(const char*) const = &ReceiverCount::receivers;
+    return (action.*receivers)(SIGNAL(triggered(bool)));
 }
 
+// The main window as the user drives it: start, menus, keys, files and closing.
 class MainWindowTest : public QObject {
     Q_OBJECT
   private slots:
+    // The title names the client and the new story; the recent files' rows wait for a file.
     void startShowsTheConfiguredWindow() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Configuration());
-        Editor editor(dir);
+        Editor editor(dir, Newsroom());
         QVERIFY(editor.StartAndShow());
 
         QCOMPARE(editor.window.objectName(), QStringLiteral("frmTessarin"));
         QCOMPARE(editor.window.windowTitle(),
-                 QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - Untitled[*]"));
-        QCOMPARE(editor.Action("mnuFileNew")->text(), QStringLiteral("New story"));
-        QCOMPARE(editor.Action("New")->toolTip(), QStringLiteral("New story"));
-        QCOMPARE(editor.Action("mnuFileOpen")->text(), QStringLiteral("&Open..."));
-        for (const char* withdrawn : {"mnuFilePrint", "Print", "SepPrint"}) {
-            QVERIFY2(!editor.Action(withdrawn)->isVisible(), withdrawn);
-        }
-        QVERIFY(editor.Action("Save")->isVisible());
-        QVERIFY(editor.Action("SepUndo")->isVisible());
+                 QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - New story[*]"));
+        QVERIFY(editor.Action("Save")->isVisible() && editor.Action("SepUndo")->isVisible());
         QVERIFY(!editor.Action("mnuSepMRU")->isVisible());
-        QVERIFY(!editor.Action("mnuFileMRU1")->isVisible());
 
         // The Informations view is shown, and its button pressed to agree with it.
         auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
@@ -80,45 +77,35 @@ class MainWindowTest : public QObject {
         // A configuration named on the command line reaches the start, which installs it.
         TempDir elsewhere;
         Editor installed(dir);
-        QCOMPARE(installed.window.Start(elsewhere.Write("newsroom.xml", Configuration()).string()),
+        QCOMPARE(installed.window.Start(elsewhere.Write("newsroom.xml", Newsroom()).string()),
                  std::optional<int>());
     }
 
     void aSecondInstanceEndsWhenTheConfigurationForbidsIt() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Configuration("MultipleInstances=\"false\""));
-        Editor first(dir);
+        Editor first(dir, Newsroom("MultipleInstances=\"false\""));
         QCOMPARE(first.window.Start(""), std::optional<int>());
         Editor second(dir);
         QCOMPARE(second.window.Start(""), std::optional<int>(1));
         QCOMPARE(second.user.messages, std::vector<std::string>{"Program already running"});
     }
 
-    void newSaveReopenAndRecentFiles() {
+    // Save names the story in the title and the recent files; a closed story opens again from
+    // there. New and Open run from their keys and their menu in the shortcut and import tests.
+    void saveCloseAndReopenFromTheRecentFiles() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Configuration());
-        Editor editor(dir);
+        Editor editor(dir, Newsroom());
         QVERIFY(editor.StartAndShow());
         const std::filesystem::path story = dir / "brief.xml";
 
         editor.Type("Council votes the budget");
         editor.user.QueuePath(story);
         editor.Trigger("Save");
-        QVERIFY(std::filesystem::exists(story));
         QVERIFY(!editor.window.Session().storyModified);
         QCOMPARE(editor.window.windowTitle(),
                  QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml[*]"));
         QVERIFY(editor.Action("mnuSepMRU")->isVisible());
         QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
-
-        editor.Trigger("mnuFileNew");
-        QCOMPARE(editor.MainBox(), std::u16string());
-        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - Untitled[*]")));
-
-        editor.user.QueuePath(story);
-        editor.Trigger("mnuFileOpen");
-        QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
-        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - brief.xml[*]")));
 
         editor.Trigger("Close");
         QCOMPARE(editor.MainBox(), std::u16string());
@@ -129,8 +116,7 @@ class MainWindowTest : public QObject {
 
     void closingAsksAboutTheModifiedStory() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Configuration());
-        Editor editor(dir);
+        Editor editor(dir, Newsroom());
         QVERIFY(editor.StartAndShow());
         editor.Type("Unsaved lead");
 
@@ -148,24 +134,20 @@ class MainWindowTest : public QObject {
 
     void aWithdrawnInformationsViewLeavesTheStoryView() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Configuration("MetadataVisible=\"false\""));
-        Editor editor(dir);
+        Editor editor(dir, Newsroom("MetadataVisible=\"false\""));
         QVERIFY(editor.StartAndShow());
         auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
         QVERIFY(!tabs->isTabVisible(0));
         QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
-        QVERIFY(!editor.Action("Informations")->isVisible());
         editor.Trigger("mnuDisplayMetadata");
         QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
     }
 
     void thePreferencesPlaceTheWindowAndRunTheAutomaticSave() {
         TempDir dir;
-        dir.Write("Tessarin.xml", Configuration());
-        dir.Write("Tessarin.ini",
-                  "[MainWindow]\r\nWidth=640\r\nHeight=480\r\n"
-                  "[Preferences]\r\nBackupAuto=1\r\nStatusTime=0\r\n");
-        Editor editor(dir);
+        Editor editor(dir, Newsroom(),
+                      "[MainWindow]\r\nWidth=640\r\nHeight=480\r\n"
+                      "[Preferences]\r\nBackupAuto=1\r\nStatusTime=0\r\n");
         QVERIFY(editor.StartAndShow());
         QCOMPARE(editor.window.size(), QSize(640, 480));
         auto* timer = editor.window.findChild<QTimer*>("TimerBackupAuto");
@@ -180,6 +162,141 @@ class MainWindowTest : public QObject {
                  QStringLiteral("Stories XML (*.xml);;Backup stories (*.bml)"));
         QCOMPARE(DialogNameFilter("Stories RTF/TXT (*.rtf;*txt)|*.rtf;*.txt"),
                  QStringLiteral("Stories RTF/TXT (*.rtf *.txt)"));
+    }
+
+    // A menu entry either runs a command or, while its window is not built, is disabled with its
+    // button; About tells the program's name and version, Insert adds a picture in its view, and
+    // Save and close does both.
+    void everyCommandRunsOrIsDisabled() {
+        TempDir dir;
+        Editor editor(dir, Newsroom());
+        QVERIFY(editor.StartAndShow());
+        for (const MenuLayout& menu : MainMenuLayout()) {
+            for (const MenuEntryLayout& entry : menu.entries) {
+                if (entry.key == kMenuSeparator || entry.key == kRecentFilesRows) continue;
+                const std::string name = "mnu" + std::string(entry.key);
+                const QAction* action = editor.Action(name.c_str());
+                if (CommandNotBuiltYet(entry.key)) {
+                    QVERIFY2(!action->isEnabled(), name.c_str());
+                } else {
+                    QVERIFY2(TriggerReceivers(*action) > 0, name.c_str());
+                }
+            }
+        }
+        for (const char* button : {"ReceiveWorkflow", "InterceptWorkflow", "SendMail", "Zoom"}) {
+            QVERIFY2(!editor.Action(button)->isEnabled(), button);
+        }
+        // The search button stands for the Search menu and opens the search window once the
+        // story holds text.
+        editor.Trigger("mnuDisplayStory");
+        editor.Type("Le chat");
+        editor.Trigger("Search");
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        QVERIFY(std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+            return window->objectName() == QStringLiteral("frmSearch") && window->isVisible();
+        }));
+        editor.Trigger("Zoom");
+        QVERIFY(!editor.Action("Zoom")->isChecked());
+        for (const char* button : {"Save", "Bold", "Logs", "SendFTP"})
+            QVERIFY2(editor.Action(button)->isEnabled(), button);
+
+        editor.Trigger("mnuAbout");
+        QVERIFY(editor.user.messages.back().starts_with("Tessarin " TESSARIN_VERSION));
+        editor.user.QueuePath(dir.Write("harbour.jpg", "\xFF\xD8\xFF\xD9"));
+        editor.Trigger("mnuInsertImage");
+        QCOMPARE(editor.Find<QTabWidget>("tabDisplay")->currentWidget()->objectName(),
+                 QStringLiteral("pageImages"));
+        QCOMPARE(editor.window.Session().story.images.size(), std::size_t{1});
+        editor.Trigger("mnuDisplayStory");
+        editor.Type("Ferry late");
+        editor.user.QueuePath(dir / "ferry.xml");
+        editor.Trigger("mnuFileSaveClose");
+        QVERIFY(fs::exists(dir / "ferry.xml"));
+        QCOMPARE(editor.MainBox(), std::u16string());
+    }
+
+    // The commands' keys, shown in the menus, run them; the title marks unsaved changes.
+    void theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
+        TempDir dir;
+        Editor editor(dir, Newsroom("", "<FileSaveAs Shortcut=\"F12\"/>"));
+        QVERIFY(editor.StartAndShow());
+
+        QCOMPARE(editor.Action("mnuEditionUndo")->shortcuts(),
+                 StandardShortcuts(QKeySequence::Undo));
+        QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
+
+        // Pressed in the story's main box, the keys run their commands.
+        editor.Trigger("mnuDisplayStory");
+        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral("[*]")));
+        QVERIFY(!editor.window.isWindowModified());
+        editor.Type("Harbour");
+        QVERIFY(editor.window.isWindowModified());
+        QTextEdit* box = editor.Box(6);
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
+        QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
+        const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
+        QVERIFY(format.bold && format.underline && editor.Action("Bold")->isChecked());
+        editor.Trigger("mnuEditionUndo");  // the menu's Undo reaches the story panel
+        QVERIFY(!editor.window.Session().story.boxes[6].FormatAt(2).underline);
+        editor.user.QueuePath(dir / "harbour.xml");
+        QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(fs::exists(dir / "harbour.xml") && !editor.window.isWindowModified());
+        QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(editor.MainBox(), std::u16string());
+    }
+
+    // An RTF document opens as a new story; the export menu then writes the story as RTF, PDF
+    // and, once saved, through the style sheet, each beside the story. What the readers and
+    // writers make of the text is tested with them.
+    void importedDocumentExportsBesideItself() {
+        TempDir dir;
+        dir.Write("XSLT/Tessarin.xsl",
+                  "<xsl:stylesheet version=\"1.0\" "
+                  "xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\"><xsl:template "
+                  "match=\"/\"><p><xsl:value-of select=\"//TextBox6\"/></p></xsl:template>"
+                  "</xsl:stylesheet>");
+        const fs::path document = dir.Write("desk/note.rtf", "{\\rtf1 Quay {\\b closed}\\par}");
+        Editor editor(dir, Newsroom(), "[Preferences]\r\nStartAutoExport=0\r\n");
+        QVERIFY(editor.StartAndShow());
+
+        editor.user.QueuePath(document);
+        editor.Trigger("mnuFileOpen");
+        QCOMPARE(editor.MainBox(), std::u16string(u"Quay closed"));
+        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral(" - note.xml[*]")));
+
+        for (const char* format : {"RTF", "PDF"}) {
+            editor.Trigger(("mnuExport" + std::string(format)).c_str());
+            const fs::path written =
+                dir / "desk" / ("note." + QString(format).toLower().toStdString());
+            QVERIFY2(fs::exists(written), format);
+            QCOMPARE(editor.window.Session().window.Status().text,
+                     "Exported story: " + written.string());
+        }
+
+        editor.Trigger("mnuFileSave");
+        QVERIFY(fs::exists(dir / "desk/note.xml"));
+        const QList<QAction*> sheets = editor.window.findChildren<QAction*>("mnuExportXSL");
+        QCOMPARE(sheets.size(), 1);
+        QCOMPARE(sheets[0]->text(), QStringLiteral("Tessarin.xsl"));
+        sheets[0]->trigger();
+        QVERIFY(ReadBytes(dir / "desk/note.htm").find("<p>Quay closed</p>") != std::string::npos);
+    }
+
+    // tessarin --help prints its options where there is no display at all.
+    void helpNeedsNoDisplay() {
+        QProcess editor;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QLatin1String(display));
+        editor.setProcessEnvironment(environment);
+        editor.start(QStringLiteral(TESSARIN_EDITOR_PATH), {QStringLiteral("--help")});
+        QVERIFY(editor.waitForFinished(10000));
+        QCOMPARE(editor.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(editor.exitCode(), 0);
+        const QString help = QString::fromUtf8(editor.readAllStandardOutput());
+        QVERIFY2(help.startsWith(QStringLiteral("usage: tessarin [--app-dir DIR]")),
+                 qPrintable(help));
     }
 };
 

@@ -1,18 +1,24 @@
 #include "ui/editor_session_qt.h"  // first: before any header that includes the session
 
+#include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTreeWidget>
 #include <QtTest>
+#include <fstream>
 #include <memory>
 #include <random>
 #include <utility>
 
 #include "editing/copy_fit.h"
+#include "ui/notes_tree.h"
 #include "ui/story_panel_bench.h"
 #include "ui/styled_text_bridge.h"
 #include "ui/ui_test_registry.h"
@@ -20,35 +26,12 @@
 namespace tessarin {
 namespace {
 
-// A story panel on a session with three forms: "Brief" (boxes 0, 1 and 6 and the signature;
-// box 0 takes 3 to 5 characters), "Caps" (boxes 0 to 3 and 6; box 1 all caps) and "Main"
-// (box 6 alone). Brief is in force.
-struct PanelBench : testing::StoryPanelBench {
-    PanelBench() {
-        auto& forms = bench.session.configuration.forms;
-        forms = {{"Brief", "1270", "", 0, -1, {}},
-                 {"Caps", "12347", "2", 0, -1, {}},
-                 {"Main", "7", "", 0, -1, {}}};
-        forms[0].characterLimits[0] = CharacterLimit{"3", 5};
-        bench.session.configuration.identity = {"Jane Doe", "", "", "JD"};
-        Show();
-    }
+using PanelBench = testing::StoryPanelBench;
 
-    QString Label(const QString& name) { return Find<QLabel>(name).text(); }
-    bool Shown(const QString& name) { return Find<QWidget>(name).isVisible(); }
-    // What the box's document holds, read back as styled text.
-    StyledText Shown(int box) { return StyledTextBridge(*Box(box).document()).Read(); }
-};
-
-CharFormat Bold() {
-    CharFormat format;
-    format.bold = true;
-    return format;
-}
-
+// The story panel: keys and gestures handed to the core and shown again, the document in step
+// with the boxes, and the editing tools' windows.
 class StoryPanelTest : public QObject {
     Q_OBJECT
-
   private slots:
     // Keys reach the core box (a paragraph end is CR LF there, one key away) and the counter
     // and its warnings show the core's count; the count itself is the copy-fit's.
@@ -112,7 +95,6 @@ class StoryPanelTest : public QObject {
         click(2);
         QCOMPARE(forms.currentRow(), 2);
         QVERIFY(!panel.Box(1).isVisible() && !panel.Shown("lblTextBox1"));
-        QCOMPARE(panel.Core(1), QString());
     }
 
     // Bold, the undo key and Redo go to the core and the box shows its result; the undo
@@ -125,7 +107,6 @@ class StoryPanelTest : public QObject {
         panel.panel->Bold();
         const auto boldOnScreen = [&panel] { return panel.Shown(6).FormatAt(8).bold; };
         QVERIFY(panel.bench.session.story.boxes[6].FormatAt(8).bold && boldOnScreen());
-        QVERIFY(panel.bench.session.window.Control("Bold").checked);
 
         QTest::keyClick(&panel.Box(6), Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(!boldOnScreen());
@@ -158,18 +139,6 @@ class StoryPanelTest : public QObject {
         QVERIFY(panel.Shown(6) == box);
     }
 
-    void TheNonBreakingMarkIsAGreyMiddleDot() {
-        PanelBench panel;
-        panel.Select(6, 0, 0);
-        QTest::keyClicks(&panel.Box(6), "50");
-        panel.panel->InsertNonBreakingSpace();
-        QTest::keyClicks(&panel.Box(6), "%");
-        QCOMPARE(panel.Box(6).toPlainText(), QString::fromUtf16(u"50\u00B7%"));
-        QTextCursor dot(panel.Box(6).document());
-        dot.setPosition(3);
-        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
-    }
-
     void TheSignatureButtonsSignAndRelease() {
         PanelBench panel;
         QLineEdit& field = panel.Find<QLineEdit>(QStringLiteral("txtSignature"));
@@ -185,11 +154,15 @@ class StoryPanelTest : public QObject {
         QCOMPARE(field.text(), QString());
     }
 
-    // Paragraphs of one to two units in the document against two in the box, both ways.
-    void PositionsMapBetweenParagraphsAndLineBreaks() {
+    // Paragraphs of one to two units in the document against two in the box, both ways. A
+    // change made elsewhere replaces only the stretch that differs, and a line break that the
+    // change makes or undoes at the stretch's edge is one paragraph separator or none.
+    void TheDocumentMapsAndShowsTheBoxStretchByStretch() {
         QTextDocument document;
         StyledTextBridge bridge(document);
-        StyledText text(u"ab\r", Bold());
+        CharFormat bold;
+        bold.bold = true;
+        StyledText text(u"ab\r", bold);
         text.Insert(3, u"\n\r\ncd\ref", {});  // a line break whose CR and LF differ in format
         bridge.Load(text);
         QCOMPARE(document.blockCount(), 3);  // the lone CR is a line separator
@@ -203,17 +176,11 @@ class StoryPanelTest : public QObject {
             QCOMPARE(bridge.ToBoxPosition(position), boxPositions[position]);
             QCOMPARE(bridge.ToDocumentPosition(boxPositions[position]), position);
         }
-    }
 
-    // A change made elsewhere replaces only the stretch that differs, and a line break that
-    // the change makes or undoes at the stretch's edge is one paragraph separator or none.
-    void ShowingAChangeReplacesOnlyWhatDiffers() {
-        QTextDocument document;
-        StyledTextBridge bridge(document);
         std::u16string lines;
         for (int line = 0; line < 1000; ++line)
             lines += u"one more line\r\n";
-        StyledText text(lines);
+        text = StyledText(lines);
         bridge.Load(text);
         int changed = 0;
         connect(&document, &QTextDocument::contentsChange,
@@ -261,6 +228,145 @@ class StoryPanelTest : public QObject {
         QVERIFY(panel.Shown(6) == panel.bench.session.story.boxes[6]);
         QCOMPARE(panel.Label("lblNbTextBox6").toStdString(),
                  std::to_string(panel.bench.session.story.counters[6].count));
+    }
+
+    // Each key goes through the typing rules of the core (tested there, rule by rule): here
+    // two blanks and a question mark become one non-breaking mark, shown as a grey middle dot.
+    void typingRulesActKeyByKey() {
+        PanelBench tools;
+        tools.Type(6, QStringLiteral("Oui  ?"));
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"Oui\u00B7?"));
+        QTextCursor dot(tools.Box(6).document());
+        dot.setPosition(4);
+        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
+    }
+
+    // The search window's buttons run the core's search and replace (whose matching is tested
+    // with the core); the box being searched is locked and coloured until the window closes.
+    void searchWindowFindsReplacesAndRemembers() {
+        PanelBench tools;
+        tools.Type(0, QStringLiteral("Le chat"));
+        tools.Type(6, QStringLiteral("Un chat, deux CHATS."));
+        tools.panel->OpenSearch(1);
+        auto& search = tools.Find<QDialog>(QStringLiteral("frmSearch"));
+        QVERIFY(search.isVisible());
+        tools.Find<QLineEdit>(QStringLiteral("txtSearch")).setText(QStringLiteral("chat"));
+        tools.Find<QLineEdit>(QStringLiteral("txtReplace")).setText(QStringLiteral("chien"));
+        tools.Click("cmdFollowing");
+        tools.Click("cmdFollowing");
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), QStringLiteral("chat"));
+        QVERIFY(tools.Box(6).isReadOnly() && !tools.Box(0).isReadOnly());
+        QVERIFY(tools.Box(6).palette().color(QPalette::Base) !=
+                tools.Box(0).palette().color(QPalette::Base));
+        tools.Click("cmdReplace");
+        QCOMPARE(tools.Text(6), QStringLiteral("Un chien, deux CHATS."));
+
+        tools.Click("cmdSearchAll");
+        QCOMPARE(tools.Find<QLabel>(QStringLiteral("lblSearchAll")).text(),
+                 QStringLiteral("Search all: 2"));
+        tools.Click("cmdReplaceAll");
+        QCOMPARE(tools.Text(0), QStringLiteral("Le chien"));
+
+        tools.Click("cmdCancel");
+        QVERIFY(!search.isVisible());
+        QVERIFY(!tools.Box(6).isReadOnly());
+        QCOMPARE(tools.bench.session.profile.Read("SearchReplace", "Search"), "chat");
+    }
+
+    void notesTreeAddsBookmarksAndRemovesThemWithTheirAnchor() {
+        PanelBench tools;
+        tools.Type(6, QStringLiteral("deux mots"));
+        QTextCursor cursor = tools.Box(6).textCursor();
+        cursor.setPosition(5);
+        cursor.setPosition(9, QTextCursor::KeepAnchor);
+        tools.Box(6).setTextCursor(cursor);
+        auto& tree = tools.Find<NotesTree>(QStringLiteral("treeNotes"));
+        tree.AddNote(true);
+
+        auto& note = tools.Find<QDialog>(QStringLiteral("frmNote"));
+        QVERIFY(note.isVisible());
+        tools.Find<QPlainTextEdit>(QStringLiteral("txtNote")).setPlainText(QStringLiteral("a\nb"));
+        tools.Click("cmdCancel");
+        const StoryNote& added = tools.bench.session.story.notes.at(0);
+        QCOMPARE(added.text, std::string("a\r\nb"));
+        QVERIFY(added.bookmark);
+        const QString title = QString::fromStdString(added.title);
+        QCOMPARE(tools.Text(6), QStringLiteral("deux ") + title + QStringLiteral("mots"));
+        QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [1]"));
+
+        // A click on the note selects its anchor.
+        QTreeWidgetItem* item = tree.topLevelItem(0)->child(0);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
+        QCOMPARE(tools.Box(6).textCursor().selectedText(), title);
+
+        tree.RemoveNote(0);
+        QCOMPARE(tools.Text(6), QStringLiteral("deux mots"));
+        QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [0]"));
+    }
+
+    void snippetsComeByCtrlAndFunctionKeys() {
+        PanelBench tools;
+        std::ofstream(tools.bench.session.paths.appDir / "clips.txt", std::ios::binary)
+            << "Paris\r\nLyon\\nMarseille\r\n";
+        tools.bench.session.configuration.interface.entries["EditionMultipleClipboard"].File =
+            "clips.txt";
+        tools.panel->Refresh();
+        auto& tree = tools.Find<QTreeWidget>(QStringLiteral("treeClipboard"));
+        QCOMPARE(tree.topLevelItem(0)->child(1)->text(0),
+                 QStringLiteral("Lyon Marseille [Ctrl+F2]"));
+        tools.Type(6, QStringLiteral("A "));
+        QTest::keyClick(&tools.Box(6), Qt::Key_F2, Qt::ControlModifier);
+        QCOMPARE(tools.Text(6), QStringLiteral("A Lyon\r\nMarseille"));
+    }
+
+    void questionsAndAnswersPutTheLabelsAtEachEnter() {
+        PanelBench tools;
+        tools.Box(6).setFocus();
+        tools.panel->ToggleQuestionsAnswers();
+        auto& dialog = tools.Find<QDialog>(QStringLiteral("frmQuestionsAnswers"));
+        const QList<QWidget*> frames = dialog.findChildren<QWidget*>(QStringLiteral("FrameQA"));
+        QCOMPARE(frames.size(), 2);
+        frames[0]->findChild<QLineEdit*>(QStringLiteral("txtQA"))->setText(QStringLiteral("Q: "));
+        frames[1]->findChild<QLineEdit*>(QStringLiteral("txtQA"))->setText(QStringLiteral("R: "));
+        auto* inter1 = frames[1]->findChild<QCheckBox*>(QStringLiteral("chkInter1"));
+        inter1->setChecked(true);
+        frames[1]->findChild<QCheckBox*>(QStringLiteral("chkInter3"))->setChecked(true);
+        QVERIFY(!inter1->isChecked());
+        QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
+
+        QCOMPARE(tools.Text(6), QStringLiteral("Q: "));
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("x"));
+        QTest::keyClick(&tools.Box(6), Qt::Key_Return);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("y"));
+        QTest::keyClick(&tools.Box(6), Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(tools.Text(6), QStringLiteral("Q: x\r\nR: y\r\n"));
+    }
+
+    void charactersComeFromTheConfiguredSetsAndAltGr() {
+        PanelBench tools;
+        std::ofstream(tools.bench.session.paths.configurationFile, std::ios::binary)
+            << "<Tessarin><InsertCharacters><InsertSetOfCharacters>"
+               "<Set Name=\"Latin\">\u00C6\u0152</Set><Set Name=\"Money\">\u20AC\u00A3</Set>"
+               "</InsertSetOfCharacters></InsertCharacters></Tessarin>";
+        tools.Type(6, QStringLiteral("ab"));
+        tools.panel->InsertCharacters();
+        auto& dialog = tools.Find<QDialog>(QStringLiteral("frmInsertCharacters"));
+        auto& names = tools.Find<QListWidget>(QStringLiteral("lstCharactersName"));
+        auto& set = tools.Find<QListWidget>(QStringLiteral("lstCharactersSet"));
+        names.setCurrentRow(1);
+        QCOMPARE(set.count(), 2);
+        QVERIFY(!tools.Find<QPushButton>(QStringLiteral("cmdOK")).isEnabled());
+        set.setCurrentRow(0);
+        tools.Click("cmdOK");
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC"));
+        tools.Click("cmdCancel");
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(tools.bench.session.profile.Read("Configuration", "IndexCharSet"), "1");
+
+        QKeyEvent altGr(QEvent::KeyPress, Qt::Key_AltGr, Qt::NoModifier);
+        QApplication::sendEvent(&tools.Box(6), &altGr);
+        QTest::keyClicks(&tools.Box(6), QStringLiteral("oo"));
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC\u0153o"));
     }
 };
 

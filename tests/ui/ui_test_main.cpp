@@ -3,15 +3,6 @@
 
 #include "ui/ui_test_registry.h"
 
-namespace tessarin::testing {
-
-std::vector<std::function<std::unique_ptr<QObject>()>>& UiTestClasses() {
-    static std::vector<std::function<std::unique_ptr<QObject>()>> classes;
-    return classes;
-}
-
-}  // namespace tessarin::testing
-
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     int failed = 0;

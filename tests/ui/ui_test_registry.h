@@ -8,7 +8,10 @@
 namespace tessarin::testing {
 
 // The Qt Test classes of the desktop editor, run one after the other by one program.
-std::vector<std::function<std::unique_ptr<QObject>()>>& UiTestClasses();
+inline std::vector<std::function<std::unique_ptr<QObject>()>>& UiTestClasses() {
+    static std::vector<std::function<std::unique_ptr<QObject>()>> classes;
+    return classes;
+}
 
 struct UiTestRegistration {
     explicit UiTestRegistration(std::function<std::unique_ptr<QObject>()> make) {
