@@ -5,6 +5,7 @@
 #include "common/utf8.h"
 #include "common/xml_document.h"
 #include "markup_random.h"
+#include "markup_reference.h"
 #include "markup_test_support.h"
 #include "story/rescue_attribute_cut.h"
 #include "story/story_href.h"
@@ -28,20 +29,14 @@ TEST(StoryHref, EveryFormThatStoriesHoldNamesItsFile) {
         EXPECT_EQ(PathFromStoryHref(href), path) << href;
 }
 
-std::u16string TrimBlanks(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos) return {};
-    return std::u16string(text.substr(first, text.find_last_not_of(u' ') - first + 1));
-}
-
 // The loop as it reads, searching the whole text again after every cut.
 std::u16string CutByTheLoop(std::u16string text, std::u16string_view marker) {
     for (std::size_t found = text.find(marker); found != std::u16string::npos;
          found = text.find(marker)) {
         const std::size_t end = text.find(u"\">", found);
         const std::size_t rest = end != std::u16string::npos ? end + 1 : found + 9;
-        text = TrimBlanks(std::u16string_view(text).substr(0, found)) +
-               TrimBlanks(std::u16string_view(text).substr(rest));
+        text = testing::TrimBlanks(std::u16string_view(text).substr(0, found)) +
+               testing::TrimBlanks(std::u16string_view(text).substr(rest));
     }
     return text;
 }
