@@ -74,11 +74,5 @@ TEST(DatePatterns, LocaleDefaultsAndOverrides) {
     EXPECT_EQ(DateOrder(), 1);  // quoted letters do not count
 }
 
-TEST(FormatTime, TwentyFourHourClockWithLeadingZeros) {
-    EXPECT_EQ(FormatTimeHourMinute(kMonday), "09:05");
-    EXPECT_EQ(FormatTimeHourMinuteSecond(kMonday), "09:05:07");
-    EXPECT_EQ(FormatTimeHourMinuteSecond(kFebruaryFirst), "23:00:00");
-}
-
 }  // namespace
 }  // namespace tessarin

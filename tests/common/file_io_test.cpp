@@ -76,6 +76,8 @@ TEST(WriteFileKeepingBackup, TheBackupHoldsThePreviousContent) {
     EXPECT_FALSE(result.backupKept);  // nothing to keep yet
     EXPECT_FALSE(std::filesystem::exists(backup));
 
+    // What a killed save left beside the backup goes with the next save (two entries remain).
+    dir.Write(TemporaryNameOf("story.bml", FinishedProcessId()), "x");
     for (const char* next : {"second", "third"}) {
         const std::string previous = ReadBytes(file);
         result = WriteFileKeepingBackup(file, next, backup);

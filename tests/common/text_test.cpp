@@ -2,7 +2,6 @@
 
 #include "common/fold_accents.h"
 #include "common/number_parse.h"
-#include "common/reading_idiom.h"
 #include "common/xml_escape.h"
 
 namespace tessarin {
@@ -23,13 +22,24 @@ TEST(FoldAccents, FoldsExactlyTheListedLetters) {
     EXPECT_EQ(FoldAccents("Ren\xC3\xA9 \xC5\x93 \xE9 \xC3"), "Rene \xC5\x93 \xE9 \xC3");
 }
 
+// A number is read up to the first character that does not fit; the text is numeric when that
+// number is all there is, blanks around it aside.
 TEST(ParseLeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
-    const std::pair<const char*, double> rows[] = {
-        {"abc", 0},  {"12abc", 12}, {"", 0},       {"\t\r\n 7", 7}, {"-3.5x", -3.5}, {"+4", 4},
-        {".5", 0.5}, {"5.", 5},     {"1e3", 1000}, {"2E-1z", 0.2},  {"1e", 1},       {"1e+", 1},
-        {"1,5", 1},  {"- 3", 0},    {"0x1A", 0},   {"-.", 0},       {"1 2", 1}};
-    for (const auto& [text, expected] : rows)
-        EXPECT_EQ(ParseLeadingNumber(text), expected) << text;
+    const struct {
+        const char* text;
+        double number;
+        bool numeric;
+    } rows[] = {{"abc", 0, false},      {"12abc", 12, false},  {"", 0, false},
+                {"   ", 0, false},      {"\t\r\n 7", 7, true}, {" 4 ", 4, true},
+                {"-3.5x", -3.5, false}, {"+4", 4, true},       {".5", 0.5, true},
+                {"5.", 5, true},        {"1e3", 1000, true},   {"2E-1z", 0.2, false},
+                {"1e", 1, false},       {"1e+", 1, false},     {"1,5", 1, false},
+                {"- 3", 0, false},      {"-", 0, false},       {".", 0, false},
+                {"0x1A", 0, false},     {"-.", 0, false},      {"1 2", 1, false}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(ParseLeadingNumber(row.text), row.number) << row.text;
+        EXPECT_EQ(IsNumeric(row.text), row.numeric) << row.text;
+    }
     const std::pair<const char*, std::int32_t> integers[] = {{"12.9", 12},
                                                              {"-12.9", -12},
                                                              {"99999999999", 2147483647},
@@ -38,25 +48,6 @@ TEST(ParseLeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
                                                              {"1e-999", 0}};
     for (const auto& [text, expected] : integers)
         EXPECT_EQ(ParseLeadingInteger(text), expected) << text;
-}
-
-TEST(IsNumeric, WholeTextMustBeOneNumber) {
-    for (const char* text : {"12", "-3.5", " 4 ", "1e5"})
-        EXPECT_TRUE(IsNumeric(text)) << text;
-    for (const char* text : {"", "   ", "12abc", "abc", "1 2", "-", ".", "1e"})
-        EXPECT_FALSE(IsNumeric(text)) << text;
-}
-
-TEST(ReadingIdiom, FourKindsOfValue) {
-    EXPECT_TRUE(FlagDefaultFalse("true"));
-    EXPECT_FALSE(FlagDefaultFalse("True"));
-    EXPECT_FALSE(FlagDefaultTrue("false"));
-    EXPECT_TRUE(FlagDefaultTrue("False"));
-    EXPECT_EQ(TextOr("", "Notes"), "Notes");
-    EXPECT_EQ(TextOr(" ", "Notes"), " ");
-    EXPECT_EQ(NumberOr("", 25), 25);
-    EXPECT_EQ(NumberOr("abc", 25), 0);
-    EXPECT_EQ(NumberOr("12abc", 25), 12);
 }
 
 }  // namespace

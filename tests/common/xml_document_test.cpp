@@ -64,9 +64,7 @@ TEST(XmlParseError, TheFirstErrorWithLinePositionSourceTextAndReason) {
 
     const std::pair<const char*, const char*> rows[] = {
         {"<r>\n<a x='1' x='2'>&nbsp;</a>\n<b></c></r>", "Attribute x redefined"},
-        {"<r>a&nbsp;b</r>", "Entity 'nbsp' not defined"},
         {"", "Document is empty"},
-        {"   \r\n", "Start tag expected, '<' not found"},
     };
     for (const auto& [bytes, reason] : rows) {
         EXPECT_FALSE(document.LoadBytes(bytes)) << bytes;

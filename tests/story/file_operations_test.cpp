@@ -152,11 +152,6 @@ TEST_F(FileOperationsTest, SavingWritesOnlyChangesAndKeepsTheNextToLastVersionAs
         EXPECT_TRUE(SaveCurrentStory(session_));
     }
     EXPECT_TRUE(Holds(stories_ / "story.bml", "Second") && Holds(stories_ / "story.xml", "Third"));
-    for (const char16_t* text : {u"Renamed", u"Again"}) {
-        Type(text, "story.txt");
-        EXPECT_TRUE(SaveCurrentStory(session_));
-    }
-    EXPECT_TRUE(Holds(stories_ / "story.txt.bml", "Renamed"));
 }
 
 TEST_F(FileOperationsTest, TheAutomaticSaveWritesOnlyANamedModifiedStoryUnattended) {

@@ -2,26 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include "common/utf8.h"
 #include "export/beside_story_session.h"
 #include "export/rtf_export.h"
+#include "markup_test_support.h"
 #include "support/office_convert.h"
 
 namespace tessarin {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The runs of a text as "text|bold italic underline" pieces.
-std::vector<std::string> Runs(const StyledText& text) {
-    std::vector<std::string> runs;
-    for (const FormatRun& run : text.Runs()) {
-        runs.push_back(Utf16ToUtf8(text.Text(run.start, run.length)) + "|" +
-                       (run.format.bold ? "b" : "") + (run.format.italic ? "i" : "") +
-                       (run.format.underline ? "u" : ""));
-    }
-    return runs;
-}
+using testing::Describe;
 
 class ImportDocumentTest : public testing::BesideStoryTest {
   protected:
@@ -48,7 +38,7 @@ TEST_F(ImportDocumentTest, AnRtfExportOpensAsTheSameText) {
     session_.story = StoryRecord{};
     ASSERT_TRUE(OpenStoryFile(session_, rtf, StandardDocumentImport()));
     EXPECT_EQ(MainBox().Text(), original.Text());
-    EXPECT_EQ(Runs(MainBox()), Runs(original));
+    EXPECT_EQ(Describe(MainBox()), Describe(original));
     EXPECT_EQ(session_.storyFileName, "brief.v2.xml");
     EXPECT_EQ(session_.storyDirectory, stories_);
     EXPECT_TRUE(session_.storyModified);
@@ -81,7 +71,7 @@ TEST_F(ImportDocumentTest, OfficeDocumentsNeedTheOfficeSuite) {
     const fs::path odt = testing::OfficeConvert(rtf, "odt", app_.path());
     ASSERT_FALSE(odt.empty());
     ASSERT_TRUE(OpenStoryFile(session_, odt, StandardDocumentImport()));
-    EXPECT_EQ(Runs(MainBox()), (std::vector<std::string>{"Chère |", "amie|b", "\r\nFin.|"}));
+    EXPECT_EQ(Describe(MainBox()), "[]Chère [b]amie[]\r\nFin.");
     EXPECT_EQ(session_.storyFileName, "lettre.xml");
 
     testing::ScopedEnvironment noPath("PATH", "");

@@ -42,14 +42,42 @@ constexpr std::pair<char16_t, std::u16string_view> kCharacterForms[] = {
     {u'"', u"&quot;"}, {u'<', u"&lt;"},     {u'>', u"&gt;"},  {0x152, u"<OE/>"},
     {0x153, u"<oe/>"}, {0x20AC, u"<euro/>"}};
 
-std::u16string Trim(const std::u16string& text) {
-    const auto first = text.find_first_not_of(u' ');
-    if (first == std::u16string::npos) return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
-
 std::u16string Blanks(std::size_t count) {
     return std::u16string(count, u' ');
+}
+
+// Replaces every occurrence, left to right, not looking again at what it wrote.
+std::u16string LiteralReplace(std::u16string text, std::u16string_view from,
+                              std::u16string_view to) {
+    std::u16string result;
+    std::size_t start = 0;
+    for (std::size_t hit = text.find(from); hit != std::u16string::npos;
+         hit = text.find(from, start)) {
+        result += text.substr(start, hit - start);
+        result += to;
+        start = hit + from.size();
+    }
+    return result + text.substr(start);
+}
+
+// The words of a box, by deleting protected characters from the last to the first and running
+// the blank replacements one by one.
+std::int32_t ReferenceWordCount(const StyledText& text) {
+    StyledText draft = text;
+    for (std::size_t position = draft.Length(); position-- > 0;) {
+        if (draft.FormatAt(position).isProtected) draft.Erase(position, 1);
+    }
+    std::u16string plain = draft.Text();
+    for (const char16_t c : std::u16string_view(u"\r\n,;:.?!'\"")) {
+        for (char16_t& unit : plain) {
+            if (unit == c) unit = u' ';
+        }
+    }
+    for (std::size_t run = 8; run >= 2; --run)
+        plain = LiteralReplace(plain, Blanks(run), u" ");
+    plain = TrimBlanks(plain);
+    if (plain.empty()) return 0;
+    return static_cast<std::int32_t>(std::count(plain.begin(), plain.end(), u' ') + 1);
 }
 
 class BodyWriter {
@@ -135,35 +163,10 @@ std::string Encode(const std::u16string& text, bool utf8) {
 
 }  // namespace
 
-std::u16string LiteralReplace(std::u16string text, std::u16string_view from,
-                              std::u16string_view to) {
-    std::u16string result;
-    std::size_t start = 0;
-    for (std::size_t hit = text.find(from); hit != std::u16string::npos;
-         hit = text.find(from, start)) {
-        result += text.substr(start, hit - start);
-        result += to;
-        start = hit + from.size();
-    }
-    return result + text.substr(start);
-}
-
-std::int32_t ReferenceWordCount(const StyledText& text) {
-    StyledText draft = text;
-    for (std::size_t position = draft.Length(); position-- > 0;) {
-        if (draft.FormatAt(position).isProtected) draft.Erase(position, 1);
-    }
-    std::u16string plain = draft.Text();
-    for (const char16_t c : std::u16string_view(u"\r\n,;:.?!'\"")) {
-        for (char16_t& unit : plain) {
-            if (unit == c) unit = u' ';
-        }
-    }
-    for (std::size_t run = 8; run >= 2; --run)
-        plain = LiteralReplace(plain, Blanks(run), u" ");
-    plain = Trim(plain);
-    if (plain.empty()) return 0;
-    return static_cast<std::int32_t>(std::count(plain.begin(), plain.end(), u' ') + 1);
+std::u16string TrimBlanks(std::u16string_view text) {
+    const std::size_t first = text.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos) return {};
+    return std::u16string(text.substr(first, text.find_last_not_of(u' ') - first + 1));
 }
 
 std::u16string ReferenceBodyPasses(std::u16string body, bool removeDuplicateSpaces) {
@@ -173,7 +176,7 @@ std::u16string ReferenceBodyPasses(std::u16string body, bool removeDuplicateSpac
     body = ApplyRows(body, kNoteRows);
     if (removeDuplicateSpaces) {
         for (std::size_t run = 6; run >= 2; --run)
-            body = Trim(LiteralReplace(body, Blanks(run), u" "));
+            body = TrimBlanks(LiteralReplace(body, Blanks(run), u" "));
     }
     return body;
 }

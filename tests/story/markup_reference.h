@@ -20,9 +20,8 @@ std::string ReferenceStoryTextToTags(const StoryBodyInput& input, bool nest);
 // a trim after each replacement.
 std::u16string ReferenceBodyPasses(std::u16string body, bool removeDuplicateSpaces);
 
-// The words of a box, by deleting protected characters from the last to the first and running
-// the blank replacements one by one.
-std::int32_t ReferenceWordCount(const StyledText& text);
+// The text without the blanks at either end.
+std::u16string TrimBlanks(std::u16string_view text);
 
 // What pairing tags does to a text, by the literal loop: find the first opening and first
 // closing tag, style the text between, delete both, search again from the start.
@@ -32,9 +31,5 @@ struct ReferencePairing {
 };
 ReferencePairing ReferencePairTags(std::u16string text, std::u16string_view opening,
                                    std::u16string_view closing);
-
-// Replaces every occurrence, left to right, not looking again at what it wrote.
-std::u16string LiteralReplace(std::u16string text, std::u16string_view from,
-                              std::u16string_view to);
 
 }  // namespace tessarin::testing

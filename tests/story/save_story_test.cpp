@@ -8,19 +8,16 @@
 #include "common/scoped_environment.h"
 #include "story/story_file_writer.h"
 #include "story_save_fixture.h"
-#include "support/finished_process.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::FinishedProcessId;
 using testing::ReadBytes;
 using testing::ScopedEnvironment;
 using testing::StorySaveFixture;
 using testing::TempDir;
-using testing::TemporaryNameOf;
 
 constexpr LocalDateTime kNow{2025, 2, 20, 9, 30, 0};
 
@@ -46,8 +43,8 @@ class SaveStoryTest : public ::testing::Test {
     }
 
     // The bytes a save at kNow writes for the story as it stands before the save.
-    std::string ExpectedBytes(const StoryRecord& story, std::string_view name = "story.xml") {
-        return ComposeStoryFile(story, fixture_.Context(), name, kNow);
+    std::string ExpectedBytes(const StoryRecord& story) {
+        return ComposeStoryFile(story, fixture_.Context(), "story.xml", kNow);
     }
 
     fs::path StoryFile() const { return directory_ / "story.xml"; }
@@ -91,14 +88,9 @@ TEST_F(SaveStoryTest, MissingMandatoryFieldRefusesAndLeavesTheOldFileWhole) {
     EXPECT_TRUE(fixture_.window.Status().errorPicture);
     EXPECT_EQ(fixture_.user.messages, std::vector<std::string>{"Author: Mandatory field"});
     EXPECT_TRUE(story_.lastSave.Empty());
-}
-
-TEST_F(SaveStoryTest, ColdStoryAndAutomaticSaveSkipTheMandatoryChecks) {
-    AppendTagWord(fixture_.window.Control("lblAuthor"), "mandatory");
+    // The automatic save skips the mandatory checks.
     EXPECT_EQ(Save(true).outcome, SaveOutcome::Saved);
-    story_.coldStory = true;
-    EXPECT_EQ(Save().outcome, SaveOutcome::Saved);
-    EXPECT_TRUE(fixture_.user.messages.empty());
+    EXPECT_EQ(fixture_.user.messages.size(), 1u);
 }
 
 TEST_F(SaveStoryTest, EmptyStoryIsNeverWritten) {
@@ -148,23 +140,6 @@ TEST_F(SaveStoryTest, ReadOnlyFileAsksAndLeadsToSaveAs) {
     EXPECT_EQ(ReadBytes(StoryFile()), "locked version");
 }
 
-TEST_F(SaveStoryTest, BackupKeepsTheNextToLastVersion) {
-    fixture_.preferences.BackupStories = true;
-    const std::string first = ExpectedBytes(story_);
-    Save();
-    EXPECT_FALSE(fs::exists(directory_ / "story.bml"));  // a first save has nothing to keep
-    story_.author = "Jean";
-    const std::string second = ExpectedBytes(story_);
-    const SaveResult result = Save();
-    EXPECT_EQ(result.backup, directory_ / "story.bml");
-    EXPECT_EQ(ReadBytes(directory_ / "story.bml"), first);
-    EXPECT_EQ(ReadBytes(StoryFile()), second);
-    // The automatic save never touches the backup.
-    story_.author = "Marie";
-    EXPECT_EQ(Save(true).backup, fs::path());
-    EXPECT_EQ(ReadBytes(directory_ / "story.bml"), first);
-}
-
 // Files can grow to a few bytes only, as on a full disk, while it lives; a write beyond
 // that fails instead of ending the process.
 class FullDisk {
@@ -187,7 +162,9 @@ class FullDisk {
     rlimit before_{};
 };
 
-TEST_F(SaveStoryTest, AFullDiskLeavesTheStoryAndItsBackupAsTheyWere) {
+// A failed write is told to the user and in the status panel, the automatic save's in the
+// status panel only; the story and its backup stay as they were.
+TEST_F(SaveStoryTest, AFailedWriteIsToldAndLeavesTheStoryAndItsBackupAsTheyWere) {
     fixture_.preferences.BackupStories = true;
     for (const char* author : {"Jean", "Paul"}) {
         story_.author = author;
@@ -203,25 +180,22 @@ TEST_F(SaveStoryTest, AFullDiskLeavesTheStoryAndItsBackupAsTheyWere) {
     }
     EXPECT_EQ(result.outcome, SaveOutcome::WriteFailed);
     EXPECT_EQ(result.message, "Not saved story: " + StoryFile().string());
+    EXPECT_EQ(fixture_.user.messages, std::vector<std::string>{result.message});
+    EXPECT_EQ(fixture_.window.Status().text, result.message);
     EXPECT_EQ(ReadBytes(StoryFile()), story);
     EXPECT_EQ(ReadBytes(directory_ / "story.bml"), backup);
     EXPECT_EQ(std::distance(fs::directory_iterator(directory_.path()), fs::directory_iterator()),
               2);
-}
 
-TEST_F(SaveStoryTest, TemporaryFilesLeftByAKilledSaveGoAtTheNextSave) {
-    const int ended = FinishedProcessId();
-    const fs::path stale = directory_.Write(TemporaryNameOf("story.xml", ended), "half");
-    const fs::path staleBackup = directory_.Write(TemporaryNameOf("story.bml", ended, 2), "x");
-    const fs::path otherStory = directory_.Write(TemporaryNameOf("other.xml", ended), "half");
-    const fs::path running = directory_.Write(TemporaryNameOf("story.xml", ::getpid(), 90), "");
-    fixture_.preferences.BackupStories = true;
-    ASSERT_EQ(Save().outcome, SaveOutcome::Saved);
-    ASSERT_EQ(Save().outcome, SaveOutcome::Saved);
-    EXPECT_FALSE(fs::exists(stale));
-    EXPECT_FALSE(fs::exists(staleBackup));
-    EXPECT_TRUE(fs::exists(otherStory));
-    EXPECT_TRUE(fs::exists(running));
+    StoryContext context = fixture_.Context();
+    const fs::path missing = directory_ / "missing";
+    StoryRecord unsaved = StorySaveFixture::OneWordStory();
+    result = SaveStory(unsaved, context, {missing, "story.xml", true, {}});
+    EXPECT_EQ(result.outcome, SaveOutcome::WriteFailed);
+    EXPECT_EQ(result.message, "Not saved story: " + (missing / "story.xml").string());
+    EXPECT_EQ(fixture_.window.Status().text, result.message);
+    EXPECT_EQ(fixture_.user.messages.size(), 1u);
+    EXPECT_TRUE(unsaved.lastSave.Empty());
 }
 
 TEST(BackupStoryName, XmlExtensionInAnyCaseBecomesBml) {
@@ -257,41 +231,6 @@ TEST_F(SaveStoryTest, TrackingCopiesTheLinkedFilesAndTheStory) {
     EXPECT_EQ(ReadBytes(directory_ / "texts" / "story.xml"), ReadBytes(directory_ / "story.txt"));
     EXPECT_EQ(ReadBytes(directory_ / "images" / "photo.jpg"), "JPEG");
     EXPECT_EQ(ReadBytes(directory_ / "images" / "plan.pdf"), "PDF");
-}
-
-TEST_F(SaveStoryTest, UnwritableDirectoryIsReported) {
-    StoryContext context = fixture_.Context();
-    const fs::path missing = directory_ / "missing";
-    const SaveResult result = SaveStory(story_, context, {missing, "story.xml", false, {}});
-    EXPECT_EQ(result.outcome, SaveOutcome::WriteFailed);
-    EXPECT_EQ(result.message, "Not saved story: " + (missing / "story.xml").string());
-    EXPECT_EQ(fixture_.user.messages, std::vector<std::string>{result.message});
-    EXPECT_EQ(fixture_.window.Status().text, result.message);
-    EXPECT_TRUE(story_.lastSave.Empty());
-    // The automatic save tells it in the status panel only.
-    EXPECT_EQ(SaveStory(story_, context, {missing, "story.xml", true, {}}).outcome,
-              SaveOutcome::WriteFailed);
-    EXPECT_EQ(fixture_.user.messages.size(), 1u);
-}
-
-TEST_F(SaveStoryTest, SessionSaveClearsTheModifiedFlagAndRestartsTheCountdown) {
-    ScriptedInteraction user;
-    EditorSession session(MakeAppPaths(directory_ / "app"), user);
-    session.story = story_;
-    session.storyDirectory = directory_.path();
-    session.storyFileName = "story.xml";
-    session.storyModified = true;
-    session.backupCountdown = 0;
-    session.preferences.BackupAutoTime = 5;
-    EXPECT_EQ(SaveSessionStory(session, true).outcome, SaveOutcome::Saved);
-    EXPECT_FALSE(session.storyModified);
-    EXPECT_EQ(session.backupCountdown, 5);
-    EXPECT_TRUE(fs::exists(StoryFile()));
-
-    session.story = StoryRecord{};
-    session.storyModified = true;
-    EXPECT_EQ(SaveSessionStory(session, true).outcome, SaveOutcome::EmptyStory);
-    EXPECT_TRUE(session.storyModified);
 }
 
 }  // namespace

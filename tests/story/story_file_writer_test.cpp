@@ -91,6 +91,13 @@ TEST_F(StoryFileWriterTest, RowsOfOneWordStoriesWithOneChange) {
          "<EventDate Name=\"Event date\">1-3-2025</EventDate>\r\n"
          "<EventDateFull>samedi 1 mars 2025</EventDateFull>\r\n</Metadata>"},
         {[](StoryRecord&) {}, "a---b&c--.xml", "<!-- story.xml -->", "<!-- a__-b&amp;c__.xml -->"},
+        // The signature follows the boxes, its initials form marked.
+        {[](StoryRecord& story) {
+             story.signature = "J. & M.";
+             story.initialsSignature = true;
+         },
+         "story.xml", "</TextBox6>\r\n</Body>",
+         "</TextBox6>\r\n<Signature Type=\"I\">J. &amp; M.</Signature></Body>"},
         // A picture without path is left out, and so are the empty optional lines.
         {[](StoryRecord& story) {
              story.images = {{1, "", "perdue", "", {}},

@@ -75,8 +75,6 @@ TEST(StoryTextToTags, BlanksCaptionsAndEncodings) {
     EXPECT_EQ(
         OneBoxBody(0, Styled({{u"x", ""}}), {}, "a</b></i><p/>b"),
         "<TextBox0 CharCount=\"1\" WordCount=\"1\" Name=\"a</i></b><p/>\r\nb\">x</TextBox0>\r\n");
-    EXPECT_EQ(OneBoxBody(0, Styled({{u"x", ""}}), {}, "R&D \"1\""),
-              "<TextBox0 CharCount=\"1\" WordCount=\"1\" Name=\"R&D \"1\"\">x</TextBox0>\r\n");
 
     const StyledText accented = Styled({{u"\u00E9t\u00E9 \u2019 \U0001F600", ""}});
     EXPECT_EQ(OneBoxBody(0, accented),
@@ -87,28 +85,6 @@ TEST(StoryTextToTags, BlanksCaptionsAndEncodings) {
     EXPECT_EQ(OneBoxBody(0, accented, utf8, "\xC3\xA9"),
               "<TextBox0 CharCount=\"8\" WordCount=\"3\" Name=\"\xC3\xA9\">\xC3\xA9t\xC3\xA9 "
               "\xE2\x80\x99 \xED\xA0\xBD\xED\xB8\x80</TextBox0>\r\n");
-}
-
-TEST(StoryTextToTags, SignatureAndBoxOrder) {
-    const StyledText title(u"T");
-    const StyledText main(u"M");
-    const StyledText empty;
-    StoryBodyInput input;
-    input.boxes[6] = {&main, "Texte", 1};
-    input.boxes[0] = {&title, "Titre", 1};
-    input.boxes[3] = {&empty, "Vide", 0};
-    input.signature = "J.  Dupont & \xE2\x82\xAC";
-    EXPECT_EQ(StoryTextToTags(input),
-              "<TextBox0 CharCount=\"1\" WordCount=\"1\" Name=\"Titre\">T</TextBox0>\r\n"
-              "<TextBox6 CharCount=\"1\" WordCount=\"1\" Name=\"Texte\">M</TextBox6>\r\n"
-              "<Signature>J.  Dupont &amp; \x80</Signature>");
-    input.initialsSignature = true;
-    input.settings.utf8 = true;
-    EXPECT_TRUE(StoryTextToTags(input).ends_with(
-        "<Signature Type=\"I\">J.  Dupont &amp; \xE2\x82\xAC</Signature>"));
-    input.boxes = {};
-    input.signature.clear();
-    EXPECT_EQ(StoryTextToTags(input), "");
 }
 
 TEST(NestInlineTags, RepairsOnlyCrossings) {

@@ -23,8 +23,6 @@ TEST(WordCount, SeparatorsBlankRunsAndNoteAnchors) {
     };
     for (const auto& [text, words] : rows)
         EXPECT_EQ(CountWords(text), words) << text.size();
-    EXPECT_EQ(CountStoryWords(Styled({{u"un ", ""}, {u"JD 12/03", "n"}, {u" mot", ""}})), 2);
-    EXPECT_EQ(CountStoryWords(Styled({{u"JD", "n"}})), 0);
 }
 
 TEST(CharCount, LineBreaksNotesAndParagraphMarks) {
