@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "attachments/attachments.h"
+#include "attachments/attachments_session.h"
 #include "attachments/jpeg_bytes.h"
-#include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
@@ -12,10 +12,9 @@ namespace {
 using namespace testing;
 namespace fs = std::filesystem;
 
-class AttachmentFieldsTest : public ::testing::Test {
+class AttachmentFieldsTest : public ::testing::Test, public AttachmentsSession {
   protected:
-    AttachmentFieldsTest() : session(MakeAppPaths(folder / "app"), user) {
-        fs::create_directories(folder / "app");
+    AttachmentFieldsTest() {
         session.preferences.IPTCCaption = false;
         session.preferences.IPTCCredit = false;
         session.preferences.IPTCKeywords = false;
@@ -29,9 +28,6 @@ class AttachmentFieldsTest : public ::testing::Test {
         session.storyModified = false;
     }
 
-    TempDir folder;
-    ScriptedInteraction user;
-    EditorSession session;
     fs::path first;
     fs::path second;
 };

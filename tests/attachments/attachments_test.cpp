@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "attachments/attachments_session.h"
 #include "attachments/file_size_text.h"
 #include "attachments/image_allowance.h"
 #include "attachments/jpeg_bytes.h"
 #include "attachments/short_label.h"
-#include "support/temp_dir.h"
+#include "attachments/story_attachment_trees.h"
 
 namespace tessarin {
 namespace {
@@ -18,10 +19,9 @@ const std::string kTagged = Jpeg({App13(
     IptcResource(IptcRecord(120, "Harbour at dawn") + IptcRecord(110, "Agency") +
                  IptcRecord(80, "J. Doe") + IptcRecord(25, "sea") + IptcRecord(25, "boats")))});
 
-class AttachmentsTest : public ::testing::Test {
+class AttachmentsTest : public ::testing::Test, public AttachmentsSession {
   protected:
-    AttachmentsTest() : session(MakeAppPaths(folder / "app"), user) {
-        fs::create_directories(folder / "app");
+    AttachmentsTest() {
         for (const MessageDefault& message : MessageDefaults()) {
             session.configuration.messages.Set(message.key, std::string(message.text));
         }
@@ -39,6 +39,14 @@ class AttachmentsTest : public ::testing::Test {
         return keys;
     }
 
+    // "text|tag" of each node of a tree, depth first.
+    std::vector<std::string> Nodes(std::string_view tree) {
+        std::vector<std::string> lines;
+        for (const TreeNode* node : session.window.Tree(tree).AllNodes())
+            lines.push_back(node->text + "|" + node->tag);
+        return lines;
+    }
+
     // Runs a refused add and checks that the story and the tree are as they were.
     void ExpectRefusedAdd(const fs::path& path) {
         const auto images = session.story.images;
@@ -47,10 +55,6 @@ class AttachmentsTest : public ::testing::Test {
         EXPECT_EQ(session.story.images, images);
         EXPECT_EQ(Keys(kImagesTree), keys);
     }
-
-    TempDir folder;
-    ScriptedInteraction user;
-    EditorSession session;
 };
 
 TEST_F(AttachmentsTest, AddImageFillsThePictureFromItsIptcDataAndShowsIt) {
@@ -61,11 +65,9 @@ TEST_F(AttachmentsTest, AddImageFillsThePictureFromItsIptcDataAndShowsIt) {
     const StoryImage& image = session.story.images.at(0);
     EXPECT_EQ(image,
               (StoryImage{1, picture.string(), "Harbour at dawn", "Agency", {"sea; boats"}}));
-    const TreeNode& root = session.window.Tree(kImagesTree).Roots().front();
-    EXPECT_EQ(root.text, "Photos [1]");
-    EXPECT_EQ(root.children.front().text, "harbour.jpg");
-    EXPECT_EQ(root.children.front().tag, picture.string());
-    EXPECT_EQ(root.children.front().children.front().text, "sea; boats");
+    EXPECT_EQ(Nodes(kImagesTree),
+              (std::vector<std::string>{"Photos [1]|", "harbour.jpg|" + picture.string(),
+                                        "sea; boats|"}));
     EXPECT_EQ(session.window.Control(kImageInfoLabel).caption,
               picture.string() + "   Size: " + std::to_string(kTagged.size()) + " bytes");
     EXPECT_EQ(session.window.Status().text, "");
@@ -184,11 +186,33 @@ TEST_F(AttachmentsTest, OtherFilesRefusePicturesAndClearingEmptiesBothTrees) {
     EXPECT_TRUE(session.story.images.empty() && session.story.files.empty());
     EXPECT_EQ(session.window.Tree(kImagesTree).Roots().front().text, "Photos [0]");
     EXPECT_TRUE(session.window.Tree(kOtherFilesTree).Roots().front().children.empty());
+}
 
-    session.story.images = {{7, "/x/a.jpg", "", "", {"k"}}, {9, "/x/b.jpg", "", "", {}}};
-    ShowStoryAttachments(session);
-    EXPECT_EQ(Keys(kImagesTree), (std::vector<std::string>{"1I", "2I"}));
-    EXPECT_EQ(session.panel.imageAllowance, 800);
+TEST_F(AttachmentsTest, TheTreesGetTheirRootsAndTheStorysAttachments) {
+    ShowStoryAttachmentTrees(session);
+    EXPECT_EQ(Nodes(kImagesTree), (std::vector<std::string>{"Photos [0]|"}));
+    EXPECT_EQ(Nodes(kOtherFilesTree), (std::vector<std::string>{"Other files [0]|"}));
+
+    // The story's attachments are numbered anew, and the allowance follows them.
+    session.story.images.push_back({7, "/pics/harbour.jpg", "", "", {"sea"}});
+    session.story.files.push_back({9, "/docs/notes.txt", ""});
+    ShowStoryAttachmentTrees(session);
+    EXPECT_EQ(session.panel.imageAllowance, 300);
+    EXPECT_EQ(Nodes(kImagesTree),
+              (std::vector<std::string>{"Photos [1]|", "harbour.jpg|/pics/harbour.jpg", "sea|"}));
+    EXPECT_EQ(Nodes(kOtherFilesTree),
+              (std::vector<std::string>{"Other files [1]|", "notes.txt|/docs/notes.txt"}));
+
+    // A tree that already shows the story keeps its open nodes.
+    session.window.Tree(kImagesTree).Find("1I")->expanded = true;
+    ShowStoryAttachmentTrees(session);
+    EXPECT_TRUE(session.window.Tree(kImagesTree).Find("1I")->expanded);
+
+    session.story.images.front().path = "/pics/market.jpg";
+    session.story.files.clear();
+    ShowStoryAttachmentTrees(session);
+    EXPECT_EQ(Nodes(kImagesTree)[1], "market.jpg|/pics/market.jpg");
+    EXPECT_EQ(Nodes(kOtherFilesTree), (std::vector<std::string>{"Other files [0]|"}));
 }
 
 TEST(ShortLabel, BreaksLongTextsAtABlankAndPutsShortOnesOnOneLine) {

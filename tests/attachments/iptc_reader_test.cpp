@@ -23,12 +23,6 @@ std::size_t TextBytes(std::string_view bytes) {
     return total;
 }
 
-// A resource followed by a record one byte past its end: only a reader that honours the
-// resource's size leaves that record out.
-std::string ResourceWithTrailingRecord(std::string_view records, std::string_view name) {
-    return IptcResource(records, name) + std::string(1, '\0') + IptcRecord(105, "outside");
-}
-
 TEST(IptcReader, ReadsEveryBlockJoiningRepeatsAndKeepingTheLastOfTheOthers) {
     const std::string first = App13(
         IptcResource(IptcRecord(0, std::string("\0\4", 2)) + IptcRecord(25, "a") +
@@ -50,9 +44,11 @@ TEST(IptcReader, ReadsEveryBlockJoiningRepeatsAndKeepingTheLastOfTheOthers) {
 
 TEST(IptcReader, TakesTheBlockSizeFromTheFourByteFieldAfterThePaddedName) {
     const std::string records = IptcRecord(120, "caption") + IptcRecord(110, "credit");
+    // A record one byte past the block's end: only a reader that honours the block's size
+    // leaves it out.
     for (std::string_view name : {"", "a", "ab"}) {
-        const IptcData data =
-            ReadIptcBytes(Jpeg({App13(ResourceWithTrailingRecord(records, name))}));
+        const IptcData data = ReadIptcBytes(Jpeg({App13(
+            IptcResource(records, name) + std::string(1, '\0') + IptcRecord(105, "outside"))}));
         EXPECT_EQ(data.Value(kIptcCredit), "credit") << "name '" << name << "'";
         EXPECT_EQ(data.Value(105), "") << "name '" << name << "'";
     }

@@ -32,16 +32,15 @@ inline std::string IptcResource(std::string_view records, std::string_view name 
            std::string(records);
 }
 
-// An APP13 segment holding the given resources.
-inline std::string App13(std::string_view resources) {
-    const std::string body = std::string("Photoshop 3.0\0", 14) + std::string(resources);
-    return "\xFF\xED" + BigEndian(unsigned(body.size() + 2), 2) + body;
-}
-
 // A segment with a length: marker, length, body.
 inline std::string Segment(unsigned char marker, std::string_view body) {
     return std::string{'\xFF', char(marker)} + BigEndian(unsigned(body.size() + 2), 2) +
            std::string(body);
+}
+
+// An APP13 segment holding the given resources.
+inline std::string App13(std::string_view resources) {
+    return Segment(0xED, std::string("Photoshop 3.0\0", 14) + std::string(resources));
 }
 
 // The tables and frame of a one-pixel grey picture, its start of scan, then `length` bytes

@@ -9,7 +9,6 @@
 namespace tessarin {
 namespace {
 
-using testing::Bits;
 using testing::Joined;
 
 ExportSettings Read(std::string_view xml) {
@@ -19,26 +18,15 @@ ExportSettings Read(std::string_view xml) {
     return settings;
 }
 
-TEST(ExportFormatsSection, AbsentSectionsLeaveValuesEmptyAndFlagsOff) {
-    const ExportSettings settings = Read("<ExportFormats/>");
-    const NewsMLExportSettings& newsML = settings.NewsML;
-    EXPECT_EQ(Joined({newsML.Language, newsML.Provider, newsML.Catalog, settings.InDesign.Prologue,
-                      settings.MileniumInsert.Publication}),
-              "||||");
-    const EditWorksExportSettings& editWorks = settings.EditWorksQTrans;
-    EXPECT_EQ(
-        Bits({newsML.TextML, settings.NITF.TextML, settings.TessarinML.TextML,
-              editWorks.IncludePublication, editWorks.IncludeSubSection, editWorks.AccentsInPath}),
-        "000000");
-    EXPECT_TRUE(settings.InDesign.styles.empty());
-
-    ExportSettings fromMissing;
-    fromMissing.NewsML.Language = "fr";
-    ReadExportFormats(XmlNode(), fromMissing);
-    EXPECT_EQ(fromMissing.NewsML.Language, "");
-}
-
 TEST(ExportFormatsSection, NewsMLDefaultsOrValuesAsWritten) {
+    // The defaults come with a NewsML element only; a missing section clears what was read.
+    ExportSettings absent = Read("<ExportFormats/>");
+    EXPECT_EQ(Joined({absent.NewsML.Language, absent.NewsML.Provider, absent.NewsML.Catalog}),
+              "||");
+    absent.NewsML.Language = "fr";
+    ReadExportFormats(XmlNode(), absent);
+    EXPECT_EQ(absent.NewsML.Language, "");
+
     const NewsMLExportSettings defaults =
         Read("<ExportFormats><NewsML><Language/></NewsML></ExportFormats>").NewsML;
     EXPECT_FALSE(defaults.TextML);
@@ -82,86 +70,46 @@ TEST(ExportFormatsSection, NitfAndTessarinMLAndRss) {
               "T|L|D|fr|M|W|C|Docs|60|I");
 }
 
+// The writers' tests read these sections whole; here what their output cannot show: a style
+// without a name is left out, names are not converted, "True" is no box break, a second
+// reading starts the arrays anew, a doubled mark stands for itself.
 TEST(ExportFormatsSection, TaggedTextStylesAreKeyedByFormAndEntry) {
-    constexpr std::string_view kTaggedText = R"(<ExportFormats>
-  <InDesign><Prologue>/ANSI\</Prologue>
-    <Form Name="News" BoxBreak="true">
-      <TextBox1 Name="Title">/ParaStyle:Title\/cSize:12\</TextBox1>
-      <TextBox2 Name="">/ignored\</TextBox2>
-      <TextBox7 Name="Body/Text"></TextBox7>
-      <Inter1 Name="Inter">/x\</Inter1>
-      <Signature Name="Sig">s</Signature>
-    </Form>
+    const XmlDocument document = testing::ParseSection(R"(<ExportFormats><InDesign>
+    <Form Name="News" BoxBreak="true"><TextBox1 Name="Title">/ParaStyle:Title\</TextBox1>
+      <TextBox2 Name="">/ignored\</TextBox2><TextBox7 Name="Body/Text"></TextBox7></Form>
     <Form Name="Brief" BoxBreak="True"><Caption Name="Cap">c</Caption></Form>
-  </InDesign>
-  <XPress><Prologue>/v6.0\</Prologue>
-    <Form Name="News" BoxBreak="true"><TextBox1 Name="XTitle">@x:</TextBox1>
-      <Credit Name="XCredit">k</Credit></Form>
-  </XPress>
-</ExportFormats>)";
-    const XmlDocument document = testing::ParseSection(kTaggedText);
+    </InDesign></ExportFormats>)");
     ExportSettings settings;
-    // A second reading starts the arrays anew.
     for (int reading = 0; reading < 2; ++reading)
         ReadExportFormats(document.DocumentElement(), settings);
-
-    const auto rows = [](const TaggedTextExportSettings& format) {
-        std::vector<std::string> rows;
-        for (const TaggedTextForm& form : format.forms)
-            rows.push_back(Joined({form.FormName, form.FormBoxBreak ? "break" : ""}));
-        for (const TaggedTextStyle& style : format.styles)
-            rows.push_back(Joined({style.StyleKey, style.StyleName, style.StyleDefinition}));
-        return rows;
-    };
-    EXPECT_EQ(settings.InDesign.Prologue, "<ANSI>");
-    // Style names are not converted; XPress keeps arrays of its own and has no box break.
-    EXPECT_EQ(
-        rows(settings.InDesign),
-        (std::vector<std::string>{
-            "News|break", "Brief|", "News_0|Title|<ParaStyle:Title><cSize:12>", "News_6|Body/Text|",
-            "News_Inter1|Inter|<x>", "News_Signature|Sig|s", "Brief_Caption|Cap|c"}));
-    EXPECT_EQ(settings.XPress.Prologue, "<v6.0>");
-    EXPECT_EQ(rows(settings.XPress),
-              (std::vector<std::string>{"News|", "News_0|XTitle|@x:", "News_Credit|XCredit|k"}));
-
+    std::vector<std::string> rows;
+    for (const TaggedTextForm& form : settings.InDesign.forms)
+        rows.push_back(Joined({form.FormName, form.FormBoxBreak ? "break" : ""}));
+    for (const TaggedTextStyle& style : settings.InDesign.styles)
+        rows.push_back(Joined({style.StyleKey, style.StyleName, style.StyleDefinition}));
+    EXPECT_EQ(rows,
+              (std::vector<std::string>{"News|break", "Brief|", "News_0|Title|<ParaStyle:Title>",
+                                        "News_6|Body/Text|", "Brief_Caption|Cap|c"}));
     EXPECT_EQ(TaggedTextFromConfiguration("a//b\\\\c"), "a<<b>>c");
 }
 
-TEST(ExportFormatsSection, EditWorksSettings) {
-    const EditWorksExportSettings editWorks = Read(R"(<ExportFormats><EditWorksQTrans>
-      <RootDB IncludePublication="false" SubSectionInComment="true" SuffixClassification="S"
-        PrefixSection="P">ROOT</RootDB>
-      <Comment>%c</Comment><SubSectionAsTextBox>sub</SubSectionAsTextBox>
-      <xfTaxonomy>x0</xfTaxonomy><xfKeywords1>x1</xfKeywords1><xfKeywords4>x4</xfKeywords4>
-      <TextBox1>t1</TextBox1><TextBox7>t7</TextBox7>
-      <CaptionElement>&lt;@cap:&gt;/Legend: </CaptionElement>
-      <CreditElement>Credit</CreditElement>
-      <StyleText>st</StyleText><StyleInter1>s1</StyleInter1><StyleInter2>s2</StyleInter2>
-      <StyleInter3>s3</StyleInter3><StyleSignature>sg</StyleSignature>
-    </EditWorksQTrans></ExportFormats>)")
-                                                  .EditWorksQTrans;
-    EXPECT_EQ(Bits({editWorks.IncludePublication, editWorks.IncludeSubSection,
-                    editWorks.SubSectionInComment, editWorks.AccentsInPath}),
-              "0111");
-    EXPECT_EQ(Joined({editWorks.RootDB, editWorks.SuffixClassification, editWorks.PrefixSection,
-                      editWorks.Comment, editWorks.SubSectionAsTextBox, editWorks.xfTaxonomy}),
-              "ROOT|S|P|%c|sub|x0");
-    EXPECT_EQ(editWorks.xfKeywords, (std::array<std::string, 4>{"x1", "", "", "x4"}));
-    EXPECT_EQ(Joined({editWorks.TextBox[0], editWorks.TextBox[6]}), "t1|t7");
-    EXPECT_EQ(Joined({editWorks.StyleText, editWorks.StyleInter1, editWorks.StyleInter2,
-                      editWorks.StyleInter3, editWorks.StyleSignature}),
-              "st|s1|s2|s3|sg");
-
-    // Caption and credit are cut at the first ":" or "/", whichever comes first.
-    const EditWorksExportSettings slashFirst = Read(R"(<ExportFormats><EditWorksQTrans>
-      <CaptionElement>Photo/Caption:</CaptionElement><RootDB AccentsInPath="false"/>
-    </EditWorksQTrans></ExportFormats>)")
-                                                   .EditWorksQTrans;
-    EXPECT_EQ(Joined({editWorks.CaptionElement.first, editWorks.CaptionElement.second,
-                      editWorks.CreditElement.first, editWorks.CreditElement.second,
-                      slashFirst.CaptionElement.first, slashFirst.CaptionElement.second}),
-              "<@cap|>/Legend: |Credit||Photo|Caption:");
-    EXPECT_EQ(Bits({slashFirst.AccentsInPath, slashFirst.IncludePublication}), "01");
+// The writers' tests read the rest of the section; caption and credit are cut at the first
+// ":" or "/", whichever comes first.
+TEST(ExportFormatsSection, EditWorksElementsAreCutAtTheirFirstSeparator) {
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"&lt;@cap:&gt;/Legend: ", "<@cap|>/Legend: "},
+        {"Photo/Caption:", "Photo|Caption:"},
+        {"Credit", "Credit|"}};
+    for (const auto& [element, parts] : cases) {
+        SCOPED_TRACE(element);
+        const EditWorksExportSettings editWorks =
+            Read("<ExportFormats><EditWorksQTrans><CaptionElement>" + std::string(element) +
+                 "</CaptionElement><CreditElement>" + std::string(element) +
+                 "</CreditElement></EditWorksQTrans></ExportFormats>")
+                .EditWorksQTrans;
+        EXPECT_EQ(Joined({editWorks.CaptionElement.first, editWorks.CaptionElement.second}), parts);
+        EXPECT_EQ(Joined({editWorks.CreditElement.first, editWorks.CreditElement.second}), parts);
+    }
 }
 
 }  // namespace

@@ -97,58 +97,20 @@ TEST(LoadConfiguration, ADocumentThatDoesNotParseGivesFalseAndAClearedStatus) {
     EXPECT_EQ(bench.window.Status().text, "");
 }
 
-TEST(LoadConfiguration, ASecondLoadDoublesNothing) {
-    Document document;
-    document.ftpTransmission =
-        R"(<FTPTransmission><FTPServer IPNumber="a"/><FTPServer IPNumber="b"/></FTPTransmission>)";
-    document.metadata = R"(<Metadata><Forms>
-        <Form Name="Brief" MaxImages="2" ImageSize1="300" ImageSize2="600"/><Form Name="Feature"/>
-        </Forms><Status><StatusItem Name="Draft" FormalName="Draft"/>
-        <StatusItem Name="Ready" FormalName="Usable"/></Status>
-        <Genre><GenreItem Name="News" FormalName="Current"/></Genre></Metadata>)";
-    document.keywords =
-        R"(<Keywords Name="Keywords"><KeywordsCategory CategoryIndex="1" Name="People"/></Keywords>)";
-    document.taxonomy =
-        R"(<Taxonomy Name="Subjects"><Topic FormalName="01">Arts</Topic></Taxonomy>)";
-    document.newsServices =
-        R"(<NewsServices><NewsService Name="Wire" Repository="/srv/wire"/></NewsServices>)";
-    document.publications = R"(<Publications><Publication Name="Herald">
-        <Classification Name="News" Type="General"><Section Name="City">
-        <SubSection Name="Courts" Code1="12"/></Section></Classification></Publication>
-        </Publications>)";
-    LoadBench bench;
-    ASSERT_TRUE(bench.Load(document));
-    ASSERT_TRUE(bench.Load(document));
-    const Configuration& configuration = bench.configuration;
-    // Servers, forms, image sizes, statuses and genres; their lists; then the trees.
-    const std::size_t counts[] = {configuration.ftpTransmission.servers.size(),
-                                  configuration.forms.size(),
-                                  configuration.imageSizes.size(),
-                                  configuration.status.entries.size(),
-                                  configuration.genre.entries.size(),
-                                  bench.List("lstStoryTypes").items.size(),
-                                  bench.List("lstStatus").items.size(),
-                                  bench.List("lstGenre").items.size(),
-                                  bench.Tree("treeKeywords").Count(),
-                                  bench.Tree("treeTaxonomy").Count(),
-                                  bench.Tree("treePublications").Count(),
-                                  bench.Tree("treeNotes").Count(),
-                                  bench.Tree("mnuNewsService").Count()};
-    EXPECT_THAT(counts, ElementsAre(2, 2, 2, 2, 1, 2, 2, 1, 2, 2, 4, 1, 1));
-    EXPECT_EQ(bench.Tree("treePublications").Find("T1")->tag, "T12");
-    EXPECT_EQ(bench.Control("treeTaxonomy").tag, "");
-}
-
 TEST(LoadConfiguration, ALoadStartsFromTheStateItOwns) {
     LoadBench bench;
     ASSERT_TRUE(bench.Load(
         Document()
             .With(&Document::metadata, R"(<Metadata><Email Visible="false" Mandatory="true"/>)"
                                        R"(<Forms Visible="false" Width="300"/></Metadata>)")
-            .With(&Document::taxonomy, R"(<Taxonomy Name="Subjects" Mandatory="true"/>)")));
+            .With(&Document::taxonomy, R"(<Taxonomy Name="Subjects" Mandatory="true"/>)")
+            .With(&Document::interface, R"(<Interface MetadataVisible="false"/>)")));
     EXPECT_EQ(bench.Control("lblTxtEmail").tag, "invisible");
     EXPECT_EQ(bench.Control("treeTaxonomy").tag, "mandatory");
+    EXPECT_FALSE(bench.Control("mnuDisplayMetadata").checked);  // the story tab shows
 
+    // With the metadata visible, the tab stays as the user chose it.
+    bench.window.Control("mnuDisplayMetadata").checked = true;
     ASSERT_TRUE(bench.Load(Document()));
     EXPECT_EQ(Joined({bench.Control("lblTxtEmail").tag, bench.Control("lblEmail").tag,
                       bench.Control("treeTaxonomy").tag}),
@@ -157,6 +119,7 @@ TEST(LoadConfiguration, ALoadStartsFromTheStateItOwns) {
     EXPECT_EQ(bench.Control("lstStoryTypes").width, -1);
     EXPECT_TRUE(bench.Tree("treeTaxonomy").Empty());
     EXPECT_FALSE(bench.configuration.taxonomyOn);
+    EXPECT_TRUE(bench.Control("mnuDisplayMetadata").checked);
 }
 
 TEST(LoadConfiguration, IdentityAndMailRecipientComeFromThePreferencesFirst) {
@@ -180,11 +143,8 @@ TEST(LoadConfiguration, IdentityAndMailRecipientComeFromThePreferencesFirst) {
                       bench.configuration.ftpTransmission.UserEntry(0),
                       bench.configuration.ftpTransmission.UserEntry(1)}),
               "Ana Lima|Sports|Ana Lima|desk");
-    const auto& recipients = bench.configuration.smtpTransmission.recipients;
-    ASSERT_EQ(recipients.size(), 2u);
-    EXPECT_EQ(Joined({recipients[0].address, recipients[1].address}),
-              "me@example.org|desk@example.org");
-    EXPECT_TRUE(bench.Control("SendMail").visible);
+    // The section's reading puts the preferences' recipient before its own.
+    EXPECT_EQ(bench.configuration.smtpTransmission.recipients.at(0).address, "me@example.org");
 }
 
 // Every key is looked up in what one reading of the file gave, so that reading the
@@ -219,17 +179,6 @@ TEST(LoadConfiguration, ComposesTheWindowTitle) {
     openStory.storyName = "fire.xml";
     ASSERT_TRUE(bench.Load(client, openStory));
     EXPECT_EQ(bench.window.title, "Tessarin " TESSARIN_VERSION " - Gazette - fire.xml");
-}
-
-TEST(LoadConfiguration, MetadataVisibleFalseShowsTheStoryTab) {
-    LoadBench bench;
-    bench.window.Control("mnuDisplayMetadata").checked = true;
-    for (const bool visible : {true, false}) {
-        ASSERT_TRUE(bench.Load(Document().With(
-            &Document::interface,
-            "<Interface MetadataVisible=\"" + std::string(visible ? "true" : "false") + "\"/>")));
-        EXPECT_EQ(bench.Control("mnuDisplayMetadata").checked, visible);
-    }
 }
 
 TEST(LoadConfiguration, SingleInstanceRuleEndsASecondInstance) {
@@ -269,30 +218,44 @@ TEST(LoadConfiguration, SynonymsAreLoadedOnlyAtTheEndOfACompleteLoad) {
     EXPECT_EQ(loads, 1);
 }
 
-TEST(LoadConfiguration, ReadsTheSampleConfiguration) {
+// The sample newsroom's document, loaded twice: the second load replaces what the first
+// read, and the lists, trees and their numbering start anew.
+TEST(LoadConfiguration, ReadsTheSampleConfigurationTwiceWithoutDoubling) {
     LoadBench bench;
     bench.WritePreferences("[Preferences]\r\nClassificationColorLocal=255\r\n");
-    ASSERT_TRUE(bench.Load(testing::ReadBytes(std::filesystem::path(TESSARIN_SOURCE_DIR) /
-                                              "tests/config/fixtures/sample_configuration.xml")));
+    const std::string sample = testing::ReadBytes(std::filesystem::path(TESSARIN_SOURCE_DIR) /
+                                                  "tests/config/fixtures/sample_configuration.xml");
+    ASSERT_TRUE(bench.Load(sample));
+    ASSERT_TRUE(bench.Load(sample));
     EXPECT_EQ(bench.window.Status().text, "");
     const Configuration& configuration = bench.configuration;
-    EXPECT_EQ(configuration.general.client, "Valley Courier");
-    EXPECT_EQ(bench.window.title, "Tessarin " TESSARIN_VERSION " - Valley Courier - New story");
     EXPECT_THAT(testing::ItemTexts(bench.List("lstStoryTypes")),
                 ElementsAre("Brief", "News story", "Feature"));
-    EXPECT_EQ(bench.List("lstStatus").selected, 1);
-    EXPECT_EQ(bench.List("lstGenre").selected, 0);
     EXPECT_EQ(testing::Bits({configuration.keywordsOn, configuration.taxonomyOn,
                              configuration.publications.classifiedGeneral,
                              configuration.workflow.Visible}),
               "1111");
+    // Servers, wire services, image sizes, statuses and genres; their lists; then the trees.
+    const std::size_t counts[] = {configuration.ftpTransmission.servers.size(),
+                                  configuration.newsServices.services.size(),
+                                  configuration.imageSizes.size(),
+                                  configuration.status.entries.size(),
+                                  configuration.genre.entries.size(),
+                                  bench.List("lstStatus").items.size(),
+                                  bench.List("lstGenre").items.size(),
+                                  bench.Tree("treeKeywords").Count(),
+                                  bench.Tree("treeTaxonomy").Count(),
+                                  bench.Tree("treePublications").Count(),
+                                  bench.Tree("treeNotes").Count(),
+                                  bench.Tree("mnuNewsService").Count()};
+    EXPECT_THAT(counts, ElementsAre(2, 2, 4, 3, 3, 3, 3, 3, 8, 12, 1, 2));
     EXPECT_EQ(
         Joined({bench.Tree("treeTaxonomy").Find("T0/2/1")->tag,
                 bench.Tree("treePublications").Find("T3")->tag,
-                configuration.story.textBoxes[6].label, configuration.messages.Message("AskSave")}),
-        "15054000|T54/Centre|Body|Save the story?");
+                configuration.story.textBoxes[6].label, configuration.messages.Message("AskSave"),
+                configuration.exportFormats.NewsML.Provider}),
+        "15054000|T54/Centre|Body|Save the story?|Valley Courier");
     EXPECT_EQ(bench.Tree("treePublications").Find("C2")->colour, 255u);
-    EXPECT_EQ(configuration.newsServices.services.size(), 2u);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ TEST(MetadataItems, NameVisibleMandatoryAndEnabledGovernTheirControls) {
         <PublicationDate Name="Date" ButtonName="Calendar" Visible="false"/>
         <PublicationNumber Mandatory="True"/><ColdStory Name="Timeless" Visible="false"/>
         <Publication Name="Title" Enabled="false" Mandatory="true" Visible="false"/>
-        <CodeLocal2 Enabled="true"/>)");
+        <CodeLocal2 Enabled="true"/><Forms Visible="false" Mandatory="true"/>)");
     // Visible and Mandatory are independent: one marks the control, the other its label.
     // "True" is not "true". Classification items read Enabled and Mandatory, not Visible.
     const auto tag = [&](std::string_view control) { return bench.Control(control).tag; };
@@ -36,14 +36,18 @@ TEST(MetadataItems, NameVisibleMandatoryAndEnabledGovernTheirControls) {
         Joined({tag("lblTxtCreationDate"), tag("lblAuthor"), tag("lblEmail"), tag("lblTxtEmail"),
                 tag("txtPublicationDate"), tag("lblPublicationNumber"), tag("lblPublication")}),
         "invisible|mandatory|mandatory|invisible|invisible||mandatory");
+    // An empty list of forms has no selection.
+    EXPECT_EQ(Joined({tag("lstStoryTypes"), tag("lblStoryTypes")}), "invisible|mandatory");
+    EXPECT_EQ(bench.List("lstStoryTypes").selected, -1);
     EXPECT_EQ(Joined({bench.Control("lblCreationDate").caption, bench.Control("lblAuthor").caption,
                       bench.Control("cmdDate").toolTip, bench.Control("chkColdStory").caption,
                       bench.configuration.metadata.coldStoryLabel}),
               "Created on|Byline|Calendar|Timeless|Timeless");
-    EXPECT_EQ(Shown(bench.window, {"lblCreationDate", "lblTxtCreationDate", "lblTxtAuthor",
-                                   "lblEmail", "lblPublicationDate", "txtPublicationDate", "udDate",
-                                   "cmdDate", "chkColdStory", "txtPublication"}),
-              "0010000001");
+    EXPECT_EQ(
+        Shown(bench.window, {"lblCreationDate", "lblTxtCreationDate", "lblTxtAuthor", "lblEmail",
+                             "lblPublicationDate", "txtPublicationDate", "udDate", "cmdDate",
+                             "chkColdStory", "txtPublication", "lstStoryTypes", "lblStoryTypes"}),
+        "001000000100");
     EXPECT_FALSE(bench.configuration.metadata.creationDateVisible);
     EXPECT_TRUE(bench.configuration.metadata.lastSaveDateVisible);
     EXPECT_FALSE(bench.Control("txtPublication").enabled);
@@ -96,16 +100,6 @@ TEST(Forms, ReadsEveryFieldOfAForm) {
         Joined({list.items[0].data, list.items[1].data, bench.Control("lblStoryTypes").caption}),
         "01237|7|Type");
     EXPECT_EQ(list.selected, 0);
-}
-
-TEST(Forms, NoFormIsSelectedInAnEmptyListThatVisibleAndMandatoryMark) {
-    LoadBench bench;
-    LoadMetadata(bench, R"(<Forms Visible="false" Mandatory="true"/>)");
-    EXPECT_TRUE(bench.List("lstStoryTypes").items.empty());
-    EXPECT_EQ(bench.List("lstStoryTypes").selected, -1);
-    EXPECT_EQ(Shown(bench.window, {"lstStoryTypes", "lblStoryTypes"}), "00");
-    EXPECT_EQ(bench.Control("lstStoryTypes").tag, "invisible");
-    EXPECT_EQ(bench.Control("lblStoryTypes").tag, "mandatory");
 }
 
 TEST(Forms, OnlyANumericWidthAboveOneHundredIsApplied) {

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "support/replace_once.h"
 #include "support/temp_dir.h"
 
 namespace tessarin {
@@ -15,65 +14,44 @@ namespace {
 using testing::ReadBytes;
 using testing::TempDir;
 
-TEST(ProfileFileRead, MissingFileSectionOrKeyReadsAsNothing) {
+TEST(ProfileFileRead, FindsTheFirstKeyOfItsNameWithTheValueTrimmedAndCut) {
     TempDir dir;
-    ProfileFile missing(dir / "Tessarin.ini");
-    EXPECT_EQ(missing.Read("Preferences", "UseXSLT"), std::nullopt);
+    EXPECT_EQ(ProfileFile(dir / "missing.ini").Read("Preferences", "UseXSLT"), std::nullopt);
 
-    ProfileFile profile(dir.Write("Tessarin.ini", "[Preferences]\r\nUseXSLT=0\r\n"));
-    EXPECT_EQ(profile.Read("Preferences", "UseXSLT"), "0");
-    EXPECT_EQ(profile.Read("Preferences", "XSLT"), std::nullopt);
-    EXPECT_EQ(profile.Read("MainWindow", "UseXSLT"), std::nullopt);
-}
-
-TEST(ProfileFileRead, EmptyValueCountsAsMissingAndBlanksAreNotPartOfValues) {
-    TempDir dir;
-    ProfileFile profile(dir.Write("p.ini",
-                                  "[S]\r\nEmpty=\r\nBlank=   \r\n  Padded  =  two words  \r\n"
-                                  "Url=a=b\r\n"));
-    EXPECT_EQ(profile.Read("S", "Empty"), std::nullopt);
-    EXPECT_EQ(profile.Read("S", "Blank"), std::nullopt);
-    EXPECT_EQ(profile.Read("S", "Padded"), "two words");
-    EXPECT_EQ(profile.Read("S", "Url"), "a=b");
-}
-
-TEST(ProfileFileRead, NamesCompareWithoutRegardToCase) {
-    TempDir dir;
+    // Lines end in CR LF or LF alone; text is Windows-1252 on disk.
     ProfileFile profile(
-        dir.Write("p.ini", "[preferences]\r\nlockmetadata=1\r\n[R\xC9SUM\xC9]\r\nCl\xE9=v\r\n"));
-    EXPECT_EQ(profile.Read("Preferences", "LockMetadata"), "1");
-    EXPECT_EQ(profile.Read("PREFERENCES", "LOCKMETADATA"), "1");
-    EXPECT_EQ(profile.Read("résumé", "CLÉ"), "v");
-}
-
-TEST(ProfileFileRead, ValueIsCutToItsFirst255Characters) {
-    TempDir dir;
-    ProfileFile profile(dir.Write("p.ini", "[S]\r\nLong=" + std::string(300, 'x') +
-                                               "\r\nAccents=" + std::string(300, '\xE9') +
-                                               "\r\nExact=" + std::string(255, 'y') + "\r\n"));
-    EXPECT_EQ(profile.Read("S", "Long"), std::string(255, 'x'));
-    EXPECT_EQ(profile.Read("S", "Exact"), std::string(255, 'y'));
-    // Characters, not bytes of UTF-8: 255 times "é".
+        dir.Write("p.ini",
+                  "[preferences]\r\nlockmetadata=1\r\n[R\xC9SUM\xC9]\r\nCl\xE9=Ren\xE9 \x80\r\n"
+                  "[S]\r\nEmpty=\r\nBlank=   \r\n  Padded  =  two words  \r\nUrl=a=b\r\n"
+                  "[A]\nx=1\r\ny=2\n[B]\r\nx=3\nx=4\n[a]\nz=5\nx=6\n; x=7\n"
+                  "[Long]\r\nLong=" +
+                      std::string(300, 'x') + "\r\nAccents=" + std::string(300, '\xE9') +
+                      "\r\nExact=" + std::string(255, 'y') + "\r\n"));
+    // Values are cut to 255 characters, not bytes of UTF-8.
     std::string accents;
     for (int i = 0; i < 255; ++i)
         accents += "é";
-    EXPECT_EQ(profile.Read("S", "Accents"), accents);
-}
-
-TEST(ProfileFileRead, LinesEndInCrLfOrLfAndTheFirstOfTwoKeysCounts) {
-    TempDir dir;
-    ProfileFile profile(
-        dir.Write("p.ini", "[A]\nx=1\r\ny=2\n[B]\r\nx=3\nx=4\n[a]\nz=5\nx=6\n; x=7\n"));
-    EXPECT_EQ(profile.Read("A", "x"), "1");
-    EXPECT_EQ(profile.Read("A", "y"), "2");
-    EXPECT_EQ(profile.Read("B", "x"), "3");
-    EXPECT_EQ(profile.Read("A", "z"), "5");  // a section that appears twice is searched in order
-}
-
-TEST(ProfileFileRead, TextIsWindows1252OnDisk) {
-    TempDir dir;
-    ProfileFile profile(dir.Write("p.ini", "[Identification]\r\nAuthor=Ren\xE9 \x80\r\n"));
-    EXPECT_EQ(profile.Read("Identification", "Author"), "René €");
+    const std::tuple<std::string, std::string, std::optional<std::string>> cases[] = {
+        {"Preferences", "LockMetadata", "1"},  // names compare without regard to case
+        {"PREFERENCES", "LOCKMETADATA", "1"},
+        {"Preferences", "KeepMetadata", std::nullopt},
+        {"S", "LockMetadata", std::nullopt},
+        {"résumé", "CLÉ", "René €"},
+        {"S", "Empty", std::nullopt},  // an empty or blank value counts as missing
+        {"S", "Blank", std::nullopt},
+        {"S", "Padded", "two words"},
+        {"S", "Url", "a=b"},
+        {"A", "x", "1"},
+        {"A", "y", "2"},
+        {"B", "x", "3"},  // the first of two keys counts
+        {"A", "z", "5"},  // a section that appears twice is searched in order
+        {"Long", "Long", std::string(255, 'x')},
+        {"Long", "Exact", std::string(255, 'y')},
+        {"Long", "Accents", accents}};
+    for (const auto& [section, key, value] : cases) {
+        SCOPED_TRACE(section + "/" + key);
+        EXPECT_EQ(profile.Read(section, key), value);
+    }
 }
 
 TEST(ProfileFileRead, SurvivesAnyBytes) {
@@ -101,44 +79,6 @@ TEST(ProfileFileRead, SurvivesAnyBytes) {
     EXPECT_EQ(folder.Read("S", "k"), std::nullopt);
 }
 
-TEST(ProfileFileWrite, CreatesFileSectionAndKey) {
-    TempDir dir;
-    ProfileFile profile(dir / "Tessarin.ini");
-    ASSERT_TRUE(profile.Write("Preferences", "LockMetadata", "1"));
-    EXPECT_EQ(ReadBytes(profile.Path()), "[Preferences]\r\nLockMetadata=1\r\n");
-    ASSERT_TRUE(profile.Write("Preferences", "KeepMetadata", "0"));
-    ASSERT_TRUE(profile.Write("FileMRU", "File1", ""));
-    EXPECT_EQ(ReadBytes(profile.Path()),
-              "[Preferences]\r\nLockMetadata=1\r\nKeepMetadata=0\r\n[FileMRU]\r\nFile1=\r\n");
-}
-
-TEST(ProfileFileWrite, KeepsEveryOtherByteOfTheFile) {
-    TempDir dir;
-    std::string expected =
-        "; user settings\n[MainWindow]\nLeft = 10\nTop=20\n\n[Preferences]\r\n; colours below\r\n"
-        "UseXSLT=1\r\n\r\n[FileMRU]\r\nFile1=C:\\News\\a.xml";
-    ProfileFile profile(dir.Write("p.ini", expected));
-
-    ASSERT_TRUE(profile.Write("mainwindow", "LEFT", "-4"));
-    testing::ReplaceOnce(expected, "Left = 10\n", "Left=-4\r\n");
-    EXPECT_EQ(ReadBytes(profile.Path()), expected);
-
-    ASSERT_TRUE(profile.Write("Preferences", "XSLT", "/srv/é.xsl"));
-    ASSERT_TRUE(profile.Write("FileMRU", "File2", "b.xml"));
-    ASSERT_TRUE(profile.Write("TipOfTheDay", "LastTipOfTheDay", "3"));
-    testing::ReplaceOnce(expected, "UseXSLT=1\r\n", "UseXSLT=1\r\nXSLT=/srv/\xE9.xsl\r\n");
-    expected += "\r\nFile2=b.xml\r\n[TipOfTheDay]\r\nLastTipOfTheDay=3\r\n";
-    EXPECT_EQ(ReadBytes(profile.Path()), expected);
-}
-
-TEST(ProfileFileWrite, ReplacesTheFirstOfTwoKeysAndAddsToTheFirstOfTwoSections) {
-    TempDir dir;
-    ProfileFile profile(dir.Write("p.ini", "[A]\r\nx=1\r\n[B]\r\n[A]\r\nx=2\r\n"));
-    ASSERT_TRUE(profile.Write("A", "x", "9"));
-    ASSERT_TRUE(profile.Write("A", "y", "8"));
-    EXPECT_EQ(ReadBytes(profile.Path()), "[A]\r\nx=9\r\ny=8\r\n[B]\r\n[A]\r\nx=2\r\n");
-}
-
 // Several keys at once give what writing them one by one gives.
 TEST(ProfileFileWrite, ABatchEditsEveryLineAsSingleWritesDo) {
     struct Case {
@@ -147,6 +87,32 @@ TEST(ProfileFileWrite, ABatchEditsEveryLineAsSingleWritesDo) {
         std::string expected;
     };
     const std::vector<Case> cases = {
+        // Every other byte of the file stays: comments, blank lines, LF line ends, the blanks
+        // around a name whose line is not rewritten.
+        {"; user settings\n[MainWindow]\nLeft = 10\nTop=20\n\n[Preferences]\r\n; colours below\r\n"
+         "UseXSLT=1\r\n\r\n[FileMRU]\r\nFile1=C:\\News\\a.xml",
+         {{"mainwindow", "LEFT", "-4"},
+          {"Preferences", "XSLT", "/srv/é.xsl"},
+          {"FileMRU", "File2", "b.xml"},
+          {"TipOfTheDay", "LastTipOfTheDay", "3"}},
+         "; user settings\n[MainWindow]\nLeft=-4\r\nTop=20\n\n[Preferences]\r\n; colours below\r\n"
+         "UseXSLT=1\r\nXSLT=/srv/\xE9.xsl\r\n\r\n[FileMRU]\r\nFile1=C:\\News\\a.xml\r\n"
+         "File2=b.xml\r\n[TipOfTheDay]\r\nLastTipOfTheDay=3\r\n"},
+        {"",
+         {{"Preferences", "LockMetadata", "1"},
+          {"Preferences", "KeepMetadata", "0"},
+          {"FileMRU", "File1", ""}},
+         "[Preferences]\r\nLockMetadata=1\r\nKeepMetadata=0\r\n[FileMRU]\r\nFile1=\r\n"},
+        // The first of two keys of a name is replaced.
+        {"[A]\r\nx=1\r\n[B]\r\n[A]\r\nx=2\r\n",
+         {{"A", "x", "9"}, {"A", "y", "8"}},
+         "[A]\r\nx=9\r\ny=8\r\n[B]\r\n[A]\r\nx=2\r\n"},
+        // Line breaks in a value become blanks: the value cannot open a section.
+        {"", {{"S", "k", "one\r\ntwo\n[X]"}}, "[S]\r\nk=one  two [X]\r\n"},
+        // Bytes that are no profile text are kept as they are.
+        {std::string("\x00\xFF[\x01\r=\xFE", 7),
+         {{"S", "k", "v"}},
+         std::string("\x00\xFF[\x01\r=\xFE", 7) + "\r\n[S]\r\nk=v\r\n"},
         // A last line without its line end, a blank line before the next section.
         {"[A]\nx=1\n\n[B]\ny=2",
          {{"B", "z", "3"}, {"A", "x", "4"}, {"C", "w", "5"}, {"b", "Z", "6"}, {"A", "v", "7"}},
@@ -204,25 +170,9 @@ TEST(ProfileFileWrite, ANameThatWouldNotReadBackIsNotWritten) {
     EXPECT_EQ(profile.Read("", ""), "empty names");
 }
 
-TEST(ProfileFileWrite, LineBreaksInAValueBecomeBlanks) {
-    TempDir dir;
-    ProfileFile profile(dir / "p.ini");
-    ASSERT_TRUE(profile.Write("S", "k", "one\r\ntwo\n[X]"));
-    EXPECT_EQ(ReadBytes(profile.Path()), "[S]\r\nk=one  two [X]\r\n");
-    EXPECT_EQ(profile.Read("X", "k"), std::nullopt);
-}
-
-TEST(ProfileFileWrite, KeepsTheBytesOfAFileItCannotParse) {
-    TempDir dir;
-    const std::string binary("\x00\xFF[\x01\r=\xFE", 7);
-    ProfileFile profile(dir.Write("p.ini", binary));
-    ASSERT_TRUE(profile.Write("S", "k", "v"));
-    EXPECT_EQ(ReadBytes(profile.Path()), binary + "\r\n[S]\r\nk=v\r\n");
-    EXPECT_EQ(profile.Read("S", "k"), "v");
-}
-
-// Read-only means without any write permission bit, for every user, the superuser too.
-TEST(ProfileFileWrite, ReadOnlyFileFailsSilentlyAndStaysAsItWas) {
+// A file without any write permission bit (for every user, the superuser too) and a place
+// that no user can write to fail silently and leave everything as it was.
+TEST(ProfileFileWrite, UnwritableFileOrPlaceFailsSilently) {
     TempDir dir;
     const std::string original = "[Preferences]\r\nLockMetadata=0\r\n";
     ProfileFile profile(dir.Write("p.ini", original));
@@ -233,22 +183,14 @@ TEST(ProfileFileWrite, ReadOnlyFileFailsSilentlyAndStaysAsItWas) {
     EXPECT_FALSE(profile.Write({{"Preferences", "KeepMetadata", "1"}, {"Other", "k", "v"}}));
     EXPECT_EQ(ReadBytes(profile.Path()), original);
     EXPECT_EQ(profile.Read("Preferences", "LockMetadata"), "0");
-    // No temporary file is left beside it.
+
+    EXPECT_FALSE(ProfileFile(dir / "missing" / "p.ini").Write("S", "k", "v"));
+    std::filesystem::create_directory(dir / "folder.ini");
+    EXPECT_FALSE(ProfileFile(dir / "folder.ini").Write("S", "k", "v"));
+    // No temporary file or folder is left behind.
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()),
                             std::filesystem::directory_iterator()),
-              1);
-}
-
-// A place that no user can write to takes the same way as a read-only file.
-TEST(ProfileFileWrite, UnwritablePlaceFailsSilently) {
-    TempDir dir;
-    ProfileFile inMissingFolder(dir / "missing" / "p.ini");
-    EXPECT_FALSE(inMissingFolder.Write("S", "k", "v"));
-    EXPECT_FALSE(std::filesystem::exists(dir / "missing"));
-
-    std::filesystem::create_directory(dir / "folder.ini");
-    ProfileFile folder(dir / "folder.ini");
-    EXPECT_FALSE(folder.Write("S", "k", "v"));
+              2);
 }
 
 }  // namespace

@@ -11,8 +11,9 @@ using testing::ReadBytes;
 using testing::TempDir;
 using Entries = std::array<std::string, kRecentFileCount>;
 
-TEST(UpdateMRU, NewPathsGoOnTopAndKnownPathsMoveThere) {
-    // Each row: the path opened and the list after it, from four entries taken in turn.
+TEST(UpdateMRU, StoriesGoOnTopAndKnownOnesMoveThere) {
+    // Each row: the path opened and the list after it, from four entries taken in turn. Only
+    // a story with the XML extension enters.
     const std::pair<const char*, Entries> steps[] = {
         {"a.xml", {"a.xml", "", "", ""}},
         {"b.xml", {"b.xml", "a.xml", "", ""}},
@@ -22,6 +23,7 @@ TEST(UpdateMRU, NewPathsGoOnTopAndKnownPathsMoveThere) {
         {"c.xml", {"c.xml", "e.xml", "d.xml", "b.xml"}},  // only those above it move down
         {"c.xml", {"c.xml", "e.xml", "d.xml", "b.xml"}},
         {"C.xml", {"C.xml", "c.xml", "e.xml", "d.xml"}},  // compared as it stands
+        {"C:\\News\\Story.XmL", {"C:\\News\\Story.XmL", "C.xml", "c.xml", "e.xml"}},
     };
     RecentFiles list;
     for (const auto& [path, after] : steps) {
@@ -29,21 +31,16 @@ TEST(UpdateMRU, NewPathsGoOnTopAndKnownPathsMoveThere) {
         EXPECT_TRUE(UpdateMRU(list, path));
         EXPECT_EQ(list.File, after);
     }
-}
-
-TEST(UpdateMRU, OnlyStoriesWithTheXmlExtensionEnterAListThatIsOn) {
-    TempDir dir;
-    RecentFiles list = ReadRecentFiles(
-        ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\nFile1=a.xml\r\n")).Load());
-    EXPECT_FALSE(UpdateMRU(list, "b.xml"));
-    list.UseMRU = true;
     for (const char* path : {"/s/story.doc", "/s/story.bml", "/s/story.xml.bak", "/s/xml",
                              "/s/dir.xml/story", "C:\\dir.xml\\story", ""}) {
         EXPECT_FALSE(UpdateMRU(list, path)) << path;
     }
-    EXPECT_EQ(list.File, (Entries{"a.xml", "", "", ""}));
-    EXPECT_TRUE(UpdateMRU(list, "C:\\News\\Story.XmL"));
-    EXPECT_EQ(list.File, (Entries{"C:\\News\\Story.XmL", "a.xml", "", ""}));
+    EXPECT_EQ(list.File, (Entries{"C:\\News\\Story.XmL", "C.xml", "c.xml", "e.xml"}));
+    // A list that is off takes nothing.
+    TempDir dir;
+    list = ReadRecentFiles(ProfileFile(dir.Write("p.ini", "[FileMRU]\r\nUseMRU=0\r\n")).Load());
+    EXPECT_FALSE(UpdateMRU(list, "b.xml"));
+    EXPECT_EQ(list.File, Entries{});
 }
 
 TEST(RecentFiles, WrittenBackAsFile1ToFile4AndClearedAsEmptyKeys) {

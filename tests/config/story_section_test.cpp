@@ -17,32 +17,29 @@ using testing::LoadBench;
 using testing::NodeLines;
 using testing::Shown;
 
-TEST(StorySection, SignatureAndNotesTakeTheirDefaults) {
-    LoadBench bench;
-    ASSERT_TRUE(bench.Load(Document()));
-    const StorySettings& story = bench.configuration.story;
-    EXPECT_EQ(Joined({story.signature.toolTip, story.notes.name, story.notes.addHere,
-                      story.notes.toolTipText, bench.Control("treeNotes").toolTip}),
-              "|Notes|Add note here|Enter key to add / Del key to delete|Enter key to add / Del "
-              "key to delete");
-    EXPECT_EQ(Bits({story.signature.visible, story.notes.visible, story.notes.manageAllNotes}),
-              "111");
-    EXPECT_THAT(NodeLines(bench.Tree("treeNotes")), ElementsAre("N1|Notes [0]|"));
-}
-
-TEST(StorySection, SignatureAndNotesAsConfigured) {
-    LoadBench bench;
-    ASSERT_TRUE(bench.Load(
-        Document().With(&Document::story, R"(<Story><Signature Name="Sign" Visible="false"/>
-        <Notes Name="Memos" AddHere="New memo" ToolTipText="Memos" Visible="false"
-               ManageAllNotes="false"/></Story>)")));
-    const StorySettings& story = bench.configuration.story;
-    EXPECT_EQ(Joined({bench.Control("cmdSignature").toolTip, bench.Control("txtSignature").tag,
-                      story.notes.addHere}),
-              "Sign|invisible|New memo");
-    EXPECT_EQ(Bits({story.signature.visible, story.notes.manageAllNotes}), "00");
-    EXPECT_EQ(Shown(bench.window, {"cmdSignature", "txtSignature", "treeNotes"}), "000");
-    EXPECT_THAT(NodeLines(bench.Tree("treeNotes")), ElementsAre("N1|Memos [0]|"));
+TEST(StorySection, SignatureAndNotesAsConfiguredOrTheirDefaults) {
+    // Each row: the section; tool tips of cmdSignature and treeNotes, the notes' AddHere and
+    // txtSignature's tag; which of cmdSignature, txtSignature and treeNotes show and whether
+    // the notes are all managed; the notes tree.
+    const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
+        {"<Story/>", "|Enter key to add / Del key to delete|Add note here|", "1111",
+         "N1|Notes [0]|"},
+        {R"(<Story><Signature Name="Sign" Visible="false"/><Notes Name="Memos" AddHere="New memo"
+            ToolTipText="Memos" Visible="false" ManageAllNotes="false"/></Story>)",
+         "Sign|Memos|New memo|invisible", "0000", "N1|Memos [0]|"}};
+    for (const auto& [section, texts, shown, notes] : cases) {
+        SCOPED_TRACE(section);
+        LoadBench bench;
+        ASSERT_TRUE(bench.Load(Document().With(&Document::story, section)));
+        const StorySettings& story = bench.configuration.story;
+        EXPECT_EQ(Joined({bench.Control("cmdSignature").toolTip, bench.Control("treeNotes").toolTip,
+                          story.notes.addHere, bench.Control("txtSignature").tag}),
+                  texts);
+        EXPECT_EQ(Shown(bench.window, {"cmdSignature", "txtSignature", "treeNotes"}) +
+                      Bits({story.notes.manageAllNotes}),
+                  shown);
+        EXPECT_THAT(NodeLines(bench.Tree("treeNotes")), ElementsAre(notes));
+    }
 }
 
 TEST(StorySection, TextBoxesTakeLabelHeightAndVisibility) {

@@ -46,7 +46,7 @@ TEST_F(MandatoryChecksTest, RulesRunInOrderAndStopAtTheFirstFailure) {
     for (const char* label :
          {"lblAuthor", "lblEmail", "lblGroup", "lblInitials", "lblPublication", "lblClassification",
           "lblSectionGeneral", "lblSubSectionGeneral", "lblStoryTypes", "lblPublicationDate",
-          "lblEventDate", "lblPublicationNumber"}) {
+          "lblEventDate", "lblPublicationNumber", "lblSectionLocal", "lblCodeLocal2"}) {
         Mandatory(label);
     }
     window_.Control("lblAuthor").caption = "Auteur";
@@ -101,28 +101,18 @@ TEST_F(MandatoryChecksTest, RulesRunInOrderAndStopAtTheFirstFailure) {
         fill();
     }
     EXPECT_EQ(FirstFailure(), "");
-}
 
-TEST_F(MandatoryChecksTest, LocalSectionsAreCheckedForAStoryClassifiedLocally) {
-    for (const char* label : {"lblSectionGeneral", "lblSectionLocal", "lblCodeLocal2"}) {
-        Mandatory(label);
-    }
+    // The local sections are checked for a story classified locally only.
     story_.usesLocalSections = true;
     EXPECT_EQ(FirstFailure(), "Local section: Champ obligatoire @txtSectionLocal");
     story_.sectionLocal = "Lyon";
     EXPECT_EQ(FirstFailure(), "Local code 2: Champ obligatoire @txtCodeLocal2");
     story_.codeLocal2 = "B";
     EXPECT_EQ(FirstFailure(), "");
-    story_.usesLocalSections = false;
-    EXPECT_EQ(FirstFailure(), "General section: Champ obligatoire @txtSectionGeneral");
-}
 
-// A cold story has no date and no number; the event date is still its own.
-TEST_F(MandatoryChecksTest, ColdStoryIsExemptFromDateAndNumber) {
-    Mandatory("lblPublicationDate");
-    Mandatory("lblPublicationNumber");
-    Mandatory("lblEventDate");
+    // A cold story has no date and no number; the event date is still its own.
     story_.coldStory = true;
+    story_.publicationDate = story_.eventDate = "";
     story_.publicationNumber = "x";
     EXPECT_EQ(FirstFailure(), "Event date: Champ obligatoire @txtEventDate");
     story_.eventDate = "01/03/2025";

@@ -3,15 +3,28 @@
 #include <gtest/gtest.h>
 
 #include "metadata/metadata_changed.h"
+#include "metadata/metadata_choices.h"
 #include "metadata/metadata_session.h"
 
 namespace tessarin {
 namespace {
 
-// Today is 10/03/2025, at one minute past midnight.
+// Today is 10/03/2025, at one minute past midnight. Status "State": Draft, Ready (the default,
+// "Usable"); genre "Kind": News, Review.
 class MetadataFieldsTest : public ::testing::Test {
   protected:
+    MetadataFieldsTest() {
+        testing::ConfigurationDocument document;
+        document.metadata =
+            R"(<Metadata><Status Name="State"><StatusItem Name="Draft" FormalName="Draft"/>)"
+            R"(<StatusItem Name="Ready" FormalName="Usable"/></Status>)"
+            R"(<Genre Name="Kind"><GenreItem Name="News" FormalName="Current"/>)"
+            R"(<GenreItem Name="Review" FormalName="Review"/></Genre></Metadata>)";
+        bench_.Load(document);
+    }
+
     EditorSession& Session() { return bench_.session; }
+    const std::string& Tip() { return bench_.Control("cmdMetadataTooltip").toolTip; }
     StoryRecord& Story() { return bench_.session.story; }
 
     // The check of a date field holding text: "Expired", "Invalid" or "" and the status text,
@@ -31,8 +44,7 @@ class MetadataFieldsTest : public ::testing::Test {
 TEST_F(MetadataFieldsTest, ANewStoryIsDatedTomorrow) {
     PrepareNewStoryMetadata(Session());
     EXPECT_EQ(Story().publicationDate, "11/03/2025");
-    EXPECT_EQ(bench_.Control("cmdMetadataTooltip").toolTip,
-              "0 Photos\nPublication date:\n   11/03/2025");
+    EXPECT_EQ(Tip(), "0 Photos\nPublication date:\n   11/03/2025");
     EXPECT_FALSE(Session().storyModified);
 }
 
@@ -120,9 +132,70 @@ TEST_F(MetadataFieldsTest, ToolTextSummarisesTheMetadata) {
     Story().taxonomy = {{"Arts", 1}, {"Cin\u00e9ma", 2}};
     Story().keywords = {{"K2", "Zidane"}, {"K1", "Lyon"}, {"K9", "no category"}};
     MetadataChanged(Session());
-    EXPECT_EQ(bench_.Control("cmdMetadataTooltip").toolTip,
+    EXPECT_EQ(Tip(),
               "2 Photos\nAuthor:\n   Jean\nRubrique:\n   Sports\n"
               "Sujets:\n   Arts\n   Cin\u00e9ma\nMots:\n   Lyon\n   Zidane");
+}
+
+TEST_F(MetadataFieldsTest, ANewStatusOrGenreIsKeptShownAndModifiesTheStory) {
+    Session().story.statusIndex = 1;
+    EXPECT_TRUE(ChooseStatus(Session(), 0));
+    EXPECT_EQ(Session().story.statusIndex, Session().window.List("lstStatus").selected);
+    EXPECT_EQ(Session().story.statusIndex, 0);
+    EXPECT_TRUE(Session().storyModified);
+    EXPECT_NE(Tip().find("State:\n   Draft"), std::string::npos) << Tip();
+
+    EXPECT_TRUE(ChooseGenre(Session(), 1));
+    EXPECT_EQ(Session().story.genreIndex, 1);
+    EXPECT_NE(Tip().find("Kind:\n   Review"), std::string::npos) << Tip();
+
+    EXPECT_TRUE(ChooseGenre(Session(), -1));
+    EXPECT_EQ(Session().window.List("lstGenre").selected, -1);
+    EXPECT_EQ(Tip().find("Kind:"), std::string::npos) << Tip();
+}
+
+TEST_F(MetadataFieldsTest, TheSameChoiceOrOneOutsideTheVocabularyChangesNothing) {
+    Session().story.statusIndex = 1;
+    Session().story.genreIndex = 0;
+    EXPECT_FALSE(ChooseStatus(Session(), 1));
+    EXPECT_FALSE(ChooseStatus(Session(), 2));
+    EXPECT_FALSE(ChooseGenre(Session(), -2));
+    EXPECT_EQ(Session().story.statusIndex, 1);
+    EXPECT_EQ(Session().story.genreIndex, 0);
+    EXPECT_FALSE(Session().storyModified);
+}
+
+TEST_F(MetadataFieldsTest, ACalendarOpensOnTheFieldsDateElseOnToday) {
+    EXPECT_EQ(CalendarStartDay("14/07/2025"), (LocalDateTime{2025, 7, 14}));
+    const LocalDateTime today = CalendarStartDay("not a date");
+    EXPECT_EQ((std::array{today.year, today.month, today.day}), (std::array{2025, 3, 10}));
+}
+
+// The day is judged as a typed date is on leaving the field, whose checks cover the rest.
+TEST_F(MetadataFieldsTest, APickedDayIsStoredAsTypedAndJudgedAsOnLeaving) {
+    EXPECT_EQ(PickCalendarDay(Session(), DateField::Publication, {2025, 3, 10}), DateCheck::Valid);
+    EXPECT_EQ(Session().story.publicationDate, "10/03/2025");
+    EXPECT_TRUE(Session().storyModified);
+    EXPECT_EQ(bench_.Status(), "");
+
+    EXPECT_EQ(PickCalendarDay(Session(), DateField::Event, {2024, 1, 2}), DateCheck::Valid);
+    EXPECT_EQ(Session().story.eventDate, "02/01/2024");
+    EXPECT_EQ(bench_.Status(), "");
+}
+
+TEST_F(MetadataFieldsTest, TheDialogsClassificationIsAppliedOnlyWhenItDiffers) {
+    ClassificationValues values = ReadClassification(Session().story);
+    EXPECT_FALSE(ApplyClassification(Session(), values));
+    EXPECT_FALSE(Session().storyModified);
+
+    values[0] = "Evening Post";
+    values[7] = "B2";
+    EXPECT_TRUE(ApplyClassification(Session(), values));
+    EXPECT_EQ(Session().story.publication, "Evening Post");
+    EXPECT_EQ(Session().story.codeLocal2, "B2");
+    EXPECT_EQ(ReadClassification(Session().story), values);
+    EXPECT_TRUE(Session().storyModified);
+    EXPECT_NE(Tip().find("Publication:\n   Evening Post"), std::string::npos) << Tip();
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "config/publications_tree.h"
+#include "config/section_reading.h"
+#include "metadata/metadata_choices.h"
 #include "metadata/metadata_session.h"
 
 namespace tessarin {
@@ -37,9 +39,7 @@ class PublicationSelectionTest : public ::testing::Test {
         const StoryRecord& s = bench_.session.story;
         const bool general = bench_.session.configuration.publications.classifiedGeneral;
         EXPECT_EQ(general, !s.usesLocalSections);
-        return s.publication + "|" + s.classification + "|" + s.sectionGeneral + "|" +
-               s.subSectionGeneral + "|" + s.sectionLocal + "|" + s.subSectionLocal + "|" +
-               s.codeLocal1 + "|" + s.codeLocal2 + (general ? " G" : " L");
+        return testing::Joined(ReadClassification(s)) + (general ? " G" : " L");
     }
 
     bool Click(std::string_view key) {
