@@ -61,7 +61,7 @@ TEST_F(EditWorksTest, WritesPathFormFieldsCommentBoxesSignatureAndPictures) {
         "conomie\")>\r\n<&xf(21,\"Paris\")>\r\n<&xf(23,\"Lyon\")>\r\n"
         "@Note:Story Tessarin 1.2.3 - Marie Dupr\xE9 - Tuesday 05/03/2024, 09:07\r\n"
         "General subsection: SG\r\nSous-rubrique: SL:X\r\n@SousRub:SL:X\r\n@Titre:Titre\r\n"
-        "@Texte:<B>x<B> <I>y<I> <U>z<U><V>e<V>\r\n@Inter:Inter@Texte:\r\n"
+        "@Texte:<B><I>x<I><B> <I>y<I> <U>z<U><V>e<V>\r\n@Inter:Inter@Texte:\r\n"
         "A&amp;B <\\<>c<\\>><\\!p>\x80\x9C\x8C\td<B>gh<B>\r\n@Signe:Jean@Texte:\r\n"
         "Photo 1: a b.jpg\r\nLeg1:L\xE9gende\r\nCred1:AFP\r\nPhoto 2: \r\nLeg2:Sans image\r\n"
         "Photo 3: c.jpg\r\n";

@@ -50,7 +50,7 @@ TEST_F(MileniumTest, WritesEveryElementUnderConfiguredNames) {
         "\r\n<Classement>Sec/#SG/#Loc/#SL/#X</Classement>\r\n<Theme>\xC9"
         "conomie</Theme>\r\n<Theme>Vide</Theme>\r\n<Theme>Non</Theme>"
         "\r\n<Auteur>Marie Dupr\xE9</Auteur>\r\n<Titre><P>Titre</P></Titre>"
-        "\r\n<Texte><P><B>x</B> <I>y</I> <U>z</U><SUP>e</SUP><INTER>Inter</INTER></P>"
+        "\r\n<Texte><P><B><I>x</I></B> <I>y</I> <U>z</U><SUP>e</SUP><INTER>Inter</INTER></P>"
         "<P>A&amp;B &lt;c&gt; \x80\x9C\x8C\td<B>gh</B></P></Texte>\r\n<Signe><P>Jean</P></Signe>"
         "\r\n<Photo>a b.jpg</Photo>\r\n<Legende><P>L\xE9gende</P></Legende>"
         "\r\n<Legende1><P>Sans image</P></Legende1>\r\n<Photo2>c.jpg</Photo2>"

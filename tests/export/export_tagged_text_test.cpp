@@ -10,6 +10,7 @@
 namespace tessarin {
 namespace {
 
+using testing::kLayoutStory;
 using testing::ReadSettings;
 using testing::StoryFile;
 
@@ -38,47 +39,32 @@ constexpr std::string_view kInDesignHead =
 constexpr std::string_view kXPressHead =
     "<v5>\r\n@Titre=<B>\r\n@Texte=<P>\r\n@Inter=<B>\r\n@Credit=<I>\r\n";
 
-// Every inline tag, the entities, a no-break space, the special letters, a note, a box
-// break setting, a signature, a picture with caption and credit.
-constexpr std::string_view kStory = R"(<Story AppName="Tessarin" AppVersion="0.1.0">
-<Metadata><Form Name="Type" Index="0">News</Form></Metadata>
-<Body>
-<TextBox0 CharCount="5" WordCount="1" Name="Titre">Titre</TextBox0>
-<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b><i>Gras</i></b> et <b>b</b><i>i</i>
-<u>u</u><sup>er</sup><p/>
-<inter1>Inter</inter1><p/>
-A&amp;B &lt;x&gt;&#160;<euro/><oe/><OE/><tab/>é<note>secret</note>.</TextBox6>
-<Signature>Jean</Signature></Body>
-<Images><ImageBag><Image href="file:///a.jpg"/><Caption>Légende</Caption><Credit>AFP</Credit>
-</ImageBag></Images>
-</Story>
-)";
-
-TEST(ExportTaggedTextTest, InDesignWritesHeadStylesBoxesSignatureAndCaption) {
+TEST(ExportTaggedTextTest, InDesignWritesHeadStylesBoxesSignatureAndCaptions) {
     const ExportSettings settings = ReadSettings(kSections);
     const std::string expected =
         std::string(kInDesignHead) +
         "<ParaStyle:Titre>Titre<cNextXChars:Box>\r\n"
-        "<ParaStyle:Texte><cTypeface:Bold Italic>Gras<cTypeface:> et "
-        "<cTypeface:Bold>b<cTypeface:><cTypeface:Italic>i<cTypeface:>"
-        "<cUnderline:1>u<cUnderline:><cPosition:Superscript>er<cPosition:>\r\n"
+        "<ParaStyle:Texte><cTypeface:Bold Italic>x<cTypeface:> <cTypeface:Italic>y<cTypeface:> "
+        "<cUnderline:1>z<cUnderline:><cPosition:Superscript>e<cPosition:>\r\n"
         "<ParaStyle:Inter>Inter\r\n"
-        "<ParaStyle:Texte>A&amp;B \\<x\\><0x00A0>\x80\x9C\x8C\t\xE9.\r\n"
-        "<ParaStyle:Signe>Jean\r\n<ParaStyle:Legende>L\xE9gende\r\n";
-    EXPECT_EQ(Compose(TaggedTextLayout::InDesign, StoryFile(kStory), settings.InDesign), expected);
+        "<ParaStyle:Texte>A&amp;B \\<c\\><0x00A0>\x80\x9C\x8C\td<cTypeface:Bold>gh<cTypeface:>\r\n"
+        "<ParaStyle:Signe>Jean\r\n<ParaStyle:Legende>L\xE9gende\r\n"
+        "<ParaStyle:Legende>Sans image\r\n";
+    EXPECT_EQ(Compose(TaggedTextLayout::InDesign, StoryFile(kLayoutStory), settings.InDesign),
+              expected);
     // A story saved in UTF-8 reaches layout in the same bytes.
-    EXPECT_EQ(Compose(TaggedTextLayout::InDesign, StoryFile(kStory, true), settings.InDesign),
+    EXPECT_EQ(Compose(TaggedTextLayout::InDesign, StoryFile(kLayoutStory, true), settings.InDesign),
               expected);
 }
 
 TEST(ExportTaggedTextTest, XPressTogglesItsTagsAndHasNoBoxBreak) {
     const ExportSettings settings = ReadSettings(kSections);
-    EXPECT_EQ(Compose(TaggedTextLayout::XPress, StoryFile(kStory), settings.XPress),
+    EXPECT_EQ(Compose(TaggedTextLayout::XPress, StoryFile(kLayoutStory), settings.XPress),
               std::string(kXPressHead) +
                   "@Titre:Titre\r\n"
-                  "@Texte:<B><I>Gras<I><B> et <B>b<B><I>i<I><U>u<U><V>er<V>\r\n"
+                  "@Texte:<B><I>x<I><B> <I>y<I> <U>z<U><V>e<V>\r\n"
                   "@Inter:Inter\r\n"
-                  "@Texte:A&amp;B <\\<>x<\\>><\\!p>\x80\x9C\x8C\t\xE9.\r\n@Credit:AFP\r\n");
+                  "@Texte:A&amp;B <\\<>c<\\>><\\!p>\x80\x9C\x8C\td<B>gh<B>\r\n@Credit:AFP\r\n");
 }
 
 // A News story with these boxes gives both layouts' head of the News form, then their text.

@@ -32,10 +32,10 @@ inline std::string CrLf(std::string_view lines) {
     return text;
 }
 
-// A story with every part that the Milenium and EditWorks writers read: sections at every
-// level, a topic without a code, keywords of several categories, every inline tag, entities,
-// the special letters, a note inside bold, a signature, and pictures with and without a name,
-// caption or credit.
+// A story with every part that the tagged-text, Milenium and EditWorks writers read: a form,
+// sections at every level, a topic without a code, keywords of several categories, every
+// inline tag (italic inside bold), entities, a no-break space, the special letters, a note
+// inside bold, a signature, and pictures with and without a name, caption or credit.
 constexpr std::string_view kLayoutStory = R"(<Story AppName="Tessarin" AppVersion="0.1.0">
 <Metadata><Author Name="Auteur">Marie Dupré</Author>
 <Publication Name="Publication">P/Q</Publication>
@@ -55,7 +55,7 @@ constexpr std::string_view kLayoutStory = R"(<Story AppName="Tessarin" AppVersio
 <Form Name="Type" Index="0">News</Form></Metadata>
 <Body>
 <TextBox0 CharCount="5" WordCount="1" Name="Titre">Titre</TextBox0>
-<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b>x</b> <i>y</i> <u>z</u><sup>e</sup><p/>
+<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b><i>x</i></b> <i>y</i> <u>z</u><sup>e</sup><p/>
 <inter1>Inter</inter1><p/>
 A&amp;B &lt;c&gt;&#160;<euro/><oe/><OE/><tab/>d<b>g<note>n</note>h</b></TextBox6>
 <Signature>Jean</Signature></Body>
