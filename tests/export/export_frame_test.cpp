@@ -81,7 +81,7 @@ constexpr std::string_view kClassifiedStory =
     "<SubSectionLocal>North</SubSectionLocal><PublicationDate>12/03/2024</PublicationDate>"
     "</Metadata></Story>";
 
-TEST(DeliveryFolders, LevelsForEachElementPresentThenTheStoryName) {
+TEST(DeliveryFolders, LevelsAndNameFieldsForEachElementPresent) {
     const XmlDocument story = ParseStory(kClassifiedStory);
     const XmlNode metadata = story.DocumentElement().SelectSingleNode("Metadata");
     // An element that is there adds a level even when it is empty.
@@ -95,6 +95,18 @@ TEST(DeliveryFolders, LevelsForEachElementPresentThenTheStoryName) {
     EXPECT_EQ(DeliveryFolderLevels(cold.DocumentElement().SelectSingleNode("Metadata"),
                                    "Without date", "a.xml"),
               (Strings{"Without date", "a"}));
+
+    // The story name fields take the local sections when the general ones are empty.
+    ExportState state;
+    FillStoryNameFields(state, metadata);
+    StoreOriginalStoryPath(state, metadata);
+    EXPECT_EQ(state.StoryNameFields,
+              (std::array<std::string, 4>{"Herald", "News", "Town", "North"}));
+    EXPECT_EQ(state.OriginalStoryPath, "/desk/stories/fire.xml");
+    FillStoryNameFields(state, XmlNode());
+    StoreOriginalStoryPath(state, XmlNode());
+    EXPECT_EQ(state.StoryNameFields, (std::array<std::string, 4>{}));
+    EXPECT_EQ(state.OriginalStoryPath, "");
 }
 
 TEST(DeliveryFolders, WithoutAnExportDirectoryNothingIsMadeAndTheNameIsTheTarget) {
@@ -115,21 +127,6 @@ TEST(DeliveryFolders, WithoutAnExportDirectoryNothingIsMadeAndTheNameIsTheTarget
     FinishTargetPath(state, ExportMode::Ftp, setup.Context(), "a.txt");
     EXPECT_EQ(state.TargetDirectory, "/web/a.txt");
     EXPECT_EQ(state.TargetPath, "/web/a.txt");
-}
-
-TEST(ExportFrame, StoryNameFieldsTakeLocalSectionsWhenGeneralOnesAreEmpty) {
-    const XmlDocument story = ParseStory(kClassifiedStory);
-    const XmlNode metadata = story.DocumentElement().SelectSingleNode("Metadata");
-    ExportState state;
-    FillStoryNameFields(state, metadata);
-    StoreOriginalStoryPath(state, metadata);
-    EXPECT_EQ(state.StoryNameFields,
-              (std::array<std::string, 4>{"Herald", "News", "Town", "North"}));
-    EXPECT_EQ(state.OriginalStoryPath, "/desk/stories/fire.xml");
-    FillStoryNameFields(state, XmlNode());
-    StoreOriginalStoryPath(state, XmlNode());
-    EXPECT_EQ(state.StoryNameFields, (std::array<std::string, 4>{}));
-    EXPECT_EQ(state.OriginalStoryPath, "");
 }
 
 // A story that parses is every writer's layout send below; here the error's exact words.

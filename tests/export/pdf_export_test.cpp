@@ -14,16 +14,8 @@ namespace tessarin {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Font;
 using testing::ReadBytes;
-
-CharFormat Font(const char* name, int size, bool bold = false, bool italic = false) {
-    CharFormat format;
-    format.fontName = name;
-    format.fontSize = size;
-    format.bold = bold;
-    format.italic = italic;
-    return format;
-}
 
 TEST(PdfLineLayoutTest, WrapsByTheRealWidthsOfTheChosenFont) {
     // Helvetica's "a" is 556 thousandths wide, Times' 444, the blank 278 and 250.
