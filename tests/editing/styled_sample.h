@@ -4,18 +4,16 @@
 #include <string_view>
 
 #include "app/window_state.h"
+#include "editing/bookmark_anchor.h"
 #include "text/styled_text.h"
 
 namespace tessarin::testing {
 
 // A styled text written in brackets: what stands between "[" and "]" is a note's anchor
-// (protected, wavy underline, highlighted in yellow), the rest is in the plain format.
-// Round-trips through Bracketed.
+// (highlighted in yellow), the rest is in the plain format. Round-trips through Bracketed.
 inline StyledText Sample(std::u16string_view written, const CharFormat& plain = {}) {
     StyledText text;
-    CharFormat anchor;
-    anchor.isProtected = anchor.waveUnderline = anchor.highlighted = true;
-    anchor.highlight = Rgb(255, 255, 0);
+    const CharFormat anchor = AnchorFormat(Rgb(255, 255, 0));
     bool inAnchor = false;
     for (char16_t unit : written) {
         if (unit == u'[' || unit == u']') {
