@@ -68,7 +68,6 @@ TEST_F(RtfExportTest, PictureFieldsGoBeforeTheLastBrace) {
     const BesideStoryExport result = ExportRtfCommand(session_);
     ASSERT_EQ(result.path, stories_ / "brief.v2.rtf");
     EXPECT_TRUE(ReadBytes(result.path).ends_with("\\par\r\n" + images + "}"));
-    EXPECT_EQ(session_.window.Status().text, "Exported story: " + result.path.string());
 
     session_.preferences.RTFWithImages = false;
     EXPECT_EQ(DraftImagesRtf(session_), "");
