@@ -21,14 +21,13 @@ class BoxTypingTest : public ::testing::Test, public testing::PanelSession {
     TypingBurst burst;
 };
 
-TEST(EndsTypingBurst, WordEndsAsTheStoryCountsWords) {
-    for (std::u16string_view key : {u" ", u"\t", u"\r\n", u",", u";", u":", u".", u"?", u"!", u"'",
-                                    u"\"", u"\u00A0", u"\u00B7", u"ab c"}) {
+// A blank ending a word is the undo test's; the word ends are the story's separators, and one
+// anywhere in what is typed ends the burst.
+TEST(EndsTypingBurst, AWordEndAnywhereInWhatIsTypedEndsTheBurst) {
+    for (std::u16string_view key : {u"\u00B7", u"\u00A0", u"'", u"ab c"})
         EXPECT_TRUE(EndsTypingBurst(key)) << std::string(key.begin(), key.end());
-    }
-    for (std::u16string_view key : {u"a", u"\u00E9", u"7", u"-", u""}) {
+    for (std::u16string_view key : {u"a", u"\u00E9", u"-", u""})
         EXPECT_FALSE(EndsTypingBurst(key));
-    }
 }
 
 TEST_F(BoxTypingTest, UndoTakesBackWholeWordsAndNeverLosesTheTypingSinceTheLastStep) {

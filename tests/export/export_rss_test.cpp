@@ -79,28 +79,25 @@ TEST_F(RssWriter, WithoutMetadataOrIntertitlesTheBodyIsOneItem) {
                          "&lt;p/&gt;</description></item>"));
 }
 
+// Without channel settings but its title, written in the code page; a body without text
+// gives the channel alone.
 TEST_F(RssWriter, AnOpeningIntertitleStartsTheItemAndAUrlBeforeALaterItemIsMovedOut) {
     setup_.configuration.exportFormats.RSS = {};
+    setup_.configuration.exportFormats.RSS.ChannelTitle = "Caf\xC3\xA9 \xE2\x82\xAC";
+    const std::string channel =
+        "<title>Caf\xE9 \x80</title>\r\n<link></link>\r\n<description></description>\r\n"
+        "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
+        "<generator>Tessarin 1.2.3</generator>";
     const std::string feed = Compose(
         "<Story><Metadata><PublicationDate>31/02/2024</PublicationDate></Metadata><Body>"
         "<TextBox0>Head</TextBox0>"
         "<TextBox6><inter2>Start</inter2>See http://a.example/x<p/><inter1>T</inter1>More"
         "</TextBox6></Body></Story>");
-    EXPECT_EQ(feed, Feed("<title></title>\r\n<link></link>\r\n<description></description>\r\n"
-                         "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
-                         "<generator>Tessarin 1.2.3</generator>\r\n<item><title>Head</title>\r\n"
-                         "<item><title>Start</title><description>See </description>"
-                         "<link>http://a.example/x</link></item><item><title>T</title>"
-                         "<description>More</description></item>"));
-}
-
-TEST_F(RssWriter, AnEmptyBodyGivesTheChannelOnlyAndTextIsWrittenInTheCodePage) {
-    setup_.configuration.exportFormats.RSS = {};
-    setup_.configuration.exportFormats.RSS.ChannelTitle = "Caf\xC3\xA9 \xE2\x82\xAC";
-    EXPECT_EQ(Compose("<Story><Metadata/><Body/></Story>"),
-              Feed("<title>Caf\xE9 \x80</title>\r\n<link></link>\r\n<description></description>\r\n"
-                   "<lastBuildDate>Tue, 05 Mar 2024 09:07:30 UT</lastBuildDate>\r\n"
-                   "<generator>Tessarin 1.2.3</generator>"));
+    EXPECT_EQ(feed, Feed(channel + "\r\n<item><title>Head</title>\r\n"
+                                   "<item><title>Start</title><description>See </description>"
+                                   "<link>http://a.example/x</link></item><item><title>T</title>"
+                                   "<description>More</description></item>"));
+    EXPECT_EQ(Compose("<Story><Metadata/><Body/></Story>"), Feed(channel));
 }
 
 }  // namespace

@@ -32,6 +32,39 @@ inline std::string CrLf(std::string_view lines) {
     return text;
 }
 
+// A story with every part that the tagged-text, Milenium and EditWorks writers read: a form,
+// sections at every level, a topic without a code, keywords of several categories, every
+// inline tag (italic inside bold), entities, a no-break space, the special letters, a note
+// inside bold, a signature, and pictures with and without a name, caption or credit.
+constexpr std::string_view kLayoutStory = R"(<Story AppName="Tessarin" AppVersion="0.1.0">
+<Metadata><Author Name="Auteur">Marie Dupré</Author>
+<Publication Name="Publication">P/Q</Publication>
+<Classification Name="Rubrique">Éco</Classification>
+<SectionGeneral Name="Section">Sec</SectionGeneral>
+<SubSectionGeneral Name="Sous-section">SG</SubSectionGeneral>
+<SectionLocal Name="Locale">Loc</SectionLocal>
+<SubSectionLocal Name="Sous-locale">SL/X</SubSectionLocal>
+<PublicationDate Name="Date">28/02/2024</PublicationDate>
+<Taxonomy><Topic FormalItem="04000000">Économie</Topic><Topic FormalItem="">Vide</Topic>
+<Topic FormalItem="abc">Non</Topic></Taxonomy>
+<Keywords><Keyword CategoryName="Lieux" CategoryIndex="1">Paris</Keyword>
+<Keyword CategoryName="Gens" CategoryIndex="2">Rome</Keyword>
+<Keyword CategoryName="Villes" CategoryIndex="3">Lyon</Keyword>
+<Keyword CategoryName="Autres" CategoryIndex="5">Nice</Keyword>
+<Keyword CategoryName="Faux" CategoryIndex="x">Brest</Keyword></Keywords>
+<Form Name="Type" Index="0">News</Form></Metadata>
+<Body>
+<TextBox0 CharCount="5" WordCount="1" Name="Titre">Titre</TextBox0>
+<TextBox6 CharCount="40" WordCount="9" Name="Texte"><b><i>x</i></b> <i>y</i> <u>z</u><sup>e</sup><p/>
+<inter1>Inter</inter1><p/>
+A&amp;B &lt;c&gt;&#160;<euro/><oe/><OE/><tab/>d<b>g<note>n</note>h</b></TextBox6>
+<Signature>Jean</Signature></Body>
+<Images><ImageBag><Image href="file:///a%20b.jpg"/><Caption>Légende</Caption><Credit>AFP</Credit>
+</ImageBag><ImageBag><Image href=""/><Caption>Sans image</Caption></ImageBag>
+<ImageBag><Image href="c.jpg"/></ImageBag></Images>
+</Story>
+)";
+
 // A story file from lines written with "\n": CR LF line ends, in Windows-1252 under the
 // ISO-8859-1 prolog, or in UTF-8 under the UTF-8 prolog.
 inline std::string StoryFile(std::string_view lines, bool utf8 = false) {

@@ -22,11 +22,7 @@ class RtfExportTest : public testing::BesideStoryTest {
     // that RTF escapes, the euro sign and a character outside the code page; then a
     // signature.
     void WriteStory() {
-        CharFormat title;
-        title.fontName = "Arial";
-        title.fontSize = 18;
-        title.bold = true;
-        Add(0, u"Titre", title);
+        Add(0, u"Titre", testing::Font("Arial", 18, true));
         Add(3, u"   ");
         CharFormat italic, superscript, underline, note;
         italic.italic = true;
@@ -72,7 +68,6 @@ TEST_F(RtfExportTest, PictureFieldsGoBeforeTheLastBrace) {
     const BesideStoryExport result = ExportRtfCommand(session_);
     ASSERT_EQ(result.path, stories_ / "brief.v2.rtf");
     EXPECT_TRUE(ReadBytes(result.path).ends_with("\\par\r\n" + images + "}"));
-    EXPECT_EQ(session_.window.Status().text, "Exported story: " + result.path.string());
 
     session_.preferences.RTFWithImages = false;
     EXPECT_EQ(DraftImagesRtf(session_), "");

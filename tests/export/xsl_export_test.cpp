@@ -48,11 +48,9 @@ TEST_F(XslExportTest, TheLastTopLevelExtensionCommentNamesTheExtension) {
         EXPECT_EQ(StyleSheetExtension(sheet), extension) << comments;
     }
 
-    session_.storyFileName = "brief";
-    fs::rename(storyFile_, stories_ / "brief");
     UseSheet("text.xsl", "<!-- extension=txt -->" + kSheetBody);
-    EXPECT_EQ(ExportXslCommand(session_).path, stories_ / "brief.txt");
-    EXPECT_EQ(ReadBytes(stories_ / "brief.txt"), "<?xml version=\"1.0\"?>\nx\n");
+    EXPECT_EQ(ExportXslCommand(session_).path, stories_ / "brief.v2.txt");
+    EXPECT_EQ(ReadBytes(stories_ / "brief.v2.txt"), "<?xml version=\"1.0\"?>\nx\n");
 }
 
 TEST_F(XslExportTest, FailuresAreToldAndWriteNothingOrAnEmptyFile) {
