@@ -140,7 +140,7 @@ TEST_F(WorkflowCommand, SendsToAGroupAndToALayoutSystem) {
     EXPECT_EQ(ReadBytes(folder_ / "export/texts/Herald/storm/storm.jpg"), "JPEG storm");
 }
 
-TEST_F(WorkflowCommand, RefusalsAndTheMessage) {
+TEST_F(WorkflowCommand, RefusalsAndRemoval) {
     EXPECT_EQ(Run("workflow send Ann").err, "Add story to list\n");
     const fs::path source = Add("fire");
     const std::pair<std::string, std::string> refusals[] = {
@@ -155,9 +155,6 @@ TEST_F(WorkflowCommand, RefusalsAndTheMessage) {
     EXPECT_EQ(Run("workflow remove fire.xml").exitStatus, 0);
     EXPECT_EQ(Run("workflow list").out, "Stories:0 / Photos:0 / Other files:0\n");
     EXPECT_TRUE(fs::exists(source));
-    EXPECT_EQ(Run("workflow message Ann 'See you'").exitStatus, 0);
-    EXPECT_EQ(ReadBytes(folder_ / "inbox/Ann/{msg}.txt"),
-              "Ann Lee\r\nAnn\r\n05/03/2024 09:07\r\n\r\nSee you\r\n");
     EXPECT_EQ(Run("workflow frobnicate").exitStatus, 2);
 }
 
