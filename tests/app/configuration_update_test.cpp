@@ -48,9 +48,10 @@ struct Workstation {
     EditorSession session{MakeAppPaths(folder / "app"), user};
 };
 
+// On an FTP server the initial is folded where it has a plain letter; the server directory
+// takes a slash before Updates.
 TEST(ConfigurationUpdate, TheInitialIsFoldedOnlyOnAnFtpServer) {
     EXPECT_EQ(FtpUpdatePath("/incoming", "\xC3\xA9mile"), "/incoming/Updates/E/\xC3\xA9mile.xml");
-    EXPECT_EQ(FolderUpdatePath("/u", "\xC3\xA9mile"), fs::path("/u/\xC3\x89/\xC3\xA9mile.xml"));
     EXPECT_EQ(FtpUpdatePath("/", "\xC3\xA1gata"), "/Updates/\xC3\x81/\xC3\xA1gata.xml");
 }
 
@@ -95,58 +96,39 @@ TEST(ConfigurationUpdate, FromAnFtpServer) {
     }
 }
 
-// At start, against the updates folder: the folder is named by the accented initial itself.
-TEST(ConfigurationUpdate, FromTheUpdatesFolder) {
+// At the first activation, with the workflow visible and no forced login only, against the
+// updates folder, which is named by the accented initial itself: a document that loads
+// replaces the one in use and leaves the folder, its status in the status panel; one that
+// does not parse is rolled back and stays.
+TEST(ConfigurationUpdate, FromTheUpdatesFolderAtStart) {
     const struct {
-        const char* waiting;
+        bool visible, forced;
+        const char* waiting;  // nullptr: no document waits
         UpdateOutcome outcome;
         const char* editionAfter;
     } cases[] = {
-        {nullptr, UpdateOutcome::NoUpdate, "Herald"},
-        {"valid", UpdateOutcome::Updated, "Courier"},
-        {"<Tessarin", UpdateOutcome::Invalid, "Herald"},
+        {true, false, "valid", UpdateOutcome::Updated, "Courier"},
+        {true, false, nullptr, UpdateOutcome::NoUpdate, "Herald"},
+        {true, false, "<Tessarin", UpdateOutcome::Invalid, "Herald"},
+        {true, true, "valid", UpdateOutcome::NoUpdate, "Herald"},
+        {false, false, "valid", UpdateOutcome::NoUpdate, "Herald"},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.visible << c.forced << (c.waiting ? c.waiting : ""));
         Workstation desk;
-        const fs::path updates = desk.folder / "updates";
-        fs::create_directories(updates);
-        desk.session.configuration.workflow.UpdatesDirectory = updates.string();
-        const fs::path waiting = updates / "\xC3\x89/\xC3\x89mile.xml";
+        WorkflowSettings& workflow = desk.session.configuration.workflow;
+        workflow.UpdatesDirectory = (desk.folder / "updates").string();
+        fs::create_directories(workflow.UpdatesDirectory);
+        workflow.Visible = c.visible;
+        workflow.ForceLogin = c.forced;
+        const fs::path waiting = desk.folder / "updates/\xC3\x89/\xC3\x89mile.xml";
         if (c.waiting != nullptr) {
             desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml",
                               std::string(c.waiting) == "valid" ? Document("Courier") : c.waiting);
         }
-        const UpdateResult result = UpdateConfigurationFromFolder(desk.session);
-        EXPECT_EQ(result.outcome, c.outcome) << c.editionAfter;
-        EXPECT_EQ(desk.session.Message("AddStory"), c.editionAfter);
-        EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::Invalid);
-        if (c.outcome == UpdateOutcome::Updated) {
-            EXPECT_EQ(result.status, "Updated: " + waiting.string());
-        }
-    }
-}
-
-// At the first activation the check runs only with the workflow visible and no forced login;
-// its status goes to the status panel.
-TEST(ConfigurationUpdate, AtStartOnlyWithTheWorkflowAndNoForcedLogin) {
-    const struct {
-        bool visible, forced;
-        UpdateOutcome outcome;
-    } cases[] = {
-        {true, false, UpdateOutcome::Updated},
-        {true, true, UpdateOutcome::NoUpdate},
-        {false, false, UpdateOutcome::NoUpdate},
-    };
-    for (const auto& c : cases) {
-        Workstation desk;
-        WorkflowSettings& workflow = desk.session.configuration.workflow;
-        workflow.UpdatesDirectory = (desk.folder / "updates").string();
-        workflow.Visible = c.visible;
-        workflow.ForceLogin = c.forced;
-        const fs::path waiting =
-            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml", Document("Courier"));
         EXPECT_EQ(UpdateConfigurationAtStart(desk.session).outcome, c.outcome);
-        EXPECT_EQ(fs::exists(waiting), c.outcome == UpdateOutcome::NoUpdate);
+        EXPECT_EQ(desk.session.Message("AddStory"), c.editionAfter);
+        EXPECT_EQ(fs::exists(waiting), c.waiting != nullptr && c.outcome != UpdateOutcome::Updated);
         EXPECT_EQ(desk.session.window.Status().text,
                   c.outcome == UpdateOutcome::Updated ? "Updated: " + waiting.string() : "");
     }

@@ -59,7 +59,6 @@ class ExportCommand : public ::testing::Test {
     }
 
     std::filesystem::path Out() const { return folder_ / "out.bin"; }
-    std::string Texts(const std::string& rest) const { return (folder_ / "texts").string() + rest; }
     // No file is left in Upload (its Logs folder stays).
     bool UploadIsEmpty() const {
         return std::ranges::none_of(std::filesystem::directory_iterator(folder_ / "app/Upload"),
@@ -75,7 +74,7 @@ class ExportCommand : public ::testing::Test {
 // and target are the export tests' part); modes ftp and user take the server and the given
 // target; the story itself is left as it was.
 TEST_F(ExportCommand, EveryFormatAndModeReachesItsWriter) {
-    const std::string texts = Texts(""), chain = Texts("/Herald/Cold/fire");
+    const std::string chain = (folder_ / "texts/Herald/Cold/fire").string();
     const struct {
         std::string format;
         std::string options;
@@ -85,7 +84,6 @@ TEST_F(ExportCommand, EveryFormatAndModeReachesItsWriter) {
     } rows[] = {
         {"TessarinML", "--log-line 'a -> Layout'", chain + "/fire.xml", chain,
          "Fire</TextBox6>\r\n</Body>\r\n<Logs><Log Type=\"L\">a -&gt; Layout</Log>"},
-        {"NewsML", "", texts + "/fire.xml", "", "?>\r\n<NewsML>"},
         {"InDesign", "", chain + "/fire.txt", chain, "<ANSI-WIN>"},
         {"NewsML", "--mode ftp --server 2", "/web/texts/fire.xml", "", "<NewsML>"},
         {"NewsML", "--mode ftp", "fire.xml", "", "<NewsML>"},  // server 1 has no texts directory

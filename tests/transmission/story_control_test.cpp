@@ -39,18 +39,15 @@ class StoryControlEdit : public ::testing::TestWithParam<EditCase> {};
 TEST_P(StoryControlEdit, AsksToEditAndKeepsTheStoryOut) {
     const EditCase& test = GetParam();
     WorkflowDesk desk;
-    std::string images;
-    for (int index = 0; index < std::max(test.images, 1); ++index) {
-        const fs::path picture = desk.folder / ("stories/pic" + std::to_string(index) + ".jpg");
-        if (test.images >= 0)
-            desk.folder.Write("stories/pic" + std::to_string(index) + ".jpg",
-                              std::string(2048, 'x'));
-        images +=
-            "<ImageBag>\r\n<Image href=\"file://" + picture.string() + "\"/>\r\n</ImageBag>\r\n";
+    std::vector<fs::path> pictures;
+    for (int index = 0; index < std::abs(test.images); ++index) {
+        const std::string name = "stories/pic" + std::to_string(index) + ".jpg";
+        pictures.push_back(desk.folder / name);
+        if (test.images > 0) desk.folder.Write(name, std::string(2048, 'x'));
     }
     const fs::path story = desk.Story(
         "fire.xml", test.metadata, "<TextBox6 CharCount=\"" + test.charCount + "\">Fire</TextBox6>",
-        "<Images>\r\n" + (test.images == 0 ? std::string() : images) + "</Images>\r\n");
+        WorkflowDesk::Images(pictures));
     desk.window.preparedStory = story;
 
     const AddResult result = AddStory(desk.session, desk.window);

@@ -2,11 +2,13 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "common/scoped_environment.h"
 #include "config/configuration_document.h"
 #include "session/editor_session.h"
 #include "support/temp_dir.h"
+#include "transmission/story_staging.h"
 #include "transmission/workflow_window.h"
 
 namespace tessarin::testing {
@@ -15,7 +17,8 @@ namespace tessarin::testing {
 // inboxes Ann (a user), Desk (a group) and Page (an InDesign layout system) under inbox/,
 // delivery folders under export/, the form "Brief" (box 7 takes 1000 to 2000 characters,
 // at most 2 pictures worth 300 characters each) and the status values Draft and Usable.
-// Stories are written under stories/; the send window is open.
+// Stories are written under stories/; the send window is open. Stage() lists a story with
+// one picture of the size given.
 struct WorkflowDesk {
     explicit WorkflowDesk(std::string ftpAttributes = "", std::string workflowAttributes = "") {
         ConfigurationDocument document;
@@ -67,12 +70,24 @@ struct WorkflowDesk {
     }
 
     // Images blocks for the files given, as the story writer writes their paths.
-    static std::string Images(std::initializer_list<std::filesystem::path> files) {
+    static std::string Images(const std::vector<std::filesystem::path>& files) {
         std::string block = "<Images>\r\n";
         for (const auto& file : files)
             block +=
                 "<ImageBag>\r\n<Image href=\"file://" + file.string() + "\"/>\r\n</ImageBag>\r\n";
         return block + "</Images>\r\n";
+    }
+
+    // Lists name.xml with its picture name.jpg, whose bytes are pictureSize times the name's
+    // first letter; true when the story was staged.
+    bool Stage(const std::string& name, std::size_t pictureSize) {
+        pictures.push_back(std::string(pictureSize, name[0]));
+        const auto picture = folder.Write("stories/" + name + ".jpg", pictures.back());
+        sources.push_back(Story(name + ".xml", "<Form>Brief</Form>",
+                                R"(<TextBox6 CharCount="1500">Fire</TextBox6>)",
+                                Images({picture})));
+        window.preparedStory = sources.back();
+        return AddStory(session, window).outcome == AddOutcome::Staged;
     }
 
     ScopedEnvironment now{"TESSARIN_NOW", "2024-03-05T09:07:30"};
@@ -81,6 +96,8 @@ struct WorkflowDesk {
     ScriptedInteraction user;
     EditorSession session{MakeAppPaths(folder / "app"), user};
     WorkflowWindow window;
+    std::vector<std::filesystem::path> sources;  // the stories staged, and their pictures
+    std::vector<std::string> pictures;
 };
 
 }  // namespace tessarin::testing

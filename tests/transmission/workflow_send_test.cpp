@@ -24,15 +24,8 @@ using testing::WorkflowDesk;
 // A desk with two stories in the list, each with a picture of 64 KB.
 struct ListedDesk : WorkflowDesk {
     ListedDesk() {
-        for (const char* name : {"alpha", "beta"}) {
-            const fs::path picture = folder.Write(std::string("stories/") + name + ".jpg",
-                                                  std::string(64 * 1024, name[0]));
-            sources.push_back(Story(std::string(name) + ".xml", "<Form>Brief</Form>",
-                                    R"(<TextBox6 CharCount="1500">Fire</TextBox6>)",
-                                    Images({picture})));
-            window.preparedStory = sources.back();
-            EXPECT_EQ(AddStory(session, window).outcome, AddOutcome::Staged);
-        }
+        for (const char* name : {"alpha", "beta"})
+            EXPECT_TRUE(Stage(name, 64 * 1024));
     }
 
     SendOutcome SendTo(const std::string& destination) {
@@ -41,8 +34,6 @@ struct ListedDesk : WorkflowDesk {
     }
 
     fs::path Upload(const std::string& name) const { return session.paths.uploadDir / name; }
-
-    std::vector<fs::path> sources;
 };
 
 TEST(SendList, ListsTheStoriesWithTheirPicturesAndCounts) {
@@ -86,14 +77,6 @@ TEST(SendList, AnUncontrolledStoryHidesLayoutUntilItLeaves) {
     EXPECT_FALSE(fs::exists(desk.session.paths.uploadDir / "fire.nc"));
     ChooseControl(desk.session, desk.window, true);
     EXPECT_EQ(destinations(), "Send to;Ann;Desk;Page;");
-}
-
-TEST(SendList, DestinationsAdmittedByTabAndControl) {
-    EXPECT_TRUE(DestinationAdmitted("G", WorkflowTab::Stories, false));
-    EXPECT_FALSE(DestinationAdmitted("L InDesign", WorkflowTab::Stories, false));
-    EXPECT_TRUE(DestinationAdmitted("L InDesign", WorkflowTab::Stories, true));
-    EXPECT_TRUE(DestinationAdmitted("U", WorkflowTab::Message, true));
-    EXPECT_FALSE(DestinationAdmitted("G", WorkflowTab::Message, true));
 }
 
 TEST(SendList, RemoveWantsAStoryNode) {
