@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "cli/cli_run.h"
+#include "session/session_start.h"
+#include "support/demo_launch.h"
 #include "support/tool_run.h"
 
 namespace tessarin {
@@ -70,6 +72,39 @@ TEST_F(DemoNewsroom, EveryStoryReadsAndSavesBackToTheSameBytes) {
     }
 }
 
+// On a machine whose locale is C (month first), each story, given a line of text, is saved
+// again with its checks in the date forms that the launcher gives the editor; without them
+// the save is refused with a message that names the date form expected.
+TEST_F(DemoNewsroom, EveryStoryIsEditedAndSavedAgainInTheLaunchersDateFormsInTheCLocale) {
+    const DemoLaunch launch = LaunchDemo(folder_, app_);
+    ASSERT_EQ(launch.exitStatus, 0);
+    std::string launcher = "LC_ALL=C";
+    for (const char* name : {"TESSARIN_SHORT_DATE", "TESSARIN_LONG_DATE"}) {
+        const auto value = launch.environment.find(name);
+        ASSERT_NE(value, launch.environment.end()) << name;
+        launcher += std::string(" ") + name + "=" + Quoted(value->second);
+    }
+    const fs::path edited = folder_ / "edited/story.xml";
+    const std::string resave = "story resave " + Quoted(edited.string()) + " -o " +
+                               Quoted((folder_ / "saved.xml").string());
+    for (const fs::path& story : stories_) {
+        std::string bytes = ReadBytes(story);
+        bytes.replace(bytes.find("</TextBox6>"), 0, " Updated at noon.");
+        folder_.Write("edited/story.xml", bytes);
+        const CliRun save = RunCli(folder_, resave, launcher);
+        EXPECT_EQ(save.exitStatus, 0) << story << save.out << save.err;
+        EXPECT_NE(ReadBytes(folder_ / "saved.xml").find("Updated at noon."), std::string::npos);
+
+        if (bytes.find("<PublicationDate Name=\"Publication date\">0<") != std::string::npos) {
+            continue;  // a cold story has no date to judge
+        }
+        const CliRun refused = RunCli(folder_, resave, "LC_ALL=C");
+        EXPECT_EQ(refused.exitStatus, 1) << story;
+        EXPECT_NE(refused.err.find("Publication date: Invalid date (M/d/yyyy)"), std::string::npos)
+            << refused.out << refused.err;
+    }
+}
+
 TEST_F(DemoNewsroom, EveryPictureCarriesItsCaptionInItsIptcData) {
     int pictures = 0;
     for (const auto& entry : fs::directory_iterator(kRepository / "demo/pictures")) {
@@ -84,11 +119,16 @@ TEST_F(DemoNewsroom, EveryPictureCarriesItsCaptionInItsIptcData) {
     EXPECT_GE(pictures, 3);
 }
 
-// The configuration loads whole (no missing section told); a second run rewrites it and
-// leaves the user's stories alone.
+// The configuration loads whole (no missing section told) and the editor starts on it; a second run
+// rewrites it and leaves the user's stories alone.
 TEST_F(DemoNewsroom, ASecondRunKeepsTheUsersStoriesAndRewritesTheConfiguration) {
     const CliRun check = RunCli(folder_, "config check");
     EXPECT_EQ(std::to_string(check.exitStatus) + check.out + check.err, "0");
+    // The editor starts on it without a word: every workflow directory is there.
+    ScriptedInteraction user;
+    EditorSession session(MakeAppPaths(app_), user);
+    EXPECT_EQ(StartEditor(session).state, StartState::Ready);
+    EXPECT_EQ(user.messages, std::vector<std::string>{});
     const fs::path story = app_ / "Stories/harbour-season.xml";
     std::ofstream(story, std::ios::binary) << "changed";
     std::ofstream(app_ / "Tessarin.xml", std::ios::binary) << "broken";
