@@ -41,7 +41,6 @@ class XmlNode {
     // The attribute's value as UTF-8, empty when the attribute (or the node) is missing.
     std::string Attribute(std::string_view name) const;
     bool HasAttribute(std::string_view name) const;
-    void RemoveAttribute(std::string_view name);
     void RemoveAllAttributes();
 
     // The text of the element and all its descendants, concatenated, white space kept:

@@ -345,10 +345,6 @@ bool XmlNode::HasAttribute(std::string_view name) const {
     return FindAttribute(node_, name) != nullptr;
 }
 
-void XmlNode::RemoveAttribute(std::string_view name) {
-    if (xmlAttr* attribute = FindAttribute(node_, name)) xmlRemoveProp(attribute);
-}
-
 void XmlNode::RemoveAllAttributes() {
     while (node_ != nullptr && node_->properties != nullptr)
         xmlRemoveProp(node_->properties);
