@@ -4,7 +4,6 @@
 
 #include "news/news_item_text.h"
 #include "news/news_samples.h"
-#include "support/temp_dir.h"
 
 namespace tessarin {
 namespace {
@@ -71,49 +70,6 @@ TEST(NewsItem, ReadsNestedComponentsWithAnXhtmlBodyInLatin1) {
     EXPECT_EQ(entry.words, "");
     EXPECT_EQ(ReadNewsItemView(document).text,
               "Les dockers cessent le travail à l'aube.\r\nLe préfet réunit les parties.");
-}
-
-TEST(NewsItem, InternalEntitiesAreReadAndExternalOnesNeverFetched) {
-    testing::TempDir folder;
-    const auto secret = folder.Write("secret.txt", "SECRET-MARKER");
-    const std::string item =
-        "<?xml version=\"1.0\"?>\n<!DOCTYPE NewsML [\n<!ENTITY agency \"Meridian Wire\">\n"
-        "<!ENTITY leak SYSTEM \"file://" +
-        secret.string() +
-        "\">\n"
-        "<!ENTITY remote SYSTEM \"http://127.0.0.1:9/x\">]>\n"
-        "<NewsML><NewsItem><NewsComponent><ContentItem><DataContent>"
-        "<p>&agency; reports.&leak;&remote;</p></DataContent></ContentItem></NewsComponent>"
-        "</NewsItem></NewsML>";
-    XmlDocument document;
-    if (!document.LoadBytes(item)) return;  // refusing the external entity is safe too
-    EXPECT_EQ(ReadNewsItemView(document).text, "Meridian Wire reports.");
-}
-
-TEST(NewsItem, HostileFilesGiveAParseErrorInTheListForm) {
-    const std::string whole = NitfItem({});
-    std::string deep = "<NewsML>";
-    for (int i = 0; i < 5000; ++i)
-        deep += "<NewsComponent>";
-    for (int i = 0; i < 5000; ++i)
-        deep += "</NewsComponent>";
-    deep += "</NewsML>";
-    // Ten levels of ten references each: ten thousand million characters.
-    std::string laughs = "<?xml version=\"1.0\"?><!DOCTYPE l [<!ENTITY a \"aaaaaaaaaa\">";
-    for (char name = 'b'; name <= 'k'; ++name) {
-        std::string references;
-        for (int i = 0; i < 10; ++i)
-            references += std::string("&") + static_cast<char>(name - 1) + ";";
-        laughs += std::string("<!ENTITY ") + name + " \"" + references + "\">";
-    }
-    laughs += "]><NewsML>&k;</NewsML>";
-    for (const std::string& bytes : {whole.substr(0, whole.size() / 2), deep, laughs}) {
-        XmlDocument document;
-        ASSERT_FALSE(document.LoadBytes(bytes));
-        const std::string message = NewsScanParseError("wire.xml", *document.ParseError());
-        EXPECT_TRUE(message.starts_with("Parsing error:wire.xml, Ligne: ")) << message;
-        EXPECT_NE(message.find(", position: "), std::string::npos);
-    }
 }
 
 TEST(NewsItem, AHugeItemReadsWholeAndNumbersAndDatesReadAsShown) {

@@ -16,11 +16,7 @@ using testing::SampleItem;
 using testing::TempDir;
 
 SampleItem Item(std::string date, std::string headline, std::string body) {
-    SampleItem item;
-    item.date = std::move(date);
-    item.headline = std::move(headline);
-    item.body = std::move(body);
-    return item;
+    return {.date = std::move(date), .headline = std::move(headline), .body = std::move(body)};
 }
 
 std::vector<std::string> Headlines(const std::vector<NewsRow>& rows) {
@@ -119,6 +115,7 @@ TEST_F(NewsScanTest, CompanionLogsMarkTheRows) {
 
     const ShownNewsItem shown = ShowNewsItem(store / "c.XML");
     ASSERT_TRUE(shown.log);
+    EXPECT_EQ(shown.state, NewsCopyState::CopiedInPart);
     EXPECT_EQ(shown.log->marks, (std::vector<NewsMark>{{2, 3}}));
     EXPECT_EQ(shown.log->comments, (std::vector<std::string>{"seen by the desk"}));
     EXPECT_EQ(shown.log->note,
