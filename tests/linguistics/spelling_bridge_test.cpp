@@ -38,9 +38,11 @@ struct UnknownCase {
     std::string language;
     std::string text;
     std::vector<std::string> unknown;
+    bool ignoreUppercase = false;
 };
 
-TEST(SpellingBridge, FindsTheUnknownWordsOfFrenchAndEnglishTexts) {
+// (That the words of a note's anchor are never looked at is the spell command's test.)
+TEST(SpellingBridge, FindsTheUnknownWordsAndPassesUppercaseOnesWhenAsked) {
     const UnknownCase cases[] = {
         {"fr", "L'été, aujourd'hui, l’été et le porte-avions arrivent à Noël.", {}},
         {"fr", "Une fôte d'ortografe chez le prud'homme, presqu'île.", {"fôte", "d'ortografe"}},
@@ -48,25 +50,17 @@ TEST(SpellingBridge, FindsTheUnknownWordsOfFrenchAndEnglishTexts) {
         {"fr_FR", "« Œuvre » rendez-vous, rendez-vou", {"rendez-vou"}},
         {"en", "The colour of teh sky, don't worry; a well-known fact.", {"colour", "teh"}},
         {"en-US", "Its' fine -- it's naive recieve", {"recieve"}},
+        {"en", "QWXZ said zorkle well", {"zorkle"}, true},
     };
     TempDir folder;
     for (const UnknownCase& unknown : cases) {
+        SpellingSettings settings = Settings(unknown.language, folder);
+        settings.ignoreUppercase = unknown.ignoreUppercase;
         SpellingBridge bridge;
-        ASSERT_EQ(bridge.Start(Settings(unknown.language, folder)), "") << unknown.language;
+        ASSERT_EQ(bridge.Start(settings), "") << unknown.language;
         EXPECT_EQ(Unknown(bridge, StyledText(Utf8ToUtf16(unknown.text))), unknown.unknown)
             << unknown.text;
     }
-}
-
-// (That the words of a note's anchor are never looked at is the spell command's test.)
-TEST(SpellingBridge, UppercaseWordsPassWhenAsked) {
-    TempDir folder;
-    SpellingSettings settings = Settings("en", folder);
-    settings.ignoreUppercase = true;
-    SpellingBridge bridge;
-    ASSERT_EQ(bridge.Start(settings), "");
-    EXPECT_EQ(Unknown(bridge, StyledText(u"QWXZ said zorkle well")),
-              std::vector<std::string>{"zorkle"});
 }
 
 TEST(SpellingBridge, CorrectionKeepsFormatsAndNotesAndFollowsEachDecision) {
