@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "common/scoped_environment.h"
 #include "search/search_query.h"
 #include "search/search_tree.h"
 #include "search/story_search.h"
@@ -37,17 +37,6 @@ std::vector<std::string> Search(const fs::path& folder, std::string_view text,
         SearchStories(folder, MakeSearchQuery(text, scope, op, matchCase), cache).Listed(true));
 }
 
-// One story per scope, so that each case says which scopes a text is seen in.
-class ScopeTree : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        folder_.Write("meta.xml", MakeStoryFile("Le Quotidien du Soir", "rien"));
-        folder_.Write("text.xml", MakeStoryFile("X", "Le club a gagné à Lyon, été comme hiver"));
-        folder_.Write("iptc.xml", MakeStoryFile("X", "rien", "Le stade", "AFP", "foot; Été"));
-    }
-    TempDir folder_;
-};
-
 struct ScopeCase {
     const char* text;
     SearchScope scope;
@@ -56,7 +45,12 @@ struct ScopeCase {
     std::vector<std::string> expected;  // in walk order
 };
 
-TEST_F(ScopeTree, ScopesOperatorsAndCase) {
+TEST(StorySearch, ScopesOperatorsAndCase) {
+    // One story per scope, so that each case says which scopes a text is seen in.
+    TempDir folder;
+    folder.Write("meta.xml", MakeStoryFile("Le Quotidien du Soir", "rien"));
+    folder.Write("text.xml", MakeStoryFile("X", "Le club a gagné à Lyon, été comme hiver"));
+    folder.Write("iptc.xml", MakeStoryFile("X", "rien", "Le stade", "AFP", "foot; Été"));
     using enum SearchScope;
     using enum SearchOperator;
     const std::vector<ScopeCase> cases = {
@@ -88,7 +82,7 @@ TEST_F(ScopeTree, ScopesOperatorsAndCase) {
         SCOPED_TRACE(std::string(test.text) + " scope " + std::to_string(int(test.scope)) +
                      " operator " + std::to_string(int(test.op)) + " case " +
                      std::to_string(test.matchCase));
-        EXPECT_EQ(Search(folder_.path(), test.text, test.scope, test.op, test.matchCase),
+        EXPECT_EQ(Search(folder.path(), test.text, test.scope, test.op, test.matchCase),
                   test.expected);
     }
 }
@@ -129,7 +123,7 @@ TEST(StorySearch, WalkOrderBackupsAndFilesThatAreNoStories) {
 }
 
 TEST(StorySearch, RowHoldsTheListColumns) {
-    ::setenv("TESSARIN_SHORT_DATE", "dd/MM/yyyy", 1);
+    testing::ScopedEnvironment shortDate("TESSARIN_SHORT_DATE", "dd/MM/yyyy");
     TempDir folder;
     const fs::path file = folder.Write("match.xml", testing::kFullStoryFileIso);
     std::string cold = testing::kFullStoryFileIso;
@@ -138,27 +132,25 @@ TEST(StorySearch, RowHoldsTheListColumns) {
 
     const std::optional<StoryExtract> story = ExtractStory(file);
     ASSERT_TRUE(story);
-    StoryRow expected;
-    expected.name = "match.xml";
-    expected.directory = folder.path().string();
-    expected.creationDate = "01/02/2025";
-    expected.creationTime = "08:15";
-    expected.lastSaveDate = "20/02/2025";
-    expected.lastSaveTime = "09:30";
-    expected.lastSaveAuthor = "Jean Dupont";
-    expected.characters = 24;
-    expected.publication = "Le Quotidien";
-    expected.classification = "Sports";
-    expected.section = "Football";
-    expected.subSection = "Ligue 1";
-    expected.publicationDate = "20250220";
-    expected.form = "Brève";
-    expected.images = 1;
+    const StoryRow expected{.name = "match.xml",
+                            .directory = folder.path().string(),
+                            .creationDate = "01/02/2025",
+                            .creationTime = "08:15",
+                            .lastSaveDate = "20/02/2025",
+                            .lastSaveTime = "09:30",
+                            .lastSaveAuthor = "Jean Dupont",
+                            .characters = 24,
+                            .publication = "Le Quotidien",
+                            .classification = "Sports",
+                            .section = "Football",
+                            .subSection = "Ligue 1",
+                            .publicationDate = "20250220",
+                            .form = "Brève",
+                            .images = 1};
     EXPECT_EQ(story->row, expected);
     EXPECT_EQ(story->upperTexts.text, UpperCaseText(story->texts.text));
     EXPECT_NE(story->texts.text.find("Le club a gagné."), std::string::npos);
     EXPECT_EQ(ExtractStory(coldFile)->row.publicationDate, "Publication date");
-    ::unsetenv("TESSARIN_SHORT_DATE");
 }
 
 }  // namespace
