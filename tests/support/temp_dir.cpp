@@ -1,24 +1,19 @@
 #include "support/temp_dir.h"
 
+#include <stdlib.h>
+
 #include <fstream>
-#include <random>
 #include <sstream>
 #include <stdexcept>
 
 namespace tessarin::testing {
 
 TempDir::TempDir() {
-    std::random_device seed;
-    std::mt19937_64 random(seed());
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        auto candidate =
-            std::filesystem::temp_directory_path() / ("tessarin-test-" + std::to_string(random()));
-        if (std::filesystem::create_directory(candidate)) {
-            path_ = candidate;
-            return;
-        }
-    }
-    throw std::runtime_error("cannot create a temporary folder");
+    std::string pattern =
+        (std::filesystem::temp_directory_path() / "tessarin-test-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr)
+        throw std::runtime_error("cannot create a temporary folder");
+    path_ = pattern;
 }
 
 TempDir::~TempDir() {
