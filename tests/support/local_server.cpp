@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "support/shell_quote.h"
+#include "support/tool_run.h"
 
 namespace fs = std::filesystem;
 
@@ -99,14 +100,10 @@ std::string RunPython(const std::string& program, const std::vector<std::string>
     std::string command = std::string(kPython) + " -c " + Quoted(program);
     for (const std::string& argument : arguments)
         command += " " + Quoted(argument);
-    std::FILE* pipe = popen(command.c_str(), "r");
-    std::string output;
-    char buffer[4096];
-    std::size_t read = 0;
-    while ((read = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
-        output.append(buffer, read);
-    EXPECT_EQ(pclose(pipe), 0) << program;
-    return output;
+    // Only what the program prints is wanted: its warnings on standard error are left out.
+    const ToolRun run = RunTool("{ " + command + " 2>/dev/null; }");
+    EXPECT_EQ(run.exitStatus, 0) << program;
+    return run.output;
 }
 
 }  // namespace tessarin::testing
