@@ -111,7 +111,7 @@ TEST(ReadPreferences, IntegersAndColoursFollowTheirOwnRules) {
               "12|14|30");
 }
 
-TEST(ReadPreferences, WindowValuesArePresentOnlyWhenStored) {
+TEST(ReadPreferences, WindowValuesArePresentOnlyWhenStoredAndWrittenBackInTheirOrder) {
     TempDir dir;
     const MainWindowSection window =
         ReadFrom(dir, "[MainWindow]\r\nWindowState=2\r\nLeft=-4\r\nWidth=800\r\nSizeBarV=abc\r\n")
@@ -126,6 +126,14 @@ TEST(ReadPreferences, WindowValuesArePresentOnlyWhenStored) {
     MainWindowSection minimised;
     minimised.WindowState = kWindowMinimised;
     EXPECT_FALSE(AppliesStoredRectangle(minimised));
+
+    // At exit every key is written, in this order.
+    const std::string bytes =
+        "[MainWindow]\r\nWindowState=0\r\nLeft=-4\r\nTop=0\r\nWidth=1024\r\n"
+        "Height=768\r\nSizeBarV=300\r\nSizeBarVText=120\r\nSizeBarVImage=95\r\n";
+    ProfileFile profile(dir / "written.ini");
+    ASSERT_TRUE(WriteMainWindow(profile, ReadFrom(dir, bytes).MainWindow));
+    EXPECT_EQ(ReadBytes(profile.Path()), bytes);
 }
 
 TEST(ReadPreferences, RemovedDirectoryIsIgnoredButStaysInTheFile) {
@@ -142,16 +150,6 @@ TEST(ReadPreferences, RemovedDirectoryIsIgnoredButStaysInTheFile) {
     ASSERT_TRUE(WritePreferencesDialog(profile, preferences));
     ASSERT_TRUE(WriteMainWindow(profile, preferences.MainWindow));
     EXPECT_EQ(ReadBytes(profile.Path()).substr(0, bytes.size()), bytes);
-}
-
-TEST(WritePreferences, MainWindowAtExitInItsOrder) {
-    TempDir dir;
-    const std::string bytes =
-        "[MainWindow]\r\nWindowState=0\r\nLeft=-4\r\nTop=0\r\nWidth=1024\r\n"
-        "Height=768\r\nSizeBarV=300\r\nSizeBarVText=120\r\nSizeBarVImage=95\r\n";
-    ProfileFile profile(dir / "written.ini");
-    ASSERT_TRUE(WriteMainWindow(profile, ReadFrom(dir, bytes).MainWindow));
-    EXPECT_EQ(ReadBytes(profile.Path()), bytes);
 }
 
 TEST(WritePreferences, SingleKeysGoInPlace) {
@@ -234,14 +232,6 @@ TEST(StyleSheetPath, NamedSheetOrTheDefaultOneWhenItExists) {
     preferences.XSLT = (dir / "removed.xsl").string();
     preferences.UseXSLT = true;
     EXPECT_EQ(StyleSheetPath(preferences, xsltDir), std::nullopt);
-}
-
-// The rich-text colour table takes red, green and blue from the low bytes in that order; a
-// system colour is told apart by its high bit.
-TEST(Colours, ComponentsAndSystemColours) {
-    EXPECT_EQ(SplitColour(Rgb(10, 20, 30)), (ColourComponents{10, 20, 30}));
-    EXPECT_TRUE(IsSystemColour(kWindowBackground));
-    EXPECT_FALSE(IsSystemColour(Rgb(0, 0, 255)));
 }
 
 }  // namespace

@@ -98,11 +98,6 @@ TEST(ProfileFileWrite, ABatchEditsEveryLineAsSingleWritesDo) {
          "; user settings\n[MainWindow]\nLeft=-4\r\nTop=20\n\n[Preferences]\r\n; colours below\r\n"
          "UseXSLT=1\r\nXSLT=/srv/\xE9.xsl\r\n\r\n[FileMRU]\r\nFile1=C:\\News\\a.xml\r\n"
          "File2=b.xml\r\n[TipOfTheDay]\r\nLastTipOfTheDay=3\r\n"},
-        {"",
-         {{"Preferences", "LockMetadata", "1"},
-          {"Preferences", "KeepMetadata", "0"},
-          {"FileMRU", "File1", ""}},
-         "[Preferences]\r\nLockMetadata=1\r\nKeepMetadata=0\r\n[FileMRU]\r\nFile1=\r\n"},
         // The first of two keys of a name is replaced.
         {"[A]\r\nx=1\r\n[B]\r\n[A]\r\nx=2\r\n",
          {{"A", "x", "9"}, {"A", "y", "8"}},
@@ -129,9 +124,6 @@ TEST(ProfileFileWrite, ABatchEditsEveryLineAsSingleWritesDo) {
          "[A]\r\nx=9\r\nw=6\r\n[B]\r\ny=5\r\n[A]\r\nz=7\r\n[C]\r\nk=1\r\nK2=2\r\n"},
         // After a last line that ends in a lone CR, a LF completes its line end.
         {"[A]\r\nx=1\r", {{"A", "y", "2"}}, "[A]\r\nx=1\r\ny=2\r\n"},
-        {"; only a comment",
-         {{"S", "k", "v"}, {"S", "k", ""}},
-         "; only a comment\r\n[S]\r\nk=\r\n"},
         // A section without keys takes new keys right after its header.
         {"[A]\n; note\n[B]\n",
          {{"A", "k", "1"}, {"A", "l", "2"}},

@@ -23,9 +23,6 @@ constexpr std::string_view kFullLine =
 TEST(UUEncode, FullLinesOfFortyFiveBytesAndALastLineForTheRest) {
     const std::string full(kFullLine);
     const std::pair<std::size_t, std::string> rows[] = {
-        {0, " \n"},
-        {1, "! 2 @\n"},
-        {2, "\" 0@@\n"},
         {3, "# 0@/\n"},
         {44, "L 0@/%ATD*S(Y0$=.55QC:G%X?X:-E)NBJ;\"WOL7,T]KAZ._V_00+$AD@)RX@\n"},
         {45, full + " \n"},

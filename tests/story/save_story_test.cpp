@@ -6,6 +6,7 @@
 #include <csignal>
 
 #include "common/scoped_environment.h"
+#include "config/messages_section.h"
 #include "story/story_file_writer.h"
 #include "story_save_fixture.h"
 #include "support/temp_dir.h"
@@ -23,17 +24,10 @@ constexpr LocalDateTime kNow{2025, 2, 20, 9, 30, 0};
 
 class SaveStoryTest : public ::testing::Test {
   protected:
+    // The English messages, as a configuration without its own texts gives them.
     SaveStoryTest() {
-        for (const auto& [key, text] : std::initializer_list<std::pair<const char*, const char*>>{
-                 {"MandatoryField", "Mandatory field"},
-                 {"EmptyStory", "Empty story:"},
-                 {"ReadOnlyStory", "Read only story"},
-                 {"ReadOnlyStorySave", "Save with a new name ?"},
-                 {"SavedStory", "Saved story"},
-                 {"NotSavedStory", "Not saved story"},
-                 {"StoryBackupLabel", "Backup story"}}) {
-            fixture_.configuration.messages.Set(key, text);
-        }
+        for (const MessageDefault& message : MessageDefaults())
+            fixture_.configuration.messages.Set(message.key, std::string(message.text));
     }
 
     SaveResult Save(bool unattended = false, std::function<bool()> saveAs = {}) {
