@@ -155,9 +155,10 @@ QString ContextMenuStates(QTreeWidget& tree) {
 class InformationPanelsTest : public QObject {
     Q_OBJECT
   private slots:
-    // A click goes to the core, whose filing and highlight rules are tested there; the panel
-    // shows the fields, the configured label and the highlighted chain.
-    void aClickInThePublicationsFilesTheStoryAndHighlightsTheChain() {
+    // A click goes to the core, whose filing, highlight and search rules are tested there; the
+    // panel shows the fields, the configured label and the highlighted chain, and its windows
+    // search and edit the classification.
+    void theClassificationIsFiledSearchedAndEdited() {
         MetadataBench bench;
         QSignalSpy changed(&bench.panel, &SessionView::sessionChanged);
         bench.Click("treePublications", "T1");
@@ -181,44 +182,41 @@ class InformationPanelsTest : public QObject {
         // The pointer over a sub-section shows its code and name.
         emit bench.Tree("treePublications")->itemEntered(sibling, 0);
         QCOMPARE(bench.Tree("treePublications")->toolTip(), QStringLiteral("69/009 - Vaise"));
-    }
 
-    void keywordsAreAddedInPlaceAndRemovedWithDel() {
-        MetadataBench bench;
-        QTreeWidget* tree = bench.Tree("treeKeywords");
-        auto type = [&](const char* text) {
-            tree->setCurrentItem(bench.Item("treeKeywords", "K1/new"));
-            QTest::keyClick(tree, Qt::Key_Return);
-            auto* editor = tree->viewport()->findChild<QLineEdit*>();
-            QVERIFY(editor != nullptr);
+        // The search window counts, finds and switches to the full view.
+        bench.AnswerDialog([&] { bench.panel.SearchPublications(); },
+                           [](QDialog& dialog) {
+                               QCOMPARE(dialog.objectName(),
+                                        QStringLiteral("frmSearchPublications"));
+                               dialog.findChild<QRadioButton*>("optAllPublications")->click();
+                               QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [8 items]")));
+                               dialog.findChild<QRadioButton*>("optSearchCode1")->click();
+                               dialog.findChild<QLineEdit*>("txtSearch")->setText(" 69 ");
+                               dialog.findChild<QPushButton*>("cmdOK")->click();
+                           });
+        QVERIFY(bench.session.configuration.publications.allPublications);
+        QVERIFY(bench.Item("treePublications", "T1")->font(0).bold());
+        QVERIFY(bench.Item("treePublications", "T2")->font(0).bold());
+        QVERIFY(!bench.Item("treePublications", "T3")->font(0).bold());
 
-            editor->selectAll();
-            QTest::keyClicks(editor, QString::fromUtf8(text));
-            QTest::keyClick(editor, Qt::Key_Return);
-        };
-        type("Lyon");
-        QTRY_COMPARE(bench.session.story.keywords, (std::vector<StoryKeyword>{{"K1", "Lyon"}}));
-        QCOMPARE(bench.Item("treeKeywords", "K1/1")->text(0), QStringLiteral("Lyon"));
-        QCOMPARE(SessionTreeWidget::KeyOf(tree->currentItem()), std::string("K1/new"));
+        // The metadata window edits the classification.
+        bench.Click("treePublications", "S1");
+        bench.session.storyModified = false;
+        bench.AnswerDialog([&] { bench.panel.EditClassification(); },
+                           [](QDialog& dialog) {
+                               QCOMPARE(dialog.windowTitle(), QStringLiteral("Metadata..."));
+                               auto* field = dialog.findChild<QLineEdit*>("txtSectionLocal");
+                               QCOMPARE(field->text(), QStringLiteral("Lyon"));
+                               field->setText(QStringLiteral("Lyon Ouest"));
+                               dialog.findChild<QPushButton*>("cmdOK")->click();
+                           });
+        QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon Ouest"));
         QVERIFY(bench.session.storyModified);
-
-        tree->setCurrentItem(bench.Item("treeKeywords", "K1/1"));
-        QTest::keyClick(tree, Qt::Key_Delete);
-        QVERIFY(bench.session.story.keywords.empty());
-        QCOMPARE(bench.Item("treeKeywords", "K1/1"), nullptr);
     }
 
-    void aCheckedTopicIsTheStorysAndBold() {
-        MetadataBench bench;
-        QTreeWidgetItem* sport = bench.Item("treeTaxonomy", "T0/1");
-        QVERIFY(sport->flags() & Qt::ItemIsUserCheckable);
-        sport->setCheckState(0, Qt::Checked);
-        QCOMPARE(bench.session.story.taxonomy, (std::vector<TaxonomyTopic>{{"Sport", 15000000}}));
-        QVERIFY(bench.Item("treeTaxonomy", "T0/1")->font(0).bold());
-        QVERIFY(bench.Tree("treeTaxonomy")->isVisible());
-    }
-
-    void datesFollowTypingStepsAndTheCalendar() {
+    // The fields and trees besides the classification: dates by typing, steps and calendar, the
+    // cold story, the lock, the status, keywords and topics.
+    void theOtherFieldsFollowTheUsersGestures() {
         MetadataBench bench;
         QCOMPARE(bench.Text("txtPublicationDate"), QStringLiteral("11/03/2025"));
         auto* date = bench.Find<QLineEdit>("txtPublicationDate");
@@ -240,10 +238,8 @@ class InformationPanelsTest : public QObject {
         emit bench.Find<QLineEdit>("txtPublicationNumber")->textEdited(QStringLiteral("12"));
         bench.Find<UpDownControl>("udNumber")->stepBy(-1);
         QCOMPARE(bench.Text("txtPublicationNumber"), QStringLiteral("11"));
-    }
 
-    void coldStoryLockAndStatus() {
-        MetadataBench bench;
+        // A cold story has no date; a locked story no classification; the status is chosen.
         QTest::mouseClick(bench.Find<QCheckBox>("chkColdStory"), Qt::LeftButton);
         QVERIFY(!bench.Find<QLineEdit>("txtPublicationDate")->isEnabled());
 
@@ -259,50 +255,54 @@ class InformationPanelsTest : public QObject {
         QCOMPARE(status->currentText(), QStringLiteral("Ready"));
         emit status->activated(0);
         QCOMPARE(bench.session.story.statusIndex, 0);
-    }
 
-    void theSearchDialogCountsFindsAndSwitchesViews() {
-        MetadataBench bench;
-        bench.AnswerDialog([&] { bench.panel.SearchPublications(); },
-                           [](QDialog& dialog) {
-                               QCOMPARE(dialog.objectName(),
-                                        QStringLiteral("frmSearchPublications"));
-                               dialog.findChild<QRadioButton*>("optAllPublications")->click();
-                               QVERIFY(dialog.windowTitle().endsWith(QLatin1String(" [8 items]")));
-                               dialog.findChild<QRadioButton*>("optSearchCode1")->click();
-                               dialog.findChild<QLineEdit*>("txtSearch")->setText(" 69 ");
-                               dialog.findChild<QPushButton*>("cmdOK")->click();
-                           });
-        QVERIFY(bench.session.configuration.publications.allPublications);
-        QVERIFY(bench.Item("treePublications", "T1")->font(0).bold());
-        QVERIFY(bench.Item("treePublications", "T2")->font(0).bold());
-        QVERIFY(!bench.Item("treePublications", "T3")->font(0).bold());
-    }
+        // Keywords are added in place and removed with Del.
+        QTreeWidget* tree = bench.Tree("treeKeywords");
+        auto type = [&](const char* text) {
+            tree->setCurrentItem(bench.Item("treeKeywords", "K1/new"));
+            QTest::keyClick(tree, Qt::Key_Return);
+            auto* editor = tree->viewport()->findChild<QLineEdit*>();
+            QVERIFY(editor != nullptr);
 
-    void theMetadataDialogEditsTheClassification() {
-        MetadataBench bench;
-        bench.Click("treePublications", "S1");
+            editor->selectAll();
+            QTest::keyClicks(editor, QString::fromUtf8(text));
+            QTest::keyClick(editor, Qt::Key_Return);
+        };
         bench.session.storyModified = false;
-        bench.AnswerDialog([&] { bench.panel.EditClassification(); },
-                           [](QDialog& dialog) {
-                               QCOMPARE(dialog.windowTitle(), QStringLiteral("Metadata..."));
-                               auto* field = dialog.findChild<QLineEdit*>("txtSectionLocal");
-                               QCOMPARE(field->text(), QStringLiteral("Lyon"));
-                               field->setText(QStringLiteral("Lyon Ouest"));
-                               dialog.findChild<QPushButton*>("cmdOK")->click();
-                           });
-        QCOMPARE(bench.Text("txtSectionLocal"), QStringLiteral("Lyon Ouest"));
+        type("Lyon");
+        QTRY_COMPARE(bench.session.story.keywords, (std::vector<StoryKeyword>{{"K1", "Lyon"}}));
+        QCOMPARE(bench.Item("treeKeywords", "K1/1")->text(0), QStringLiteral("Lyon"));
+        QCOMPARE(SessionTreeWidget::KeyOf(tree->currentItem()), std::string("K1/new"));
         QVERIFY(bench.session.storyModified);
+
+        tree->setCurrentItem(bench.Item("treeKeywords", "K1/1"));
+        QTest::keyClick(tree, Qt::Key_Delete);
+        QVERIFY(bench.session.story.keywords.empty());
+        QCOMPARE(bench.Item("treeKeywords", "K1/1"), nullptr);
+
+        // A checked topic is the story's and bold.
+        QTreeWidgetItem* sport = bench.Item("treeTaxonomy", "T0/1");
+        QVERIFY(sport->flags() & Qt::ItemIsUserCheckable);
+        sport->setCheckState(0, Qt::Checked);
+        QCOMPARE(bench.session.story.taxonomy, (std::vector<TaxonomyTopic>{{"Sport", 15000000}}));
+        QVERIFY(bench.Item("treeTaxonomy", "T0/1")->font(0).bold());
+        QVERIFY(bench.Tree("treeTaxonomy")->isVisible());
     }
 
-    void aPictureChosenInTheDialogIsShownWithItsIptcValues() {
+    // Return in the list or the add button asks for a picture, shown with its IPTC values; the
+    // list's menu offers only what the selection allows.
+    void anAddedPictureIsShownWithItsIptcValuesAndTheMenuFollowsTheSelection() {
         AttachmentsBench bench;
         QVERIFY(!bench.Find<QLineEdit>("txtImageCaption")->isEnabled());
+        auto* add = bench.Find<QPushButton>("cmdAddImage");
+        QCOMPARE(add->text(), QStringLiteral("Add Photo..."));  // made of two captions
+        QVERIFY(bench.Find<QPushButton>("cmdAddOtherFile")->isVisible());
+        QTreeWidget& pictures = *bench.Tree("treeImages");
+        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
 
         bench.bench.user.QueuePath(bench.picture);
-        QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Return);
-
-        QCOMPARE(bench.Tree("treeImages")->topLevelItem(0)->text(0), QStringLiteral("Photos [1]"));
+        QTest::keyClick(&pictures, Qt::Key_Return);
+        QCOMPARE(pictures.topLevelItem(0)->text(0), QStringLiteral("Photos [1]"));
         QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
         QCOMPARE(bench.Text("txtImageCaption"), QStringLiteral("Harbour at dawn"));
         QCOMPARE(bench.Text("txtImageCredit"), QStringLiteral("Agency"));
@@ -310,14 +310,22 @@ class InformationPanelsTest : public QObject {
                     ->text()
                     .startsWith(QString::fromStdString(bench.picture.string() + "   Size: ")));
         QVERIFY(!bench.Find<QLabel>("picImage")->pixmap().isNull());
+        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace+ Remove+ Open+ IPTC+"));
 
         QTest::keyClicks(bench.Find<QLineEdit>("txtImageCaption"), QStringLiteral(", Brest"));
         QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn, Brest"));
         QVERIFY(bench.session.storyModified);
+
+        pictures.setCurrentItem(pictures.topLevelItem(0));
+        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
+        bench.bench.user.QueuePath(bench.bench.folder.Write("pics/quay.jpg", TaggedPicture()));
+        add->click();
+        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("quay.jpg"));
     }
 
-    // Drops reach the core, which decides what a list takes (tested there); Del removes.
-    void droppedFilesAreLinkedOrRefusedAndDelRemovesThem() {
+    // Drops reach the core, which decides what a list takes (tested there); the IPTC window
+    // shows the picture's values and copies them to it; Del removes.
+    void droppedFilesAreLinkedShownInTheIptcWindowAndRemovedWithDel() {
         AttachmentsBench bench;
         QTreeWidget* files = bench.Tree("treeOtherFiles");
         const std::filesystem::path notes = bench.bench.folder.Write("notes.txt", "interview");
@@ -329,20 +337,8 @@ class InformationPanelsTest : public QObject {
 
         bench.Drop(*bench.Find<QLabel>("picImage"), bench.picture);
         QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
-
-        QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Delete);
-        QVERIFY(bench.session.story.images.empty());
-        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("Photos [0]"));
-        QCOMPARE(bench.Find<QLabel>("lblImageInfo")->text(), QString());
-    }
-
-    void theIptcWindowShowsTheValuesAndCopiesThemToThePicture() {
-        AttachmentsBench bench;
-        bench.Drop(*bench.Tree("treeImages")->viewport(), bench.picture);
         bench.Find<QLineEdit>("txtImageCaption")->clear();
         QTest::keyClicks(bench.Find<QLineEdit>("txtImageCaption"), QStringLiteral("Mine"));
-        bench.Tree("treeImages")->setCurrentItem(bench.Tree("treeImages")->topLevelItem(0));
-
         bench.AnswerDialog(
             [&] { bench.panel.ShowIptc(); },
             [](QDialog& dialog) {
@@ -352,22 +348,11 @@ class InformationPanelsTest : public QObject {
                 dialog.findChild<QPushButton*>("cmdIPTCCaption")->click();
             });
         QCOMPARE(bench.session.story.images[0].caption, std::string("Harbour at dawn"));
-    }
 
-    void addingIsAButtonAndTheMenuOffersOnlyWhatTheSelectionAllows() {
-        AttachmentsBench bench;
-        auto* add = bench.Find<QPushButton>("cmdAddImage");
-        QCOMPARE(add->text(), QStringLiteral("Add Photo..."));  // made of two captions
-        QVERIFY(bench.Find<QPushButton>("cmdAddOtherFile")->isVisible());
-        QTreeWidget& pictures = *bench.Tree("treeImages");
-        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
-
-        bench.bench.user.QueuePath(bench.picture);
-        add->click();
-        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("harbour.jpg"));
-        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace+ Remove+ Open+ IPTC+"));
-        pictures.setCurrentItem(pictures.topLevelItem(0));
-        QCOMPARE(ContextMenuStates(pictures), QStringLiteral("Add+ Replace- Remove- Open- IPTC-"));
+        QTest::keyClick(bench.Tree("treeImages"), Qt::Key_Delete);
+        QVERIFY(bench.session.story.images.empty());
+        QCOMPARE(bench.CurrentText("treeImages"), QStringLiteral("Photos [0]"));
+        QCOMPARE(bench.Find<QLabel>("lblImageInfo")->text(), QString());
     }
 };
 

@@ -51,8 +51,10 @@ class MainWindowTest : public QObject {
     void Opened(const QUrl& url) { opened_ = url; }
 
   private slots:
-    // The title names the client and the new story; the recent files' rows wait for a file.
-    void startShowsTheConfiguredWindow() {
+    // The title names the client and the story; Save names it in the title and the recent
+    // files, a closed story opens again from there, and closing asks about a modified story.
+    // New and Open run from their keys and their menu in the shortcut and import tests.
+    void aStoryIsSavedClosedReopenedAndClosingAsks() {
         TempDir dir;
         Editor editor(dir, Newsroom());
         QVERIFY(editor.StartAndShow());
@@ -71,9 +73,38 @@ class MainWindowTest : public QObject {
         QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
         QVERIFY(editor.Action("Story")->isChecked());
         QVERIFY(!editor.Action("mnuDisplayMetadata")->isChecked());
+
+        editor.Type("Council votes the budget");
+        editor.user.QueuePath(dir / "brief.xml");
+        editor.Trigger("Save");
+        QVERIFY(!editor.window.Session().storyModified);
+        QCOMPARE(editor.window.windowTitle(),
+                 QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml[*]"));
+        QVERIFY(editor.Action("mnuSepMRU")->isVisible());
+        QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
+
+        editor.Trigger("Close");
+        QCOMPARE(editor.MainBox(), std::u16string());
+        editor.Trigger("mnuFileMRU1");
+        QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
+        QVERIFY(editor.user.questions.empty());
+
+        editor.Type(", unsaved");
+        editor.user.QueueAnswer(Answer::Cancel);
+        QVERIFY(!editor.window.close());
+        QVERIFY(editor.window.isVisible());
+        QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget, unsaved"));
+
+        editor.user.QueueAnswer(Answer::No);
+        QVERIFY(editor.window.close());
+        const std::string preferences = ReadBytes(dir / "Tessarin.ini");
+        const QString width = QStringLiteral("Width=%1\r\n").arg(editor.window.width());
+        QVERIFY(preferences.find(width.toStdString()) != std::string::npos);
     }
 
-    void aFirstStartWithoutConfigurationSaysWhereItGoes() {
+    // A first start without a configuration says where it goes; a configuration named on the
+    // command line is installed, and the one installed here forbids a second instance.
+    void theStartInstallsAConfigurationAndKeepsToOneInstance() {
         TempDir dir;
         Editor editor(dir);
         // The first login opens; giving it up ends the start.
@@ -87,78 +118,21 @@ class MainWindowTest : public QObject {
         QCOMPARE(editor.user.messages,
                  std::vector<std::string>{MissingConfigurationMessage(MakeAppPaths(dir.path()))});
 
-        // A configuration named on the command line reaches the start, which installs it.
         TempDir elsewhere;
+        const fs::path named =
+            elsewhere.Write("newsroom.xml", Newsroom("MultipleInstances=\"false\""));
         Editor installed(dir);
-        QCOMPARE(installed.window.Start(elsewhere.Write("newsroom.xml", Newsroom()).string()),
-                 std::optional<int>());
-    }
-
-    void aSecondInstanceEndsWhenTheConfigurationForbidsIt() {
-        TempDir dir;
-        Editor first(dir, Newsroom("MultipleInstances=\"false\""));
-        QCOMPARE(first.window.Start(""), std::optional<int>());
+        QCOMPARE(installed.window.Start(named.string()), std::optional<int>());
         Editor second(dir);
         QCOMPARE(second.window.Start(""), std::optional<int>(1));
         QCOMPARE(second.user.messages, std::vector<std::string>{"Program already running"});
     }
 
-    // Save names the story in the title and the recent files; a closed story opens again from
-    // there. New and Open run from their keys and their menu in the shortcut and import tests.
-    void saveCloseAndReopenFromTheRecentFiles() {
+    // The preferences place the window and run the automatic save; a withdrawn Informations
+    // view leaves the story view in front.
+    void thePreferencesPlaceTheWindowAndAWithdrawnViewStaysHidden() {
         TempDir dir;
-        Editor editor(dir, Newsroom());
-        QVERIFY(editor.StartAndShow());
-        const std::filesystem::path story = dir / "brief.xml";
-
-        editor.Type("Council votes the budget");
-        editor.user.QueuePath(story);
-        editor.Trigger("Save");
-        QVERIFY(!editor.window.Session().storyModified);
-        QCOMPARE(editor.window.windowTitle(),
-                 QStringLiteral("Tessarin " TESSARIN_VERSION " - Valley Courier - brief.xml[*]"));
-        QVERIFY(editor.Action("mnuSepMRU")->isVisible());
-        QCOMPARE(editor.Action("mnuFileMRU1")->text(), QStringLiteral("brief.xml"));
-
-        editor.Trigger("Close");
-        QCOMPARE(editor.MainBox(), std::u16string());
-        editor.Trigger("mnuFileMRU1");
-        QCOMPARE(editor.MainBox(), std::u16string(u"Council votes the budget"));
-        QVERIFY(editor.user.questions.empty());
-    }
-
-    void closingAsksAboutTheModifiedStory() {
-        TempDir dir;
-        Editor editor(dir, Newsroom());
-        QVERIFY(editor.StartAndShow());
-        editor.Type("Unsaved lead");
-
-        editor.user.QueueAnswer(Answer::Cancel);
-        QVERIFY(!editor.window.close());
-        QVERIFY(editor.window.isVisible());
-        QCOMPARE(editor.MainBox(), std::u16string(u"Unsaved lead"));
-
-        editor.user.QueueAnswer(Answer::No);
-        QVERIFY(editor.window.close());
-        const std::string preferences = ReadBytes(dir / "Tessarin.ini");
-        const QString width = QStringLiteral("Width=%1\r\n").arg(editor.window.width());
-        QVERIFY(preferences.find(width.toStdString()) != std::string::npos);
-    }
-
-    void aWithdrawnInformationsViewLeavesTheStoryView() {
-        TempDir dir;
-        Editor editor(dir, Newsroom("MetadataVisible=\"false\""));
-        QVERIFY(editor.StartAndShow());
-        auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
-        QVERIFY(!tabs->isTabVisible(0));
-        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
-        editor.Trigger("mnuDisplayMetadata");
-        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
-    }
-
-    void thePreferencesPlaceTheWindowAndRunTheAutomaticSave() {
-        TempDir dir;
-        Editor editor(dir, Newsroom(),
+        Editor editor(dir, Newsroom("MetadataVisible=\"false\""),
                       "[MainWindow]\r\nWidth=640\r\nHeight=480\r\n"
                       "[Preferences]\r\nBackupAuto=1\r\nStatusTime=0\r\n");
         QVERIFY(editor.StartAndShow());
@@ -168,6 +142,12 @@ class MainWindowTest : public QObject {
         QCOMPARE(timer->interval(), 60000);
         QVERIFY(editor.window.findChild<QWidget*>("StatusDate")->isVisible());
         QVERIFY(!editor.window.findChild<QWidget*>("StatusTime")->isVisible());
+
+        auto* tabs = editor.window.findChild<QTabWidget*>("tabDisplay");
+        QVERIFY(!tabs->isTabVisible(0));
+        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
+        editor.Trigger("mnuDisplayMetadata");
+        QCOMPARE(tabs->currentWidget()->objectName(), QStringLiteral("pageStory"));
     }
 
     void fileDialogFiltersKeepEveryEntry() {
@@ -178,17 +158,32 @@ class MainWindowTest : public QObject {
     }
 
     // The display aids stay pressed until a new story; the Internet entries open their address
-    // and the application entry starts its program, each withdrawn without one; printing names
-    // a story never saved first and prints its draft under that name.
-    void displayAidsOutsideEntriesAndPrinting() {
+    // and the application entry starts its program, each withdrawn without one; configured tool
+    // tips show "\n" as a new line; Help opens the user guide, or says it is missing; printing
+    // names a story never saved first and prints its draft under that name.
+    void displayAidsOutsideEntriesHelpAndPrinting() {
         TempDir dir;
         const auto program = dir.Write("start.sh", "#!/bin/sh\ntouch \"$0.started\"\n");
         std::filesystem::permissions(program, std::filesystem::perms::owner_all);
         Editor editor(dir, Newsroom("",
                                     "<ToolsInternet2 URL=\"https://wire.example.org/\">Wire"
                                     "</ToolsInternet2><ToolsApplication Path=\"" +
-                                        program.string() + "\">Layout</ToolsApplication>"));
+                                        program.string() +
+                                        "\">Layout</ToolsApplication>"
+                                        "<EditionMultipleClipboard ToolTipText=\"Drag here\\nor "
+                                        "there\"/><FileSave>Save\\nthe story</FileSave>"));
         QVERIFY(editor.StartAndShow());
+        QCOMPARE(editor.Find("treeClipboard")->toolTip(), QStringLiteral("Drag here\nor there"));
+        QCOMPARE(editor.Action("Save")->toolTip(), QStringLiteral("Save\nthe story"));
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Opened");
+        editor.Trigger("mnuHelpContents");
+        QCOMPARE(editor.user.messages.back(), std::string("Missing Help file"));
+        QCOMPARE(opened_, QUrl());
+        const auto guide = dir.Write("docs/user-guide.html", "<html></html>");
+        editor.Trigger("mnuHelpContents");
+        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        QCOMPARE(opened_, QUrl::fromLocalFile(QString::fromStdString(guide.string())));
+
         QVERIFY(!editor.Action("mnuToolsInternet1")->isVisible());
         QVERIFY(editor.Action("mnuToolsInternet2")->isVisible());
         QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "Opened");
@@ -234,12 +229,37 @@ class MainWindowTest : public QObject {
             QVERIFY2(printed.find(part) != std::string::npos, printed.c_str());
     }
 
-    // Every menu entry runs a command; About tells the program's name and version, Insert adds a
-    // picture in its view, and Save and close does both.
-    void everyCommandRuns() {
+    // The commands' keys, shown in the menus, run them; the title marks unsaved changes.
+    void theCommandsRunFromTheirKeysAndEntries() {
         TempDir dir;
-        Editor editor(dir, Newsroom());
+        Editor editor(dir, Newsroom("", "<FileSaveAs Shortcut=\"F12\"/>"));
         QVERIFY(editor.StartAndShow());
+
+        QCOMPARE(editor.Action("mnuEditionUndo")->shortcuts(),
+                 StandardShortcuts(QKeySequence::Undo));
+        QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
+
+        // Pressed in the story's main box, the keys run their commands.
+        editor.Trigger("mnuDisplayStory");
+        QVERIFY(!editor.window.isWindowModified());
+        editor.Type("Harbour");
+        QVERIFY(editor.window.isWindowModified());
+        QTextEdit* box = editor.Box(6);
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
+        QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
+        const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
+        QVERIFY(format.bold && format.underline && editor.Action("Bold")->isChecked());
+        editor.Trigger("mnuEditionUndo");  // the menu's Undo reaches the story panel
+        QVERIFY(!editor.window.Session().story.boxes[6].FormatAt(2).underline);
+        editor.user.QueuePath(dir / "harbour.xml");
+        QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(fs::exists(dir / "harbour.xml") && !editor.window.isWindowModified());
+        QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(editor.MainBox(), std::u16string());
+
+        // Every menu entry runs a command; About tells the program's name and version, Insert
+        // adds a picture in its view, and Save and close does both.
         for (const MenuLayout& menu : MainMenuLayout()) {
             for (const MenuEntryLayout& entry : menu.entries) {
                 if (entry.key == kMenuSeparator || entry.key == kRecentFilesRows) continue;
@@ -276,37 +296,6 @@ class MainWindowTest : public QObject {
         editor.user.QueuePath(dir / "ferry.xml");
         editor.Trigger("mnuFileSaveClose");
         QVERIFY(fs::exists(dir / "ferry.xml"));
-        QCOMPARE(editor.MainBox(), std::u16string());
-    }
-
-    // The commands' keys, shown in the menus, run them; the title marks unsaved changes.
-    void theCommandsHaveTheDesktopsShortcutsUnlessConfigured() {
-        TempDir dir;
-        Editor editor(dir, Newsroom("", "<FileSaveAs Shortcut=\"F12\"/>"));
-        QVERIFY(editor.StartAndShow());
-
-        QCOMPARE(editor.Action("mnuEditionUndo")->shortcuts(),
-                 StandardShortcuts(QKeySequence::Undo));
-        QCOMPARE(editor.Action("mnuFileSaveAs")->shortcuts(), QList{QKeySequence(Qt::Key_F12)});
-
-        // Pressed in the story's main box, the keys run their commands.
-        editor.Trigger("mnuDisplayStory");
-        QVERIFY(editor.window.windowTitle().endsWith(QStringLiteral("[*]")));
-        QVERIFY(!editor.window.isWindowModified());
-        editor.Type("Harbour");
-        QVERIFY(editor.window.isWindowModified());
-        QTextEdit* box = editor.Box(6);
-        box->selectAll();
-        QTest::keyClick(box, Qt::Key_B, Qt::ControlModifier);
-        QTest::keyClick(box, Qt::Key_U, Qt::ControlModifier);
-        const CharFormat format = editor.window.Session().story.boxes[6].FormatAt(2);
-        QVERIFY(format.bold && format.underline && editor.Action("Bold")->isChecked());
-        editor.Trigger("mnuEditionUndo");  // the menu's Undo reaches the story panel
-        QVERIFY(!editor.window.Session().story.boxes[6].FormatAt(2).underline);
-        editor.user.QueuePath(dir / "harbour.xml");
-        QTest::keyClick(box, Qt::Key_S, Qt::ControlModifier);
-        QVERIFY(fs::exists(dir / "harbour.xml") && !editor.window.isWindowModified());
-        QTest::keyClick(box, Qt::Key_N, Qt::ControlModifier);
         QCOMPARE(editor.MainBox(), std::u16string());
     }
 

@@ -56,13 +56,22 @@ void Scan(NewsWindow& window) {
 class NewsWindowTest : public QObject {
     Q_OBJECT
   private slots:
-    void ListsItemsShowsTheTextAndCopiesASelection() {
+    void ListsItemsShowsTheTextCopiesASelectionAndPrints() {
         NewsDesk desk;
         NewsWindow window(desk.bench.session, 0, nullptr);
         QSignalSpy changed(&window, &NewsWindow::storyChanged);
         window.show();
         QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         Scan(window);
+        const auto printed = [&](NewsWindow::Printout what, const char* name) {
+            QPrinter printer(QPrinter::HighResolution);
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            const std::string pdf = (desk.bench.folder / name).string();
+            printer.setOutputFileName(QString::fromStdString(pdf));
+            if (!window.Print(what, printer)) return std::string("(nothing printed)");
+            return RunTool("pdftotext -enc UTF-8 " + Quoted(pdf) + " -").output;
+        };
+        QVERIFY(printed(NewsWindow::Printout::CurrentItem, "none.pdf") == "(nothing printed)");
         auto* list = Find<QTreeWidget>(window, "lvNewsML");
         QCOMPARE(list->topLevelItemCount(), 2);
         QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("Urgent: bridge closed"));
@@ -85,6 +94,18 @@ class NewsWindowTest : public QObject {
         QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("!!Urgent: bridge closed"));
         QCOMPARE(list->topLevelItem(0)->foreground(1).color(), QColor(0, 128, 0));  // configured
         QVERIFY(ReadBytes(desk.bench.folder / "wires/urgent.log").ends_with("\\23 7\r\n"));
+
+        // The item prints its headline, date line and text; the list, its shown columns.
+        const std::string item = printed(NewsWindow::Printout::CurrentItem, "item.pdf");
+        for (const char* part :
+             {"Urgent: bridge closed", "harbour", "The bridge is closed.", "goes round."})
+            QVERIFY2(item.find(part) != std::string::npos, item.c_str());
+        Find<QAction>(window, "mnuSlugLine")->trigger();
+        const std::string rows = printed(NewsWindow::Printout::List, "list.pdf");
+        for (const char* part : {"North wire", "Headline", "Urgent: bridge closed",
+                                 "Withdrawn report", "Category", "0057"})
+            QVERIFY2(rows.find(part) != std::string::npos, rows.c_str());
+        QVERIFY2(rows.find("harbour") == std::string::npos, rows.c_str());
     }
 
     // Each choice is written at once and followed; the shown columns' widths come back.
@@ -120,34 +141,6 @@ class NewsWindowTest : public QObject {
         QVERIFY(profile.Read("NewsWindow", "ColumnWidth_2") == "90");
         NewsWindow again(desk.bench.session, 0, nullptr);
         QCOMPARE(Find<QTreeWidget>(again, "lvNewsML")->columnWidth(1), 310);
-    }
-
-    // The item prints its headline, date line and text; the list, its shown columns.
-    void PrintsTheItemAndTheListIntoPdf() {
-        NewsDesk desk;
-        NewsWindow window(desk.bench.session, 0, nullptr);
-        Scan(window);
-        const auto printed = [&](NewsWindow::Printout what, const char* name) {
-            QPrinter printer(QPrinter::HighResolution);
-            printer.setOutputFormat(QPrinter::PdfFormat);
-            const std::string pdf = (desk.bench.folder / name).string();
-            printer.setOutputFileName(QString::fromStdString(pdf));
-            if (!window.Print(what, printer)) return std::string("(nothing printed)");
-            return RunTool("pdftotext -enc UTF-8 " + Quoted(pdf) + " -").output;
-        };
-        QVERIFY(printed(NewsWindow::Printout::CurrentItem, "none.pdf") == "(nothing printed)");
-        auto* list = Find<QTreeWidget>(window, "lvNewsML");
-        list->setCurrentItem(list->topLevelItem(0));
-        const std::string item = printed(NewsWindow::Printout::CurrentItem, "item.pdf");
-        for (const char* part :
-             {"Urgent: bridge closed", "harbour", "The bridge is closed.", "goes round."})
-            QVERIFY2(item.find(part) != std::string::npos, item.c_str());
-        Find<QAction>(window, "mnuSlugLine")->trigger();
-        const std::string rows = printed(NewsWindow::Printout::List, "list.pdf");
-        for (const char* part : {"North wire", "Headline", "Urgent: bridge closed",
-                                 "Withdrawn report", "Category", "0057"})
-            QVERIFY2(rows.find(part) != std::string::npos, rows.c_str());
-        QVERIFY2(rows.find("harbour") == std::string::npos, rows.c_str());
     }
 };
 

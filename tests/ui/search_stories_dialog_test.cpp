@@ -97,8 +97,9 @@ class SearchStoriesDialogTest : public QObject {
         QCOMPARE(stored.Read("Configuration", "SearchOperator"), std::optional<std::string>("2"));
     }
 
-    // Both windows open where and as large as they were closed, their splitter included.
-    void WindowsKeepTheirPlacement() {
+    // Both windows open where and as large as they were closed, their splitter included; my
+    // stories lists both directories and brings archives back.
+    void MyStoriesListsBothDirectoriesAndArchivesAndWindowsKeepTheirPlacement() {
         WorkflowDesk desk;
         {
             SearchStoriesDialog search(desk.session, nullptr);
@@ -115,10 +116,7 @@ class SearchStoriesDialogTest : public QObject {
         QCOMPARE(ReadInteger(stored, "MyStoriesWindow", "WindowState", -1), 0);
         QCOMPARE(SearchStoriesDialog(desk.session, nullptr).size(), QSize(700, 500));
         QCOMPARE(MyStoriesDialog(desk.session, nullptr).size(), QSize(640, 480));
-    }
 
-    void MyStoriesListsBothDirectoriesAndArchives() {
-        WorkflowDesk desk;
         const std::string personal = (desk.folder / "stories").string();
         const std::string archives = (desk.folder / "old").string();
         desk.session.configuration.workflow.PersonalTextsDirectory = personal;

@@ -93,7 +93,7 @@ class SettingsDialogsTest : public QObject {
 
     // The file-server way has no password and a folder picker; the login's refusal (its
     // message is the login's own test) leaves the window unfinished.
-    void AFileServerWithoutTheDocumentEndsTheLogin() {
+    void AFileServerWithoutTheDocumentEndsTheLoginAndANamedOneIsSelected() {
         NewDesk desk;
         FirstLoginDialog dialog(desk.session, false, nullptr);
         dialog.show();
@@ -107,24 +107,45 @@ class SettingsDialogsTest : public QObject {
         QTest::mouseClick(Find<QPushButton>(dialog, "cmdOK"), Qt::LeftButton);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         QCOMPARE(desk.user.messages.size(), std::size_t{1});
-    }
 
-    // The named documents are offered; choosing one enables OK, which installs it.
-    void SelectsANamedConfiguration() {
-        NewDesk desk;
+        // The named documents are offered; choosing one enables OK, which installs it.
         desk.folder.Write("app/Tessarin-Weekend.xml", Document("Weekend"));
-        SelectConfigurationDialog dialog(desk.session, nullptr);
-        auto* ok = Find<QPushButton>(dialog, "cmdOK");
+        SelectConfigurationDialog select(desk.session, nullptr);
+        auto* ok = Find<QPushButton>(select, "cmdOK");
         QVERIFY(!ok->isEnabled());
-        Find<QListWidget>(dialog, "lstTessarin")->setCurrentRow(0);
+        Find<QListWidget>(select, "lstTessarin")->setCurrentRow(0);
         QTest::mouseClick(ok, Qt::LeftButton);
         QCOMPARE(desk.session.Message("AddStory"), std::string("Weekend"));
     }
 
-    // Each control shows its preference and hands the user's choice to the session on OK.
-    void theControlsSetTheirPreferencesOnOk() {
+    // Cancel changes nothing; each control shows its preference and hands the user's choice to
+    // the session on OK. On a 1366 x 768 screen, less the title bar and a panel, the window
+    // opens whole with every tab of its row, and a page taller than the room scrolls.
+    void theControlsSetTheirPreferencesOnOkOnly() {
         PreferencesDesk editor;
+        const Preferences before = editor.session.preferences;
+        {
+            PreferencesDialog cancelled(editor.session);
+            editor.Edit(cancelled);
+            Find<QPushButton>(cancelled, "cmdClearMRU")->click();
+            Find<QPushButton>(cancelled, "cmdCancel")->click();
+            QCOMPARE(cancelled.result(), int(QDialog::Rejected));
+            QCOMPARE(ReadBytes(editor.session.profile.Path()), std::string(kStoredPreferences));
+            QVERIFY(editor.session.preferences == before);
+        }
+
         PreferencesDialog dialog(editor.session);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const QSize room(1366, 768 - 80);
+        QVERIFY2(dialog.height() <= room.height() && dialog.width() <= room.width(),
+                 qPrintable(QStringLiteral("%1 x %2").arg(dialog.width()).arg(dialog.height())));
+        QVERIFY(dialog.minimumSizeHint().height() <= room.height());
+        auto* pages = Find<QTabWidget>(dialog, "tabPreferences");
+        QVERIFY(pages->tabBar()->sizeHint().width() <= pages->width());
+        for (int page = 0; page < pages->count(); ++page)
+            QVERIFY(qobject_cast<QScrollArea*>(pages->widget(page)) != nullptr);
+
         QCOMPARE(Find<QCheckBox>(dialog, "chkToolBarVisible")->text(),
                  QStringLiteral("Show the tool bar"));
         QVERIFY(Find<QRadioButton>(dialog, "optDailyInterval")->isChecked());
@@ -144,36 +165,6 @@ class SettingsDialogsTest : public QObject {
         for (const auto& [key, value] : stored)
             QVERIFY2(editor.Stored(key) == std::optional<std::string>(value), key);
         QCOMPARE(editor.session.profile.Read(kFileMRUSection, "File1"), std::nullopt);
-    }
-
-    void cancelChangesNothing() {
-        PreferencesDesk editor;
-        const Preferences before = editor.session.preferences;
-        PreferencesDialog dialog(editor.session);
-        editor.Edit(dialog);
-        Find<QPushButton>(dialog, "cmdClearMRU")->click();
-        Find<QPushButton>(dialog, "cmdCancel")->click();
-
-        QCOMPARE(dialog.result(), int(QDialog::Rejected));
-        QCOMPARE(ReadBytes(editor.session.profile.Path()), std::string(kStoredPreferences));
-        QVERIFY(editor.session.preferences == before);
-    }
-
-    // On a 1366 x 768 screen, less the title bar and a panel, the window opens whole with every
-    // tab of its row, and a page taller than the room scrolls.
-    void theWindowFitsALaptopScreen() {
-        PreferencesDesk editor;
-        PreferencesDialog dialog(editor.session);
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        const QSize room(1366, 768 - 80);
-        QVERIFY2(dialog.height() <= room.height() && dialog.width() <= room.width(),
-                 qPrintable(QStringLiteral("%1 x %2").arg(dialog.width()).arg(dialog.height())));
-        QVERIFY(dialog.minimumSizeHint().height() <= room.height());
-        auto* pages = Find<QTabWidget>(dialog, "tabPreferences");
-        QVERIFY(pages->tabBar()->sizeHint().width() <= pages->width());
-        for (int page = 0; page < pages->count(); ++page)
-            QVERIFY(qobject_cast<QScrollArea*>(pages->widget(page)) != nullptr);
     }
 };
 

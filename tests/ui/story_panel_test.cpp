@@ -35,7 +35,7 @@ class StoryPanelTest : public QObject {
   private slots:
     // Keys reach the core box (a paragraph end is CR LF there, one key away) and the counter
     // and its warnings show the core's count; the count itself is the copy-fit's.
-    void TypingMovesTheCounterAndTheWarnings() {
+    void TypingMovesTheCounterTheWarningsAndTheTypingRules() {
         PanelBench panel;
         panel.Select(0, 0, 0);
         QTest::keyClicks(&panel.Box(0), "abcd");
@@ -50,6 +50,14 @@ class StoryPanelTest : public QObject {
             QTest::keyClick(&panel.Box(0), Qt::Key_Backspace);
         QCOMPARE(panel.Core(0), QStringLiteral("abcd"));
         QCOMPARE(panel.Box(0).toPlainText(), QStringLiteral("abcd"));
+
+        // Each key goes through the typing rules of the core (tested there, rule by rule): two
+        // blanks and a question mark become one non-breaking mark, shown as a grey middle dot.
+        panel.Type(6, QStringLiteral("Oui  ?"));
+        QCOMPARE(panel.Text(6), QString::fromUtf16(u"Oui\u00B7?"));
+        QTextCursor dot(panel.Box(6).document());
+        dot.setPosition(4);
+        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
     }
 
     // The preference TabInText decides what Tab does in every text box.
@@ -97,9 +105,9 @@ class StoryPanelTest : public QObject {
         QVERIFY(!panel.Box(1).isVisible() && !panel.Shown("lblTextBox1"));
     }
 
-    // Bold, the undo key and Redo go to the core and the box shows its result; the undo
-    // ring's own rules are tested with the core.
-    void BoldUndoAndRedoGoThroughTheCore() {
+    // Bold, the undo key, Redo and the signature buttons go to the core and the panel shows
+    // its result; the undo ring's own rules are tested with the core.
+    void BoldUndoRedoAndTheSignatureGoThroughTheCore() {
         PanelBench panel;
         panel.Select(6, 0, 0);
         QTest::keyClicks(&panel.Box(6), "hello world");
@@ -113,6 +121,19 @@ class StoryPanelTest : public QObject {
         QCOMPARE(panel.Box(6).toPlainText(), QStringLiteral("hello world"));
         panel.panel->Redo();
         QVERIFY(boldOnScreen());
+
+        // The signature buttons sign and release.
+        QLineEdit& field = panel.Find<QLineEdit>(QStringLiteral("txtSignature"));
+        QPushButton& initials = panel.Find<QPushButton>(QStringLiteral("cmdSignature1"));
+        QTest::mouseClick(&initials, Qt::LeftButton);
+        QVERIFY(initials.isChecked() && field.isEnabled());
+        QCOMPARE(field.text(), QStringLiteral("JD"));
+        QTest::keyClicks(&field, "!");
+        QCOMPARE(QString::fromStdString(panel.bench.session.story.signature),
+                 QStringLiteral("JD!"));
+        QTest::mouseClick(&initials, Qt::LeftButton);
+        QVERIFY(!initials.isChecked() && !field.isEnabled());
+        QCOMPARE(field.text(), QString());
     }
 
     // Keys inside a note's anchor, just behind it or over a selection across it reach the
@@ -139,24 +160,9 @@ class StoryPanelTest : public QObject {
         QVERIFY(panel.Shown(6) == box);
     }
 
-    void TheSignatureButtonsSignAndRelease() {
-        PanelBench panel;
-        QLineEdit& field = panel.Find<QLineEdit>(QStringLiteral("txtSignature"));
-        QPushButton& initials = panel.Find<QPushButton>(QStringLiteral("cmdSignature1"));
-        QTest::mouseClick(&initials, Qt::LeftButton);
-        QVERIFY(initials.isChecked() && field.isEnabled());
-        QCOMPARE(field.text(), QStringLiteral("JD"));
-        QTest::keyClicks(&field, "!");
-        QCOMPARE(QString::fromStdString(panel.bench.session.story.signature),
-                 QStringLiteral("JD!"));
-        QTest::mouseClick(&initials, Qt::LeftButton);
-        QVERIFY(!initials.isChecked() && !field.isEnabled());
-        QCOMPARE(field.text(), QString());
-    }
-
-    // Paragraphs of one to two units in the document against two in the box, both ways. A
-    // change made elsewhere replaces only the stretch that differs, and a line break that the
-    // change makes or undoes at the stretch's edge is one paragraph separator or none.
+    // Paragraphs of one to two units in the document against two in the box, both ways. A line
+    // break that a change makes or undoes at the edge of the stretch it replaces is one
+    // paragraph separator or none.
     void TheDocumentMapsAndShowsTheBoxStretchByStretch() {
         QTextDocument document;
         StyledTextBridge bridge(document);
@@ -177,19 +183,6 @@ class StoryPanelTest : public QObject {
             QCOMPARE(bridge.ToDocumentPosition(boxPositions[position]), position);
         }
 
-        std::u16string lines;
-        for (int line = 0; line < 1000; ++line)
-            lines += u"one more line\r\n";
-        text = StyledText(lines);
-        bridge.Load(text);
-        int changed = 0;
-        connect(&document, &QTextDocument::contentsChange,
-                [&changed](int, int removed, int added) { changed += removed + added; });
-        text.ApplyFormat(7005, 4, [](CharFormat& format) { format.bold = true; });
-        bridge.Show(text);
-        QVERIFY(changed <= 8);
-        QVERIFY(bridge.Read() == text);
-
         const std::pair<std::u16string_view, std::u16string_view> steps[] = {
             {u"x\ry", u"x\u2028y"},
             {u"x\r\ny", u"x\u2029y"},
@@ -202,8 +195,8 @@ class StoryPanelTest : public QObject {
         }
     }
 
-    // Random keys at random places: the document always reads back as the box, and a key
-    // in a long box replaces a few characters of the document, never the whole.
+    // Random keys at random places, then a format: the document always reads back as the box,
+    // and a change in a long box replaces a few characters of the document, never the whole.
     void TypingKeepsTheDocumentInStepChangeByChange() {
         PanelBench panel;
         std::u16string paragraphs;
@@ -225,20 +218,14 @@ class StoryPanelTest : public QObject {
             QTest::keyClick(&panel.Box(6), keys[random() % 5]);
             QVERIFY(changed <= 8);
         }
+        // A format given to a few characters replaces only those.
+        panel.Select(6, 7005, 7009);
+        changed = 0;
+        panel.panel->Bold();
+        QVERIFY(changed > 0 && changed <= 8);
         QVERIFY(panel.Shown(6) == panel.bench.session.story.boxes[6]);
         QCOMPARE(panel.Label("lblNbTextBox6").toStdString(),
                  std::to_string(panel.bench.session.story.counters[6].count));
-    }
-
-    // Each key goes through the typing rules of the core (tested there, rule by rule): here
-    // two blanks and a question mark become one non-breaking mark, shown as a grey middle dot.
-    void typingRulesActKeyByKey() {
-        PanelBench tools;
-        tools.Type(6, QStringLiteral("Oui  ?"));
-        QCOMPARE(tools.Text(6), QString::fromUtf16(u"Oui\u00B7?"));
-        QTextCursor dot(tools.Box(6).document());
-        dot.setPosition(4);
-        QCOMPARE(dot.charFormat().foreground().color(), QColor(175, 175, 175));
     }
 
     // The search window's buttons run the core's search and replace (whose matching is tested
@@ -304,21 +291,6 @@ class StoryPanelTest : public QObject {
         QCOMPARE(tree.topLevelItem(0)->text(0), QStringLiteral("Notes [0]"));
     }
 
-    void snippetsComeByCtrlAndFunctionKeys() {
-        PanelBench tools;
-        std::ofstream(tools.bench.session.paths.appDir / "clips.txt", std::ios::binary)
-            << "Paris\r\nLyon\\nMarseille\r\n";
-        tools.bench.session.configuration.interface.entries["EditionMultipleClipboard"].File =
-            "clips.txt";
-        tools.panel->Refresh();
-        auto& tree = tools.Find<QTreeWidget>(QStringLiteral("treeClipboard"));
-        QCOMPARE(tree.topLevelItem(0)->child(1)->text(0),
-                 QStringLiteral("Lyon Marseille [Ctrl+F2]"));
-        tools.Type(6, QStringLiteral("A "));
-        QTest::keyClick(&tools.Box(6), Qt::Key_F2, Qt::ControlModifier);
-        QCOMPARE(tools.Text(6), QStringLiteral("A Lyon\r\nMarseille"));
-    }
-
     void questionsAndAnswersPutTheLabelsAtEachEnter() {
         PanelBench tools;
         tools.Box(6).setFocus();
@@ -342,8 +314,17 @@ class StoryPanelTest : public QObject {
         QCOMPARE(tools.Text(6), QStringLiteral("Q: x\r\nR: y\r\n"));
     }
 
-    void charactersComeFromTheConfiguredSetsAndAltGr() {
+    // Characters come from the configured sets and AltGr, snippets by Ctrl and function keys.
+    void charactersAndSnippetsComeFromTheConfiguredSetsAndKeys() {
         PanelBench tools;
+        std::ofstream(tools.bench.session.paths.appDir / "clips.txt", std::ios::binary)
+            << "Paris\r\nLyon\\nMarseille\r\n";
+        tools.bench.session.configuration.interface.entries["EditionMultipleClipboard"].File =
+            "clips.txt";
+        tools.panel->Refresh();
+        auto& tree = tools.Find<QTreeWidget>(QStringLiteral("treeClipboard"));
+        QCOMPARE(tree.topLevelItem(0)->child(1)->text(0),
+                 QStringLiteral("Lyon Marseille [Ctrl+F2]"));
         std::ofstream(tools.bench.session.paths.configurationFile, std::ios::binary)
             << "<Tessarin><InsertCharacters><InsertSetOfCharacters>"
                "<Set Name=\"Latin\">\u00C6\u0152</Set><Set Name=\"Money\">\u20AC\u00A3</Set>"
@@ -367,6 +348,10 @@ class StoryPanelTest : public QObject {
         QApplication::sendEvent(&tools.Box(6), &altGr);
         QTest::keyClicks(&tools.Box(6), QStringLiteral("oo"));
         QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC\u0153o"));
+
+        tools.Type(6, QStringLiteral(" A "));
+        QTest::keyClick(&tools.Box(6), Qt::Key_F2, Qt::ControlModifier);
+        QCOMPARE(tools.Text(6), QString::fromUtf16(u"ab\u20AC\u0153o A Lyon\r\nMarseille"));
     }
 };
 

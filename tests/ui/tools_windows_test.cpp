@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QCheckBox>
-#include <QDesktopServices>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -64,16 +63,6 @@ struct LinguisticsDesk {
         dir.Write("syn.txt", "cat\\N:kitty\\N\\feline\\N\\###\n");
     }
     TempDir dir;
-};
-
-// The addresses that the desktop would open.
-class OpenedUrls : public QObject {
-    Q_OBJECT
-  public slots:
-    void open(const QUrl& url) { urls.push_back(url); }
-
-  public:
-    std::vector<QUrl> urls;
 };
 
 double FirstShare(const QSplitter& splitter) {
@@ -161,12 +150,30 @@ class ToolsWindowsTest : public QObject {
         QVERIFY(editor.window.Session().profile.Read("WordStatistics", "Left").has_value());
     }
 
-    void panelsKeepTheirShareThroughResizeAndRestart() {
+    // The panels keep their share through a resize and a restart. The tips window opens on the
+    // tip after the last one seen and its buttons leaf and remember through the core, whose
+    // ring and stored keys are tested there.
+    void panelsKeepTheirShareAndTipsTheirPlace() {
         TempDir dir;
+        dir.Write(
+            "TipOfTheDay.xml",
+            "<TipOfTheDay><Tip>One</Tip><Tip>Two\\nlines</Tip><Tip>Three</Tip></TipOfTheDay>");
         {
             Editor editor(dir, Newsroom(),
-                          "[MainWindow]\r\nWidth=900\r\nHeight=600\r\nSizeBarVImage=2500\r\n");
+                          "[MainWindow]\r\nWidth=900\r\nHeight=600\r\nSizeBarVImage=2500\r\n"
+                          "[TipOfTheDay]\r\nLastTipOfTheDay=1\r\n");
             QVERIFY(editor.StartAndShow());
+            auto* tips = Find<QDialog>(editor.window, "frmTipOfTheDay");
+            auto* tip = Find<QLabel>(*tips, "lblTipOfTheDay");
+            QCOMPARE(tip->text(), QStringLiteral("Two\nlines"));
+            Find<QPushButton>(*tips, "cmdNextTip")->click();
+            QCOMPARE(tip->text(), QStringLiteral("Three"));
+            Find<QCheckBox>(*tips, "chkShowTipsAtStartup")->setChecked(false);
+            Find<QPushButton>(*tips, "cmdClose")->click();
+            QVERIFY(
+                ReadBytes(dir / "Tessarin.ini")
+                    .ends_with("[TipOfTheDay]\r\nLastTipOfTheDay=3\r\nShowTipsAtStartup=0\r\n"));
+
             editor.Trigger("mnuDisplayImages");
             auto* splitter = Find<QSplitter>(editor.window, "SizeBarVImage");
             QTRY_VERIFY(std::abs(FirstShare(*splitter) - 0.25) < 0.01);
@@ -192,26 +199,6 @@ class ToolsWindowsTest : public QObject {
         again.Trigger("mnuDisplayImages");
         auto* restored = Find<QSplitter>(again.window, "SizeBarVImage");
         QTRY_VERIFY(std::abs(FirstShare(*restored) - 0.5) < 0.02);
-    }
-
-    // The window opens on the tip after the last one seen and its buttons leaf and remember
-    // through the core, whose ring and stored keys are tested there.
-    void tipsLeafRoundAndRememberWhereTheUserIs() {
-        TempDir dir;
-        dir.Write(
-            "TipOfTheDay.xml",
-            "<TipOfTheDay><Tip>One</Tip><Tip>Two\\nlines</Tip><Tip>Three</Tip></TipOfTheDay>");
-        Editor editor(dir, Newsroom(), "[TipOfTheDay]\r\nLastTipOfTheDay=1\r\n");
-        QVERIFY(editor.StartAndShow());
-        auto* tips = Find<QDialog>(editor.window, "frmTipOfTheDay");
-        auto* tip = Find<QLabel>(*tips, "lblTipOfTheDay");
-        QCOMPARE(tip->text(), QStringLiteral("Two\nlines"));
-        Find<QPushButton>(*tips, "cmdNextTip")->click();
-        QCOMPARE(tip->text(), QStringLiteral("Three"));
-        Find<QCheckBox>(*tips, "chkShowTipsAtStartup")->setChecked(false);
-        Find<QPushButton>(*tips, "cmdClose")->click();
-        QVERIFY(ReadBytes(dir / "Tessarin.ini")
-                    .ends_with("[TipOfTheDay]\r\nLastTipOfTheDay=3\r\nShowTipsAtStartup=0\r\n"));
     }
 
     void teleprompterRunsByTheKeys() {
@@ -245,30 +232,6 @@ class ToolsWindowsTest : public QObject {
         QCOMPARE(speed->text(), QStringLiteral("\u275A\u275A 6"));
         QTest::keyClick(prompter, Qt::Key_Escape);
         QTRY_VERIFY(editor.window.findChild<QWidget*>("frmTeleprompter") == nullptr);
-    }
-
-    // Configured tool tips show "\n" as a new line; Help opens the user guide, or says it is
-    // missing.
-    void toolTipsOnSeveralLinesAndTheUserGuide() {
-        TempDir dir;
-        Editor editor(dir,
-                      Newsroom("",
-                               "<EditionMultipleClipboard ToolTipText=\"Drag here\\nor there\"/>"
-                               "<FileSave>Save\\nthe story</FileSave>"));
-        QVERIFY(editor.StartAndShow());
-        QCOMPARE(Find<QWidget>(editor.window, "treeClipboard")->toolTip(),
-                 QStringLiteral("Drag here\nor there"));
-        QCOMPARE(editor.Action("Save")->toolTip(), QStringLiteral("Save\nthe story"));
-
-        OpenedUrls opened;
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), &opened, "open");
-        editor.Trigger("mnuHelpContents");
-        QCOMPARE(editor.user.messages.back(), std::string("Missing Help file"));
-        const auto guide = dir.Write("docs/user-guide.html", "<html></html>");
-        editor.Trigger("mnuHelpContents");
-        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
-        QCOMPARE(opened.urls,
-                 std::vector{QUrl::fromLocalFile(QString::fromStdString(guide.string()))});
     }
 };
 

@@ -53,7 +53,8 @@ void ConnectAndWait(FtpDialog& dialog) {
 class TransmissionWindowsTest : public QObject {
     Q_OBJECT
   private slots:
-    void AddSendAndReadTheReport() {
+    // The story tab adds, sends and reports; the message tab sends and closes.
+    void AddSendAndReadTheReportThenSendAMessage() {
         WorkflowDesk desk;
         const auto picture = desk.folder.Write("stories/pic.jpg", "JPEG");
         desk.user.QueuePath(desk.Story(
@@ -80,16 +81,11 @@ class TransmissionWindowsTest : public QObject {
         QVERIFY(std::filesystem::exists(desk.folder / "inbox/Ann/fire.xml"));
         QVERIFY(!Find<QPushButton>(dialog, "cmdAddStory")->isEnabled());
         QCOMPARE(list->topLevelItemCount(), 0);
-    }
 
-    void TheMessageTabSendsAndCloses() {
-        WorkflowDesk desk;
-        WorkflowDialog dialog(desk.session, nullptr);
-        dialog.show();
+        // The message tab sends a message and closes the window.
         emit Find<QTabBar>(dialog, "TabSend")->tabBarClicked(1);
         QVERIFY(Find<QPlainTextEdit>(dialog, "txtMessage")->isVisible());
         QVERIFY(!Find<QTreeWidget>(dialog, "treeUpload")->isVisible());
-        auto* users = Find<QTreeWidget>(dialog, "treeUsers");
         QVERIFY(ItemNamed(*users, QStringLiteral("Desk")) == nullptr);
         users->setCurrentItem(ItemNamed(*users, QStringLiteral("Ann")));
         Find<QPlainTextEdit>(dialog, "txtMessage")->setPlainText(QStringLiteral("Lunch?"));
@@ -98,9 +94,9 @@ class TransmissionWindowsTest : public QObject {
         QVERIFY(std::filesystem::exists(desk.folder / "inbox/Ann/{msg}.txt"));
     }
 
-    // The tab switches the core's order and the button clears after the question; the order,
-    // colours and rights are the logs' own tests.
-    void StoryLogsInBothOrdersAndCleared() {
+    // The tab switches the core's order and the button clears after the question; the daily
+    // pages open on a click. The order, colours and rights are the logs' own tests.
+    void StoryLogsInBothOrdersClearedAndDailyPagesOpened() {
         WorkflowDesk desk("", R"(ClearLogsAllowed="true")");
         desk.session.story.logs = {{"to Ann", "U"}, {"to Page", "L"}};
         ListLogsDialog dialog(desk.session, nullptr);
@@ -110,6 +106,18 @@ class TransmissionWindowsTest : public QObject {
         QCOMPARE(logs->topLevelItem(0)->text(0), QStringLiteral("to Page"));
         QTest::mouseClick(Find<QPushButton>(dialog, "cmdClearLogs"), Qt::LeftButton);
         QCOMPARE(logs->topLevelItemCount(), 0);
+
+        // The daily pages open on a click.
+        for (int day = 1; day <= 5; ++day)
+            PrepareDailyLog(desk.session.paths.logsDir, 10, {}, {2024, 3, day, 9, 0, 0});
+        QUrl opened;
+        CheckLogsDialog pages(desk.session, nullptr,
+                              [&opened](const QUrl& page) { opened = page; });
+        pages.show();
+        QCOMPARE(Find<QLabel>(pages, "lblLogFile4")->text(), QStringLiteral("2024-03-05"));
+        QTest::mouseClick(Find<QLabel>(pages, "lblLogFile0"), Qt::LeftButton);
+        QCOMPARE(opened.toLocalFile().toStdString(),
+                 (desk.session.paths.logsDir / "Log Tessarin 2024-03-01.htm").string());
     }
 
     void TheMainWindowOpensTheWindowsFromItsEntries() {
@@ -129,20 +137,6 @@ class TransmissionWindowsTest : public QObject {
             main.findChild<QAction*>(QString::fromUtf8(entry))->trigger();
             QCOMPARE(opened, QString::fromUtf8(window));
         }
-    }
-
-    void DailyPagesOpenOnAClick() {
-        WorkflowDesk desk;
-        for (int day = 1; day <= 5; ++day)
-            PrepareDailyLog(desk.session.paths.logsDir, 10, {}, {2024, 3, day, 9, 0, 0});
-        QUrl opened;
-        CheckLogsDialog dialog(desk.session, nullptr,
-                               [&opened](const QUrl& page) { opened = page; });
-        dialog.show();
-        QCOMPARE(Find<QLabel>(dialog, "lblLogFile4")->text(), QStringLiteral("2024-03-05"));
-        QTest::mouseClick(Find<QLabel>(dialog, "lblLogFile0"), Qt::LeftButton);
-        QCOMPARE(opened.toLocalFile().toStdString(),
-                 (desk.session.paths.logsDir / "Log Tessarin 2024-03-01.htm").string());
     }
 
     // The window shows the core's inbox, preview and counts (tested with the core) and its
