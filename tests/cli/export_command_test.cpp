@@ -16,9 +16,6 @@ using testing::ReadBytes;
 using testing::RunCli;
 using testing::TempDir;
 
-const std::string kFrozenClock =
-    "TZ=UTC TESSARIN_NOW=2024-03-05T09:07:30 TESSARIN_SHORT_DATE=dd/MM/yyyy";
-
 // A desk whose layout texts go below texts/ in the folder and whose second FTP server
 // keeps texts in /web/texts.
 std::string Configuration(const TempDir& folder) {
@@ -55,7 +52,7 @@ class ExportCommand : public ::testing::Test {
         return RunCli(folder_,
                       "--config " + Quoted(config_.string()) + " export " + Quoted(format) + " " +
                           Quoted(story_.string()) + " -o " + Quoted(Out().string()) + " " + options,
-                      kFrozenClock);
+                      testing::kNewsroomClock);
     }
 
     std::filesystem::path Out() const { return folder_ / "out.bin"; }

@@ -16,14 +16,21 @@ using namespace testing;
 const std::string kPicture = Jpeg({App13(IptcResource(
     IptcRecord(120, "Quay") + IptcRecord(25, "port") + IptcRecord(105, "Gar\x8Don")))});
 
-// --mac reaches the display (its order, labels and accents are the IPTC display's tests).
-TEST(IptcCommand, MacRestoresTheMacintoshAccents) {
+// --mac and the configured labels reach the display (its order, labels and accents are the
+// IPTC display's tests).
+TEST(IptcCommand, MacAndTheConfiguredLabelsReachTheDisplay) {
     TempDir folder;
     const std::string picture = Quoted(folder.Write("cafe.jpg", kPicture).string());
     EXPECT_NE(RunCli(folder, "iptc " + picture).out.find("Headline: Gar\u008Don\n"),
               std::string::npos);
     EXPECT_NE(RunCli(folder, "iptc " + picture + " --mac").out.find("Headline: Gar\u00E7on\n"),
               std::string::npos);
+    folder.Write("app/Tessarin.xml",
+                 R"(<Tessarin><FTPTransmission><FTPServer IPNumber="ftp.example.org"/>)"
+                 R"(</FTPTransmission><Metadata/><Story/><Publications><Publication Name="H"/>)"
+                 R"(</Publications><Interface><IPTCHeadline>Titre</IPTCHeadline></Interface>)"
+                 R"(</Tessarin>)");
+    EXPECT_NE(RunCli(folder, "iptc " + picture).out.find("\nTitre: Gar"), std::string::npos);
 }
 
 // A picture written by exiftool, an IPTC writer of its own, in one envelope.
@@ -98,17 +105,6 @@ TEST(IptcCommand, PrintsNoMoreThanThePictureHolds) {
     const CliRun run = RunCli(folder, "iptc " + Quoted(folder.Write("many.jpg", picture).string()));
     EXPECT_EQ(run.exitStatus, 0);
     EXPECT_LE(run.out.size(), 2 * picture.size());
-}
-
-TEST(IptcCommand, TakesTheConfiguredLabels) {
-    TempDir folder;
-    folder.Write("app/Tessarin.xml",
-                 R"(<Tessarin><FTPTransmission><FTPServer IPNumber="ftp.example.org"/>)"
-                 R"(</FTPTransmission><Metadata/><Story/><Publications><Publication Name="H"/>)"
-                 R"(</Publications><Interface><IPTCHeadline>Titre</IPTCHeadline></Interface>)"
-                 R"(</Tessarin>)");
-    const CliRun run = RunCli(folder, "iptc " + Quoted(folder.Write("c.jpg", kPicture).string()));
-    EXPECT_NE(run.out.find("\nTitre: Gar"), std::string::npos);
 }
 
 }  // namespace
