@@ -34,14 +34,25 @@ std::string Document(const std::string& edition) {
     return document.Text();
 }
 
-// A workstation of the user Émile whose document is the edition "Herald".
+// A document waiting for a workstation: "valid" stands for the edition "Courier", anything
+// else is written as it is.
+std::string Waiting(const std::string& waiting) {
+    return waiting == "valid" ? Document("Courier") : waiting;
+}
+
+// A workstation of the user Émile: configured, with the edition "Herald" loaded, or new, with
+// no configuration document yet and a story being edited.
 struct Workstation {
-    Workstation() {
-        folder.Write("app/Tessarin.xml", Document("Herald"));
+    explicit Workstation(bool configured = true) {
+        if (configured) folder.Write("app/Tessarin.xml", Document("Herald"));
         CreateStartDirectories(session.paths);
         session.preferences = ReadPreferences(session.profile);
-        EXPECT_TRUE(LoadConfiguration(session.paths.configurationFile, session.profile,
-                                      session.preferences, session.configuration, session.window));
+        session.storyModified = !configured;
+        if (configured) {
+            EXPECT_TRUE(LoadConfiguration(session.paths.configurationFile, session.profile,
+                                          session.preferences, session.configuration,
+                                          session.window));
+        }
     }
     TempDir folder;
     ScriptedInteraction user;
@@ -74,10 +85,8 @@ TEST(ConfigurationUpdate, FromAnFtpServer) {
         fs::remove(server.home / "Updates/E/\xC3\x89mile.xml");
         Workstation desk;
         const std::string former = ReadBytes(desk.session.paths.configurationFile);
-        if (c.waiting != nullptr) {
-            server.home.Write("Updates/E/\xC3\x89mile.xml",
-                              std::string(c.waiting) == "valid" ? Document("Courier") : c.waiting);
-        }
+        if (c.waiting != nullptr)
+            server.home.Write("Updates/E/\xC3\x89mile.xml", Waiting(c.waiting));
         FtpClient ftp;
         ASSERT_TRUE(ftp.OpenConnection(server.Address(), "reporter", "secret"));
         const UpdateResult result = UpdateConfigurationFromFtp(desk.session, ftp, "/");
@@ -122,10 +131,8 @@ TEST(ConfigurationUpdate, FromTheUpdatesFolderAtStart) {
         workflow.Visible = c.visible;
         workflow.ForceLogin = c.forced;
         const fs::path waiting = desk.folder / "updates/\xC3\x89/\xC3\x89mile.xml";
-        if (c.waiting != nullptr) {
-            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml",
-                              std::string(c.waiting) == "valid" ? Document("Courier") : c.waiting);
-        }
+        if (c.waiting != nullptr)
+            desk.folder.Write("updates/\xC3\x89/\xC3\x89mile.xml", Waiting(c.waiting));
         EXPECT_EQ(UpdateConfigurationAtStart(desk.session).outcome, c.outcome);
         EXPECT_EQ(desk.session.Message("AddStory"), c.editionAfter);
         EXPECT_EQ(fs::exists(waiting), c.waiting != nullptr && c.outcome != UpdateOutcome::Updated);
@@ -133,20 +140,6 @@ TEST(ConfigurationUpdate, FromTheUpdatesFolderAtStart) {
                   c.outcome == UpdateOutcome::Updated ? "Updated: " + waiting.string() : "");
     }
 }
-
-constexpr const char* kBroken = "<Tessarin><Metadata></Tessarin>";
-
-// A new workstation: no configuration document yet.
-struct NewWorkstation {
-    NewWorkstation() {
-        CreateStartDirectories(session.paths);
-        session.preferences = ReadPreferences(session.profile);
-        session.storyModified = true;
-    }
-    TempDir folder;
-    ScriptedInteraction user;
-    EditorSession session{MakeAppPaths(folder / "app"), user};
-};
 
 // The user émile's document waits in Updates/É/ (the initial upper-cased, not folded); at
 // login it is removed from the server whatever it holds. One server serves every case.
@@ -164,15 +157,13 @@ TEST(FirstLogin, FromAnFtpServer) {
         {nullptr, "secret", false, false,
          "Unknown parameters file on FTP Server @:\nUpdates/\xC3\x89/\xC3\xA9mile.xml\n"},
         {"valid", "secret", true, true, ""},
-        {kBroken, "secret", true, false, ""},
+        {"<Tessarin><Metadata></Tessarin>", "secret", true, false, ""},
     };
     LocalFtpServer server;
     for (const auto& c : cases) {
         fs::remove(server.home / remote);
-        if (c.waiting != nullptr)
-            server.home.Write(remote,
-                              c.waiting == std::string("valid") ? Document("Courier") : c.waiting);
-        NewWorkstation desk;
+        if (c.waiting != nullptr) server.home.Write(remote, Waiting(c.waiting));
+        Workstation desk(false);
         FtpClient ftp;
         const LoginResult result = RunFirstLogin(desk.session, ftp,
                                                  {LoginSource::FtpServer, server.Address(),
@@ -209,7 +200,7 @@ TEST(FirstLogin, FromAFileServer) {
         {"updates", "ann", true, true, true, ""},
     };
     for (const auto& c : cases) {
-        NewWorkstation desk;
+        Workstation desk(false);
         desk.folder.Write("updates/A/ann.xml", Document("Courier"));
         const fs::path waiting = desk.folder / "updates/A/ann.xml";
         const std::string folder =
