@@ -45,9 +45,10 @@ std::string Escaped(std::string path) {
     return path;
 }
 
-MailToSend Mail(const LocalSmtpServer& server, std::string body) {
+// A mail from Ann to the desk through the local server at port.
+MailToSend Mail(int port, std::string body) {
     return MailToSend{.host = "127.0.0.1",
-                      .port = server.server.port(),
+                      .port = port,
                       .sender = "ann@example.org",
                       .senderName = "Ann Lee",
                       .recipients = {"desk@example.org"},
@@ -57,14 +58,8 @@ MailToSend Mail(const LocalSmtpServer& server, std::string body) {
 }
 
 TEST(MailData, HeaderLinesAndBodyEndInCrLfAndLeadingDotsAreStuffed) {
-    MailToSend mail{.host = "",
-                    .port = 25,
-                    .sender = "ann@example.org",
-                    .senderName = "Ann Lee",
-                    .recipients = {" desk@example.org "},
-                    .subject = "Fire",
-                    .body = "one\r\n.\r\n..two\nthree",
-                    .programVersion = "1.2.3"};
+    MailToSend mail = Mail(25, "one\r\n.\r\n..two\nthree");
+    mail.recipients = {" desk@example.org "};
     EXPECT_EQ(ComposeMailData(mail),
               "X-Mailer:Tessarin 1.2.3\r\nFrom: \"Ann Lee\" <ann@example.org>\r\n"
               "To: <desk@example.org>\r\nSubject:Fire\r\n"
@@ -94,8 +89,8 @@ TEST(SmtpSend, AStoryAndItsPicturesArriveWhole) {
             "</ImageBag></Images>\r\n</Story>\r\n");
     const MailAttachments attachments = StoryMailAttachments(story, true, true);
     ASSERT_TRUE(attachments.parseError.empty());
-    const SmtpOutcome outcome =
-        SendMail(Mail(server, MailBodyWith("Fire\r\n.\r\n.quiet", attachments.text)), 10s);
+    const SmtpOutcome outcome = SendMail(
+        Mail(server.server.port(), MailBodyWith("Fire\r\n.\r\n.quiet", attachments.text)), 10s);
     ASSERT_TRUE(outcome.sent) << outcome.reply << outcome.socketErrorText;
     EXPECT_EQ(SmtpStatusText(outcome, "Sent to", "desk@example.org", Now()),
               "5 March 2024 \xC3\xA0 09:07 - Sent to desk@example.org");
@@ -127,12 +122,12 @@ TEST(SmtpSend, FailuresGiveTheirStatusTexts) {
     };
     for (const auto& c : cases) {
         LocalSmtpServer server(c.mode);
-        const SmtpOutcome outcome = SendMail(Mail(server, "Fire"), 500ms);
+        const SmtpOutcome outcome = SendMail(Mail(server.server.port(), "Fire"), 500ms);
         EXPECT_FALSE(outcome.sent) << c.mode;
         EXPECT_EQ(SmtpStatusText(outcome, "Sent to", "desk@example.org", Now()), c.status);
     }
     LocalSmtpServer server;
-    MailToSend noAt = Mail(server, "Fire");
+    MailToSend noAt = Mail(server.server.port(), "Fire");
     noAt.sender = "ann";
     EXPECT_FALSE(SendMail(noAt, 500ms).sent);
     EXPECT_TRUE(server.Message(1).empty());
