@@ -151,8 +151,8 @@ TEST_F(StoryLifecycleTest, SaveAsGivesANameWithoutExtensionTheFiltersOne) {
     EXPECT_EQ(WithFilterExtension("/news/memo", "All (*.*)|*.*"), fs::path("/news/memo"));
 }
 
-// A refused save (here an empty mandatory publication) stops New (and Close, the same command),
-// Open and quitting: the story and its changes stay.
+// A refused save (here an empty mandatory publication) stops New, Open, Close and quitting:
+// the story and its changes stay.
 TEST_F(StoryLifecycleTest, ARefusedSaveKeepsTheStoryOpenWhateverAskedForIt) {
     const fs::path other = WriteForeignStory();
     const std::vector<std::pair<const char*, std::function<bool()>>> operations = {
@@ -162,6 +162,7 @@ TEST_F(StoryLifecycleTest, ARefusedSaveKeepsTheStoryOpenWhateverAskedForIt) {
              user_.QueuePath(other);
              return OpenStory(session_);
          }},
+        {"close", [&] { return NewStory(session_); }},  // File > Close runs New
         {"quit", [&] { return CloseEditor(session_, MainWindowSection{}); }},
     };
     const fs::path story = app_.Write("draft.xml", "");
