@@ -129,7 +129,7 @@ TEST(IptcReader, ReadsEveryTextAsUtf8WhenTheEnvelopeDeclaresIt) {
     }
 }
 
-TEST(IptcDisplay, PutsValuesOnOneLineAndRestoresMacintoshAccentsInOrder) {
+TEST(IptcDisplay, OneLineValuesMacintoshAccentsAndTheTablesOrderAndLabels) {
     EXPECT_EQ(DisplayText("a\r\nb\rc\nd\te", false), "a/b/c/d/e");
     // Windows-1252 characters of bytes 0x8E 0xE9 0x8D 0xE7 0xD5 0x80 0xBD.
     const std::string mac = "\u017D\u00E9\u008D\u00E7\u00D5\u20AC\u00BD";
@@ -142,9 +142,8 @@ TEST(IptcDisplay, PutsValuesOnOneLineAndRestoresMacintoshAccentsInOrder) {
                                  IptcRecord(200, "\xC3\xA9")))}));
     EXPECT_EQ(IptcDisplayLines(utf8, {}, true).front().value, "\u00E9");
     EXPECT_EQ(IptcSegmentLines(utf8, true), std::vector<std::string>{"Segment 200: \u00E9"});
-}
 
-TEST(IptcDisplay, ShowsTheDatasetsInTheTablesOrderWithTheirLabels) {
+    // The datasets come in the table's order with their labels.
     const IptcData data = ReadIptcBytes(Jpeg({App13(IptcResource(
         IptcRecord(120, "cap\r\ntion") + IptcRecord(105, "head") + IptcRecord(95, "Vaud")))}));
     InterfaceSettings interface;

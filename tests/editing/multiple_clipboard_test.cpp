@@ -20,7 +20,6 @@ constexpr std::size_t kLimit = 12;
 class MultipleClipboardTest : public ::testing::Test, public testing::PanelSession {
   protected:
     MultipleClipboardTest() {
-        std::filesystem::create_directories(session.paths.appDir);
         session.configuration.interface.entries["EditionMultipleClipboard"].File = "clips.txt";
     }
     std::filesystem::path File() { return session.paths.appDir / "clips.txt"; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -11,10 +12,13 @@
 
 namespace tessarin::testing {
 
-// An editor session for the story panel's tests: every message and interface caption at its
-// English default, the box labels captioned "Box0" to "Box6", and scripted answers.
+// An editor session for the story panel's and the attachments' tests: every message and
+// interface caption at its English default, the box labels captioned "Box0" to "Box6", and
+// scripted answers. Its program folder lies in a temporary folder that also takes the test's
+// pictures and files.
 struct PanelSession {
     PanelSession() : session(MakeAppPaths(folder / "app"), user) {
+        std::filesystem::create_directories(folder / "app");
         for (const MessageDefault& message : MessageDefaults()) {
             session.configuration.messages.Set(message.key, std::string(message.text));
         }

@@ -25,7 +25,6 @@ class QuestionsAnswersTest : public ::testing::Test, public testing::PanelSessio
 };
 
 TEST_F(QuestionsAnswersTest, RolesSurviveThePreferencesFileWithTheirBlanks) {
-    std::filesystem::create_directories(session.paths.appDir);
     roles[1].label = " 100% ";
     roles[1].following.inter = 3;
     ASSERT_TRUE(WriteQaRoles(session.profile, roles));
