@@ -12,7 +12,6 @@
 #include <QUrl>
 
 #include "export/story_print.h"
-
 #include "tools/teleprompter.h"
 #include "tools/tips_of_the_day.h"
 #include "tools/user_guide.h"
